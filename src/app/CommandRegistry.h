@@ -1,0 +1,41 @@
+#pragma once
+// One registry of the window's commands: each QAction is made once, named as the spec
+// names it, and its enabled and checked state follow the application state through
+// predicates that the command-state refresh re-evaluates.
+
+#include <QAction>
+#include <QHash>
+#include <QKeySequence>
+
+#include <functional>
+#include <vector>
+
+namespace app {
+
+class CommandRegistry {
+ public:
+  explicit CommandRegistry(QObject* owner) : owner_(owner) {}
+
+  QAction* Add(const QString& name, const QString& caption, const QKeySequence& shortcut = {});
+  QAction* Get(const QString& name) const;
+
+  // Without a predicate a command is always enabled; a command of a Part not built yet
+  // is given one that says no.
+  void EnableWhen(const QString& name, std::function<bool()> predicate);
+  void CheckWhen(const QString& name, std::function<bool()> predicate);
+
+  // The command-state refresh.
+  void Refresh() const;
+
+ private:
+  struct Rule {
+    QAction* action;
+    std::function<bool()> predicate;
+  };
+  QObject* owner_;
+  QHash<QString, QAction*> actions_;
+  std::vector<Rule> enabledRules_;
+  std::vector<Rule> checkedRules_;
+};
+
+}  // namespace app

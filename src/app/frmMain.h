@@ -1,0 +1,86 @@
+#pragma once
+// `frmMain`: the start-up object and main window (Part 1.1). It owns the application
+// state, the file list and the session, lays them out and turns user actions into calls.
+
+#include "app/AppState.h"
+#include "app/CommandRegistry.h"
+#include "app/Session.h"
+#include "app/SettingsFile.h"
+#include "browse/FileListModel.h"
+
+#include <QMainWindow>
+
+class QLabel;
+class QMenu;
+class QSplitter;
+class QToolBar;
+class QTreeView;
+
+namespace view {
+class ImagePanel;
+}
+
+namespace app {
+
+class frmMain : public QMainWindow, public SessionView {
+  Q_OBJECT
+
+ public:
+  explicit frmMain(QString settingsPath, QWidget* parent = nullptr);
+
+  // The load sequence of Part 1.1 with the program's command line; shows the window.
+  void RunStartup(const QString& commandLine);
+
+  AppState& State() { return state_; }
+  Session& CurrentSession() { return session_; }
+  browse::FileListModel& ListModel() { return list_; }
+  const CommandRegistry& Commands() const { return commands_; }
+
+  // SessionView
+  void ShowExclamation(const QString& text) override;
+  bool ConfirmSaveChanges() override;
+  void LayOut() override;
+  void ApplyViewChecks() override;
+  void RefreshStatusBar(const QString& text) override;
+  void SelectListRow(int row) override;
+  void FitListColumn() override;
+  void ShowImage(const imaging::Image* image) override;
+  void RunOpenFolderCommand() override;
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void moveEvent(QMoveEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  void BuildWidgets();
+  void BuildCommands();
+  void BuildMenus();
+  void BuildListView();
+  void RefreshScreenMetrics();
+  void PlaceWindow();
+  void SetViewMode(int mode);
+  void OnListRowActivated(int row);
+  void OnSplitterMoved();
+  void ShowListContextMenu(const QPoint& position);
+  WindowPlacement CurrentPlacement() const;
+  void RememberNormalRectangle();
+
+  QString settingsPath_;
+  AppState state_;
+  browse::FileListModel list_;
+  Session session_;
+  CommandRegistry commands_;
+  QTreeView* lisLista_ = nullptr;
+  QSplitter* splitter_ = nullptr;
+  view::ImagePanel* picFondo_ = nullptr;
+  QToolBar* ctlToolbar_ = nullptr;
+  QLabel* statusText_ = nullptr;
+  QLabel* statusPosition_ = nullptr;
+  QLabel* statusSize_ = nullptr;
+  QMenu* mnuList_ = nullptr;
+  QRect normalRect_;  // the restored rectangle, kept while maximized (the placement record)
+};
+
+}  // namespace app

@@ -1,0 +1,64 @@
+// frmMain's file list `lisLista`: the view, its events, its column and its context menu.
+#include "app/frmMain.h"
+#include "browse/ListColumn.h"
+
+#include <QHeaderView>
+#include <QMenu>
+#include <QSignalBlocker>
+#include <QTreeView>
+
+namespace app {
+
+void frmMain::BuildListView() {
+  lisLista_ = new QTreeView(this);
+  lisLista_->setObjectName(QStringLiteral("lisLista"));
+  lisLista_->setModel(&list_);
+  lisLista_->setRootIsDecorated(false);
+  lisLista_->setItemsExpandable(false);
+  lisLista_->setUniformRowHeights(true);  // keeps a list of 100,000 entries instant
+  lisLista_->setSelectionMode(QAbstractItemView::SingleSelection);
+  lisLista_->setEditTriggers(QAbstractItemView::EditKeyPressed | QAbstractItemView::SelectedClicked);
+  lisLista_->setContextMenuPolicy(Qt::CustomContextMenu);
+  lisLista_->setMinimumWidth(kSplitterMinPixels);
+  lisLista_->setMaximumWidth(kSplitterMaxPixels);
+  lisLista_->header()->setStretchLastSection(false);
+  lisLista_->header()->setSectionsClickable(false);
+  connect(lisLista_->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+          [this](const QModelIndex& current) { OnListRowActivated(current.row()); });
+  connect(lisLista_, &QAbstractItemView::clicked, this, [this](const QModelIndex& index) {
+    if (index.row() == session_.ShownRow()) OnListRowActivated(index.row());
+  });
+  connect(lisLista_, &QWidget::customContextMenuRequested, this, &frmMain::ShowListContextMenu);
+  list_.SetRenameHandler([this](int row, const QString& name) { return session_.RenameEntry(row, name); });
+}
+
+void frmMain::OnListRowActivated(int row) {
+  if (row < 0) return;
+  session_.ClickEntry(row);
+  commands_.Refresh();
+}
+
+void frmMain::SelectListRow(int row) {
+  const QSignalBlocker blocker(lisLista_->selectionModel());
+  if (row < 0) {
+    lisLista_->selectionModel()->clear();
+  } else {
+    const QModelIndex index = list_.index(row, 0);
+    lisLista_->selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
+    lisLista_->scrollTo(index);
+  }
+  lisLista_->viewport()->update();
+}
+
+void frmMain::FitListColumn() {
+  const QFontMetrics metrics(lisLista_->font());
+  const int width = browse::FitListColumnWidth(list_.Entries(),
+                                               [&metrics](const QString& text) { return metrics.horizontalAdvance(text); });
+  lisLista_->header()->resizeSection(0, width);
+}
+
+void frmMain::ShowListContextMenu(const QPoint& position) {
+  mnuList_->popup(lisLista_->viewport()->mapToGlobal(position));
+}
+
+}  // namespace app

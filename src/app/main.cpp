@@ -1,0 +1,22 @@
+// The program's entry: builds frmMain, the start-up object, and hands it the command line.
+#include "app/CommandLine.h"
+#include "app/SettingsFile.h"
+#include "app/frmMain.h"
+#include "imaging/Image.h"
+
+#include <QApplication>
+#include <QStandardPaths>
+
+int main(int argc, char* argv[]) {
+  QApplication application(argc, argv);  // removes Qt's own options from argv
+  QApplication::setApplicationName(QStringLiteral("Vistrel"));
+  imaging::Initialize();
+  QStringList arguments;
+  for (int i = 1; i < argc; ++i) arguments << QString::fromLocal8Bit(argv[i]);
+  const QString settingsPath =
+      app::SettingsFilePath(QApplication::applicationDirPath(),
+                            QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation));
+  app::frmMain window(settingsPath);
+  window.RunStartup(app::JoinArguments(arguments));
+  return QApplication::exec();
+}

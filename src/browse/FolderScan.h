@@ -1,0 +1,27 @@
+#pragma once
+// The folder scan of Part 2.1, without widgets: which files of a folder the list shows,
+// under which text, in which order.
+
+#include <QString>
+
+#include <vector>
+
+namespace browse {
+
+// One list entry: the text shown (DisplayName) and the file's real name, which is
+// what opening uses on a case-sensitive file system.
+struct FileEntry {
+  QString DisplayName;
+  QString FileName;
+  bool operator==(const FileEntry&) const = default;
+};
+
+// The files of `folder` (hidden ones included, folders never), filtered by the 21 scan
+// extensions when `imageExtensionsOnly`, sorted in list order. An unreadable folder gives
+// an empty list.
+std::vector<FileEntry> ScanFolder(const QString& folder, bool imageExtensionsOnly);
+
+// Sorts entries in the one list order (by their shown text).
+void SortEntries(std::vector<FileEntry>& entries);
+
+}  // namespace browse

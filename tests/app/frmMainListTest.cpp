@@ -1,0 +1,82 @@
+// frmMain's file list on the offscreen platform: clicks, rename and the context menu.
+#include "app/frmMain.h"
+#include "support/DialogAnswerer.h"
+#include "support/TestFiles.h"
+
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QFile>
+#include <QLineEdit>
+#include <QMenu>
+#include <QTreeView>
+#include <QtTest/QTest>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using testing_support::TempFolder;
+
+class frmMainListTest : public ::testing::Test {
+ protected:
+  frmMainListTest() : window_(config_.File(QStringLiteral("Ini.in"))) {
+    pictures_.WritePng(QStringLiteral("a.png"));
+    pictures_.WritePng(QStringLiteral("b.png"));
+    window_.RunStartup(pictures_.Path());
+    list_ = window_.findChild<QTreeView*>(QStringLiteral("lisLista"));
+  }
+
+  QPoint RowCentre(int row) const { return list_->visualRect(list_->model()->index(row, 0)).center(); }
+
+  void EditRow(int row, const QString& text) {
+    list_->edit(list_->model()->index(row, 0));
+    auto* editor = list_->findChild<QLineEdit*>();
+    ASSERT_NE(editor, nullptr);
+    editor->setText(text);
+    QTest::keyClick(editor, Qt::Key_Return);
+    QCoreApplication::processEvents();  // the delegate commits through a queued call
+  }
+
+  TempFolder config_;
+  TempFolder pictures_;
+  app::frmMain window_;
+  QTreeView* list_ = nullptr;
+};
+
+TEST_F(frmMainListTest, ClickingAnotherEntryOpensIt) {
+  QTest::mouseClick(list_->viewport(), Qt::LeftButton, {}, RowCentre(1));
+  EXPECT_EQ(window_.CurrentSession().ShownRow(), 1);
+  EXPECT_TRUE(window_.State().ImageLoaded);
+}
+
+TEST_F(frmMainListTest, TheDownKeyOpensTheNextEntry) {
+  list_->setFocus();
+  QTest::keyClick(list_, Qt::Key_Down);
+  EXPECT_EQ(window_.CurrentSession().ShownRow(), 1);
+}
+
+TEST_F(frmMainListTest, RenamingInPlaceRenamesTheFile) {
+  EditRow(0, QStringLiteral("z.png"));
+  EXPECT_TRUE(QFile::exists(pictures_.File(QStringLiteral("z.png"))));
+  EXPECT_EQ(list_->model()->index(1, 0).data().toString(), QStringLiteral("z.png"));
+}
+
+TEST_F(frmMainListTest, RenamingWithAForbiddenCharacterIsRefusedWithAMessage) {
+  testing_support::DialogAnswerer answerer;
+  EditRow(0, QStringLiteral("a:b.png"));
+  EXPECT_EQ(answerer.LastText(),
+            QStringLiteral("The file name can't include any of the following characters: \\ / : ? \" < > |"));
+  EXPECT_TRUE(QFile::exists(pictures_.File(QStringLiteral("a.png"))));
+  EXPECT_EQ(list_->model()->index(0, 0).data().toString(), QStringLiteral("a.png"));
+}
+
+TEST_F(frmMainListTest, TheRightButtonPopsUpTheListMenu) {
+  QContextMenuEvent event(QContextMenuEvent::Mouse, RowCentre(0), list_->viewport()->mapToGlobal(RowCentre(0)));
+  QApplication::sendEvent(list_->viewport(), &event);
+  auto* menu = window_.findChild<QMenu*>(QStringLiteral("mnuList"));
+  ASSERT_NE(menu, nullptr);
+  EXPECT_TRUE(menu->isVisible());
+  menu->close();
+}
+
+}  // namespace

@@ -1,0 +1,127 @@
+// frmMain on the offscreen platform: start-up and shut-down as Part 1.1 describes them.
+#include "app/SettingsFile.h"
+#include "app/frmMain.h"
+#include "support/DialogAnswerer.h"
+#include "support/TestFiles.h"
+
+#include <QFile>
+#include <QTreeView>
+#include <QtTest/QTest>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using testing_support::CrLfLines;
+using testing_support::ReadAll;
+using testing_support::TempFolder;
+
+class frmMainTest : public ::testing::Test {
+ protected:
+  QString SettingsPath() const { return config_.File(QStringLiteral("Ini.in")); }
+  QTreeView* List(app::frmMain& window) { return window.findChild<QTreeView*>(QStringLiteral("lisLista")); }
+
+  TempFolder config_;
+  TempFolder pictures_;
+};
+
+TEST_F(frmMainTest, HasTheSpecsObjectNames) {
+  app::frmMain window(SettingsPath());
+  EXPECT_EQ(window.objectName(), QStringLiteral("frmMain"));
+  ASSERT_NE(List(window), nullptr);
+  EXPECT_NE(window.findChild<QWidget*>(QStringLiteral("picFondo")), nullptr);
+  EXPECT_NE(window.findChild<QWidget*>(QStringLiteral("picSepa")), nullptr);
+  EXPECT_NE(window.findChild<QWidget*>(QStringLiteral("picEstado")), nullptr);
+  EXPECT_NE(window.findChild<QWidget*>(QStringLiteral("ctlToolbar")), nullptr);
+  EXPECT_NE(window.findChild<QAction*>(QStringLiteral("mnuFileOpenFolder")), nullptr);
+  EXPECT_EQ(List(window)->model()->headerData(0, Qt::Horizontal).toString(), QStringLiteral("File"));
+}
+
+TEST_F(frmMainTest, WithoutASettingsFileStartsMaximizedWithDefaults) {
+  app::frmMain window(SettingsPath());
+  window.RunStartup(QString());
+  EXPECT_TRUE(window.isVisible());
+  EXPECT_TRUE(window.isMaximized());
+  EXPECT_EQ(window.State().ViewMode, app::kViewImage);
+  EXPECT_FALSE(window.State().StartingUp);
+  EXPECT_FALSE(List(window)->isVisible());
+}
+
+TEST_F(frmMainTest, AFolderOnTheCommandLineIsListedWithTheFirstEntryOpen) {
+  pictures_.WritePng(QStringLiteral("b.png"));
+  pictures_.WritePng(QStringLiteral("A.png"));
+  pictures_.Touch(QStringLiteral("notes.txt"));
+  app::frmMain window(SettingsPath());
+  window.RunStartup(pictures_.Path());
+  QTreeView* list = List(window);
+  EXPECT_TRUE(list->isVisible());
+  ASSERT_EQ(list->model()->rowCount(), 2);
+  EXPECT_EQ(list->model()->index(0, 0).data().toString(), QStringLiteral("A.png"));
+  EXPECT_EQ(list->currentIndex().row(), 0);
+  EXPECT_TRUE(window.State().ImageLoaded);
+}
+
+TEST_F(frmMainTest, AFileThatDoesNotLoadSaysCantOpenFileAndStartsEmpty) {
+  const QString file = pictures_.WriteBytes(QStringLiteral("bad.jpg"), "garbage");
+  testing_support::DialogAnswerer answerer;
+  app::frmMain window(SettingsPath());
+  window.RunStartup(file);
+  EXPECT_EQ(answerer.Count(), 1);
+  EXPECT_EQ(answerer.LastText(), QStringLiteral("Can't open file"));
+  EXPECT_FALSE(window.State().ImageLoaded);
+  EXPECT_EQ(window.State().ViewMode, app::kViewImage);
+}
+
+TEST_F(frmMainTest, ClosingWritesThe55LineSettingsFileThatReopensTheFolder) {
+  pictures_.WritePng(QStringLiteral("a.png"));
+  {
+    app::frmMain window(SettingsPath());
+    window.RunStartup(pictures_.Path());
+    EXPECT_TRUE(window.close());
+  }
+  const QStringList lines = CrLfLines(ReadAll(SettingsPath()));
+  ASSERT_EQ(lines.size(), 55);
+  EXPECT_EQ(lines[0], QStringLiteral("Vistrel 6.2"));
+  EXPECT_EQ(lines[11], QStringLiteral("2"));
+  EXPECT_EQ(lines[12], pictures_.Path());
+  EXPECT_EQ(lines[15], pictures_.Path());  // recent folder 0
+
+  QStringList edited = lines;
+  edited[44] = QStringLiteral("1");  // StartOption 1: open the last folder
+  testing_support::TempFolder unused;
+  ASSERT_TRUE(app::WriteSettingsFile(SettingsPath(), (edited.join(QStringLiteral("\r\n")) + "\r\n").toUtf8()));
+  app::frmMain again(SettingsPath());
+  again.RunStartup(QString());
+  EXPECT_EQ(again.State().Settings.LastFolder, pictures_.Path());
+  EXPECT_EQ(again.State().ViewMode, app::kViewListAndImage);
+  EXPECT_TRUE(again.State().ImageLoaded);
+}
+
+TEST_F(frmMainTest, WritingWhileMaximizedStoresTheRestoredRectangle) {
+  app::frmMain window(SettingsPath());
+  window.RunStartup(QString());
+  window.showNormal();
+  window.setGeometry(40, 50, 700, 500);
+  window.showMaximized();
+  QTest::qWait(20);
+  ASSERT_TRUE(window.isMaximized());
+  window.close();
+  const QStringList lines = CrLfLines(ReadAll(SettingsPath()));
+  ASSERT_EQ(lines.size(), 55);
+  EXPECT_EQ(lines.mid(3, 5), QStringList({"40", "50", "700", "500", "1"}));
+}
+
+TEST_F(frmMainTest, CancellingTheSaveQuestionKeepsTheProgramAndTheSettingsFile) {
+  pictures_.WritePng(QStringLiteral("a.png"));
+  app::frmMain window(SettingsPath());
+  window.RunStartup(pictures_.Path());
+  window.State().ChangeLevel = 1;  // an edited image
+  testing_support::DialogAnswerer answerer(QMessageBox::Cancel);
+  EXPECT_FALSE(window.close());
+  EXPECT_EQ(answerer.LastTitle(), QStringLiteral("Save Changes"));
+  EXPECT_EQ(answerer.LastText(), QStringLiteral("'a.png' has changed. Do you want to save changes?"));
+  EXPECT_TRUE(window.isVisible());
+  EXPECT_FALSE(QFile::exists(SettingsPath()));
+}
+
+}  // namespace

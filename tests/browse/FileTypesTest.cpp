@@ -1,0 +1,29 @@
+#include "browse/FileTypes.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using browse::FileTypeDescription;
+
+TEST(ScanExtensions, AreThe21OfThePartInOrder) {
+  EXPECT_EQ(browse::ScanExtensions().join(u','),
+            QStringLiteral("bmp,cal,cur,dcx,dib,emf,gif,ico,jpg,jpeg,jif,pbm,pcx,pgm,png,ppm,rle,tga,tif,wmf,wpg"));
+  EXPECT_FALSE(browse::IsScanExtension(QStringLiteral("jpe")));
+  EXPECT_FALSE(browse::IsScanExtension(QStringLiteral("tiff")));
+}
+
+TEST(FileTypeDescription, FollowsTheTable) {
+  EXPECT_EQ(FileTypeDescription(QStringLiteral("bmp")), QStringLiteral("Bitmap image"));
+  EXPECT_EQ(FileTypeDescription(QStringLiteral("JPE")), QStringLiteral("Jpeg image"));
+  EXPECT_EQ(FileTypeDescription(QStringLiteral(" Jif ")), QStringLiteral("Jpeg image"));
+  EXPECT_EQ(FileTypeDescription(QStringLiteral("wpg")), QStringLiteral("Word Perfect graphic bitmap image"));
+  EXPECT_EQ(FileTypeDescription(QStringLiteral("dcx")), QStringLiteral("Paintbrush dcx image"));
+}
+
+TEST(FileTypeDescription, OfAnUnknownExtensionIsItAsPassedPlusFile) {
+  EXPECT_EQ(FileTypeDescription(QStringLiteral("XYZ")), QStringLiteral("XYZ file"));
+  EXPECT_EQ(FileTypeDescription(QString()), QStringLiteral("File"));
+}
+
+}  // namespace

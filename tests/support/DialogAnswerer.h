@@ -1,0 +1,29 @@
+#pragma once
+// Answers every message box the code under test shows while this object lives, and
+// records what the boxes said.
+
+#include <QMessageBox>
+#include <QString>
+#include <QTimer>
+
+namespace testing_support {
+
+class DialogAnswerer {
+ public:
+  explicit DialogAnswerer(QMessageBox::StandardButton button = QMessageBox::Ok);
+
+  int Count() const { return count_; }
+  QString LastText() const { return lastText_; }
+  QString LastTitle() const { return lastTitle_; }
+
+ private:
+  void AnswerVisibleBoxes();
+
+  QMessageBox::StandardButton button_;
+  QTimer timer_;  // keeps looking while modal loops run; stops with the object
+  int count_ = 0;
+  QString lastText_;
+  QString lastTitle_;
+};
+
+}  // namespace testing_support

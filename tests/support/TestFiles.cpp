@@ -1,0 +1,44 @@
+#include "support/TestFiles.h"
+
+#include <QDir>
+#include <QFile>
+#include <QImage>
+
+namespace testing_support {
+
+TempFolder::TempFolder() : dir_(QDir::tempPath() + QStringLiteral("/vistrel-test-XXXXXX")) {}
+
+QString TempFolder::File(const QString& name) const { return dir_.filePath(name); }
+
+QString TempFolder::Touch(const QString& name) const { return WriteBytes(name, {}); }
+
+QString TempFolder::WriteBytes(const QString& name, const QByteArray& bytes) const {
+  QFile file(File(name));
+  if (file.open(QIODevice::WriteOnly)) file.write(bytes);
+  return file.fileName();
+}
+
+QString TempFolder::WritePng(const QString& name, int width, int height) const {
+  QImage image(width, height, QImage::Format_RGB32);
+  image.fill(Qt::darkCyan);
+  image.save(File(name), "PNG");
+  return File(name);
+}
+
+QString TempFolder::MakeFolder(const QString& name) const {
+  QDir(dir_.path()).mkpath(name);
+  return File(name);
+}
+
+QByteArray ReadAll(const QString& path) {
+  QFile file(path);
+  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QStringList CrLfLines(const QByteArray& text) {
+  QStringList lines = QString::fromUtf8(text).split(QStringLiteral("\r\n"));
+  if (!lines.isEmpty() && lines.last().isEmpty()) lines.removeLast();
+  return lines;
+}
+
+}  // namespace testing_support

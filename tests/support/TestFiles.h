@@ -1,0 +1,33 @@
+#pragma once
+// Temporary folders and small image files for tests.
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+#include <QTemporaryDir>
+
+namespace testing_support {
+
+// A fresh folder, removed with the object.
+class TempFolder {
+ public:
+  TempFolder();
+  QString Path() const { return dir_.path(); }
+  QString File(const QString& name) const;
+  // Writes an empty (not an image) file.
+  QString Touch(const QString& name) const;
+  QString WriteBytes(const QString& name, const QByteArray& bytes) const;
+  // Writes a real PNG of the given size.
+  QString WritePng(const QString& name, int width = 8, int height = 6) const;
+  QString MakeFolder(const QString& name) const;
+
+ private:
+  QTemporaryDir dir_;
+};
+
+QByteArray ReadAll(const QString& path);
+
+// The CRLF lines of a settings text.
+QStringList CrLfLines(const QByteArray& text);
+
+}  // namespace testing_support
