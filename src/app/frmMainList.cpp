@@ -52,8 +52,9 @@ void frmMain::SelectListRow(int row) {
 
 void frmMain::FitListColumn() {
   const QFontMetrics metrics(lisLista_->font());
-  const int width = browse::FitListColumnWidth(list_.Entries(),
-                                               [&metrics](const QString& text) { return metrics.horizontalAdvance(text); });
+  const browse::TextMeasure measure{[&metrics](const QString& text) { return metrics.horizontalAdvance(text); },
+                                    [&metrics](QChar c) { return metrics.horizontalAdvance(c); }};
+  const int width = browse::FitListColumnWidth(list_.Entries(), measure);
   lisLista_->header()->resizeSection(0, width);
 }
 

@@ -6,10 +6,40 @@
 
 #include <QFile>
 
+#include <dirent.h>
+#include <sys/stat.h>
+
 #include <algorithm>
-#include <filesystem>
+#include <cstring>
 
 namespace browse {
+
+namespace {
+
+// The extension test on the raw name, before any text is decoded: most files of a
+// large folder are rejected or accepted here without an allocation.
+bool HasScanExtension(const char* name) {
+  const char* dot = std::strrchr(name, '.');
+  if (!dot) return false;
+  char lower[8];
+  size_t n = 0;
+  for (const char* c = dot + 1; *c; ++c) {
+    if (*c == ' ') continue;  // FileExtension trims blanks
+    if (n == sizeof lower - 1) return false;
+    lower[n++] = static_cast<char>(*c >= 'A' && *c <= 'Z' ? *c - 'A' + 'a' : *c);
+  }
+  lower[n] = '\0';
+  return IsScanExtension(QString::fromLatin1(lower, static_cast<qsizetype>(n)));
+}
+
+bool IsRegularFile(int folderFd, const dirent* entry) {
+  if (entry->d_type == DT_REG) return true;
+  if (entry->d_type != DT_LNK && entry->d_type != DT_UNKNOWN) return false;
+  struct stat info {};
+  return fstatat(folderFd, entry->d_name, &info, 0) == 0 && S_ISREG(info.st_mode);
+}
+
+}  // namespace
 
 void SortEntries(std::vector<FileEntry>& entries) {
   std::sort(entries.begin(), entries.end(),
@@ -17,17 +47,16 @@ void SortEntries(std::vector<FileEntry>& entries) {
 }
 
 std::vector<FileEntry> ScanFolder(const QString& folder, bool imageExtensionsOnly) {
-  namespace fs = std::filesystem;
   std::vector<FileEntry> entries;
-  std::error_code error;
-  fs::directory_iterator it(fs::path(QFile::encodeName(folder).toStdString()), error);
-  for (; !error && it != fs::directory_iterator(); it.increment(error)) {
-    std::error_code typeError;
-    if (it->is_directory(typeError) || !it->is_regular_file(typeError)) continue;
-    const QString name = QFile::decodeName(it->path().filename().native().c_str());
-    if (imageExtensionsOnly && !IsScanExtension(FileExtension(name))) continue;
+  DIR* dir = folder.isEmpty() ? nullptr : opendir(QFile::encodeName(folder).constData());
+  if (!dir) return entries;
+  while (const dirent* entry = readdir(dir)) {
+    if (imageExtensionsOnly && !HasScanExtension(entry->d_name)) continue;
+    if (!IsRegularFile(dirfd(dir), entry)) continue;
+    const QString name = QFile::decodeName(entry->d_name);
     entries.push_back({DisplayName(name), name});
   }
+  closedir(dir);
   SortEntries(entries);
   return entries;
 }

@@ -6,6 +6,13 @@ namespace {
 
 bool IsDigit(QChar c) { return c >= u'0' && c <= u'9'; }
 
+// Case folding with a fast path for ASCII, which most file names are.
+char16_t Folded(QChar c) {
+  const char16_t u = c.unicode();
+  if (u < 128) return (u >= u'A' && u <= u'Z') ? static_cast<char16_t>(u - u'A' + u'a') : u;
+  return c.toCaseFolded().unicode();
+}
+
 qsizetype DigitRunEnd(const QString& s, qsizetype pos) {
   while (pos < s.size() && IsDigit(s[pos])) ++pos;
   return pos;
@@ -35,8 +42,8 @@ int CompareNatural(const QString& a, const QString& b) {
       j = jEnd;
       continue;
     }
-    const char16_t ca = a[i].toCaseFolded().unicode();
-    const char16_t cb = b[j].toCaseFolded().unicode();
+    const char16_t ca = Folded(a[i]);
+    const char16_t cb = Folded(b[j]);
     if (ca != cb) return ca < cb ? -1 : 1;
     ++i;
     ++j;

@@ -19,9 +19,21 @@ QString FileExtension(const QString& path) {
 
 QString FileNamePart(const QString& path) { return path.mid(path.lastIndexOf(kSeparator) + 1); }
 
+namespace {
+
+// name == name.toUpper(), without building the upper-case copy for the usual mixed name.
+bool IsEntirelyUpperCase(const QString& name) {
+  for (const QChar c : name) {
+    if (c.isLower() || c.toUpper() != c) return false;
+  }
+  return name == name.toUpper();
+}
+
+}  // namespace
+
 QString DisplayName(const QString& path) {
   const QString name = FileNamePart(path);
-  if (name.isEmpty() || name != name.toUpper()) return name;
+  if (name.isEmpty() || !IsEntirelyUpperCase(name)) return name;
   return name.left(1).toUpper() + name.mid(1).toLower();
 }
 
