@@ -111,6 +111,37 @@ TEST_F(frmMainTest, WritingWhileMaximizedStoresTheRestoredRectangle) {
   EXPECT_EQ(lines.mid(3, 5), QStringList({"40", "50", "700", "500", "1"}));
 }
 
+TEST_F(frmMainTest, ANormalWindowIsPlacedAtTheStoredRectangle) {
+  app::SettingsStore stored = app::DefaultSettings({});
+  ASSERT_TRUE(app::WriteSettingsFile(SettingsPath(), app::WriteSettingsText(stored, {}, {30, 40, 640, 480, false})));
+  app::frmMain window(SettingsPath());
+  window.RunStartup(QString());
+  EXPECT_FALSE(window.isMaximized());
+  EXPECT_EQ(window.geometry(), QRect(30, 40, 640, 480));
+}
+
+TEST_F(frmMainTest, DraggingTheSplitterStoresTheListWidthWithin30And360Pixels) {
+  pictures_.WritePng(QStringLiteral("a.png"));
+  app::SettingsStore stored = app::DefaultSettings({});
+  ASSERT_TRUE(app::WriteSettingsFile(SettingsPath(), app::WriteSettingsText(stored, {}, {0, 0, 900, 600, false})));
+  app::frmMain window(SettingsPath());
+  window.RunStartup(pictures_.Path());
+  auto* handle = window.findChild<QWidget*>(QStringLiteral("picSepa"));
+  ASSERT_NE(handle, nullptr);
+  const QPoint grip = handle->rect().center();
+  const auto drag = [&](int dx) {
+    QTest::mousePress(handle, Qt::LeftButton, {}, grip);
+    QTest::mouseMove(handle, grip + QPoint(dx, 0));
+    QTest::mouseRelease(handle, Qt::LeftButton, {}, grip + QPoint(dx, 0));
+  };
+  drag(70);
+  EXPECT_EQ(window.State().Settings.SplitterPos, 200 * 15);
+  drag(500);
+  EXPECT_EQ(window.State().Settings.SplitterPos, 360 * 15);
+  window.close();
+  EXPECT_EQ(CrLfLines(ReadAll(SettingsPath()))[8], QStringLiteral("360"));
+}
+
 TEST_F(frmMainTest, CancellingTheSaveQuestionKeepsTheProgramAndTheSettingsFile) {
   pictures_.WritePng(QStringLiteral("a.png"));
   app::frmMain window(SettingsPath());
