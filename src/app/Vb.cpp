@@ -92,6 +92,13 @@ std::optional<std::int16_t> CInt(double value) {
   return static_cast<std::int16_t>(*r);
 }
 
+std::optional<std::int32_t> CLngText(const QString& text) {
+  bool ok = false;
+  const double value = QLocale::c().toDouble(Trim(text), &ok);
+  if (!ok) return std::nullopt;
+  return CLng(value);
+}
+
 float CSng(double value) { return static_cast<float>(value); }
 
 double Int(double value) { return std::floor(value); }

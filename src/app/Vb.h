@@ -20,6 +20,10 @@ double Val(QStringView text);
 std::optional<std::int32_t> CLng(double value);
 std::optional<std::int16_t> CInt(double value);
 
+// CLng of a text: the whole text, blanks around it aside, must be a number; nullopt
+// where VB raises a type mismatch ("", "abc", "1x") or an overflow.
+std::optional<std::int32_t> CLngText(const QString& text);
+
 // CSng: to single precision, as the settings file's Single fields are kept.
 float CSng(double value);
 

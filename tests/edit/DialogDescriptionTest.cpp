@@ -1,0 +1,132 @@
+// Part 4.1: the language's edge cases.
+#include "edit/DialogDescription.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using edit::ControlKind;
+using edit::ParseDialogDescription;
+
+TEST(NextToken, ReturnsFieldsAndTellsTheLastOne) {
+  const QString text = QStringLiteral("ab,,c");
+  int position = 1;
+  QString token;
+  EXPECT_FALSE(edit::NextToken(text, position, token));
+  EXPECT_EQ(token, QStringLiteral("ab"));
+  EXPECT_EQ(position, 4);
+  EXPECT_FALSE(edit::NextToken(text, position, token));
+  EXPECT_EQ(token, QString());
+  EXPECT_TRUE(edit::NextToken(text, position, token));
+  EXPECT_EQ(token, QStringLiteral("c"));
+  EXPECT_EQ(position, 6);
+  EXPECT_TRUE(edit::NextToken(text, position, token));
+  EXPECT_EQ(token, QString());
+}
+
+TEST(ParseDialogDescription, BlendWithOnlyClassWindowAndPreview) {
+  const auto layout = ParseDialogDescription(QStringLiteral("cla,Blend,ven,40,27,Blend,pre,24,1"));
+  EXPECT_EQ(layout.DialogClass, QStringLiteral("Blend"));
+  EXPECT_EQ(layout.WindowWidth, 4800);
+  EXPECT_EQ(layout.WindowHeight, 3240);
+  EXPECT_EQ(layout.Title, QStringLiteral("Blend"));
+  EXPECT_TRUE(layout.Controls.empty());
+  EXPECT_EQ(layout.PreviewX, 24 * 120);
+  EXPECT_EQ(layout.PreviewY, 120);
+  EXPECT_EQ(layout.OkTabIndex, 0);
+  EXPECT_EQ(layout.CancelTabIndex, 1);
+}
+
+TEST(ParseDialogDescription, KeywordsInCapitalsReadAsLowerCase) {
+  const auto layout = ParseDialogDescription(QStringLiteral("CLA,Blend,VEN,40,27,Blend,Pre,24,1,"));
+  EXPECT_EQ(layout.DialogClass, QStringLiteral("Blend"));
+  EXPECT_EQ(layout.WindowWidth, 4800);
+  EXPECT_TRUE(layout.HasPreview());
+}
+
+TEST(ParseDialogDescription, APreClauseWithOnlyItsXReadsAnEmptyY) {
+  const auto layout = ParseDialogDescription(QStringLiteral("cla,Blend,pre,24"));
+  EXPECT_EQ(layout.PreviewX, 24 * 120);
+  EXPECT_EQ(layout.PreviewY, 0);
+}
+
+TEST(ParseDialogDescription, AKeywordWithoutACommaAfterItEndsTheDescription) {
+  const auto layout = ParseDialogDescription(QStringLiteral("cla,Blend,pre"));
+  EXPECT_FALSE(layout.HasPreview());
+  EXPECT_EQ(layout.DialogClass, QStringLiteral("Blend"));
+}
+
+TEST(ParseDialogDescription, AnExtraFieldIsSkippedAsAnUnknownKeyword) {
+  const auto layout = ParseDialogDescription(QStringLiteral("let,1,1,&Value:,extra,tex,1,3,4,1,"));
+  ASSERT_EQ(layout.Controls.size(), 2u);
+  EXPECT_EQ(layout.Controls[0].Caption, QStringLiteral("&Value:"));
+  EXPECT_EQ(layout.Controls[1].Kind, ControlKind::TextBox);
+  EXPECT_EQ(layout.Controls[1].TabIndex, 1);
+}
+
+TEST(ParseDialogDescription, AValueThatSpellsAKeywordIsTakenAsOne) {
+  const auto layout = ParseDialogDescription(QStringLiteral("junk,1,2,let,3,4,Hi,"));
+  ASSERT_EQ(layout.Controls.size(), 1u);
+  EXPECT_EQ(layout.Controls[0].X, 360);
+  EXPECT_EQ(layout.Controls[0].Caption, QStringLiteral("Hi"));
+}
+
+TEST(ParseDialogDescription, TwoTextBoxesMayShareALink) {
+  const auto layout = ParseDialogDescription(QStringLiteral("tex,1,3,4,2,tex,1,9,4,2,"));
+  EXPECT_EQ(layout.Find(ControlKind::TextBox, 1)->Link, 2);
+  EXPECT_EQ(layout.Find(ControlKind::TextBox, 2)->Link, 2);
+}
+
+TEST(ParseDialogDescription, TickFrequencyRoundsHalfToEven) {
+  EXPECT_EQ(ParseDialogDescription(QStringLiteral("con,6,3,16,-100,100,0,1,"))
+                .Find(ControlKind::Slider, 1)->TickFrequency, 50);
+  EXPECT_EQ(ParseDialogDescription(QStringLiteral("con,9,3,16,1,63,1,1,"))
+                .Find(ControlKind::Slider, 1)->TickFrequency, 16);
+  EXPECT_EQ(edit::TickFrequency(1, 1000), 250);
+  EXPECT_EQ(edit::TickFrequency(1, 9), 2);
+  EXPECT_EQ(edit::TickFrequency(0, 9), 2);  // 10 / 4 = 2.5 rounds to even
+}
+
+TEST(ParseDialogDescription, CoordinatesUseTheLeadingNumberAndHalfUnits) {
+  const auto layout = ParseDialogDescription(QStringLiteral("ven,40,27.5,P,opt,1,10.5x,24,&A,let,,abc,L,"));
+  EXPECT_EQ(layout.WindowHeight, 3300);
+  EXPECT_EQ(layout.Find(ControlKind::Option, 1)->Y, 1260);
+  EXPECT_EQ(layout.Find(ControlKind::Label, 1)->X, 0);
+  EXPECT_EQ(layout.Find(ControlKind::Label, 1)->Y, 0);
+}
+
+TEST(ParseDialogDescription, AnIntegerThatDoesNotConvertKeepsThePreviousValue) {
+  const auto layout = ParseDialogDescription(QStringLiteral("con,1,1,10,-5,5,0,3,con,1,5,10,x,,2.5,y,tex,1,1,4,,"));
+  const auto* second = layout.Find(ControlKind::Slider, 2);
+  EXPECT_EQ(second->Minimum, -5);
+  EXPECT_EQ(second->Maximum, 5);
+  EXPECT_EQ(second->Value, 2);  // 2.5 rounds half to even
+  EXPECT_EQ(second->Link, 3);
+  EXPECT_EQ(layout.Find(ControlKind::TextBox, 1)->Link, 3);
+}
+
+TEST(ParseDialogDescription, ControlsAreNumberedPerKindAndTabbedInClauseOrder) {
+  const auto layout = ParseDialogDescription(
+      QStringLiteral("let,1,1,a,tex,1,3,4,1,let,6,1,b,con,6,3,16,0,10,0,1,opt,1,8,24,o,che,1,9,5,c,bot,1,9,5,90,"));
+  EXPECT_EQ(layout.Find(ControlKind::Label, 2)->TabIndex, 2);
+  EXPECT_EQ(layout.Find(ControlKind::Slider, 1)->TabIndex, 3);
+  EXPECT_EQ(layout.Find(ControlKind::Button, 1)->Caption, QStringLiteral("90"));
+  EXPECT_EQ(layout.OkTabIndex, 7);
+  EXPECT_EQ(layout.CancelTabIndex, 8);
+}
+
+TEST(ParseDialogDescription, WithoutVenOrClaLeavesWindowAndClassUnset) {
+  const auto layout = ParseDialogDescription(QStringLiteral("let,1,1,x,"));
+  EXPECT_FALSE(layout.Title.has_value());
+  EXPECT_FALSE(layout.WindowWidth.has_value());
+  EXPECT_TRUE(layout.DialogClass.isEmpty());
+  EXPECT_TRUE(ParseDialogDescription(QString()).Controls.empty());
+}
+
+TEST(ParseDialogDescription, EachParseNumbersFromOne) {
+  const QString text = QStringLiteral("tex,1,3,4,1,tex,1,3,4,1,");
+  EXPECT_EQ(ParseDialogDescription(text).Controls.back().Index, 2);
+  EXPECT_EQ(ParseDialogDescription(text).Controls.back().Index, 2);
+}
+
+}  // namespace
