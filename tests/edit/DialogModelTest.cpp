@@ -1,0 +1,163 @@
+// Part 4.2's runtime on the model alone: linking, clamping, aspect lock, validation.
+#include "edit/DialogDescriptions.h"
+#include "edit/DialogModel.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using edit::DialogModel;
+
+DialogModel Dialog(const char* command, edit::DialogContext context = {}) {
+  DialogModel model(edit::ParseDialogDescription(edit::DialogDescriptionFor(QLatin1String(command))), context);
+  model.Initialize();
+  return model;
+}
+
+// An 800 x 600 pixel image at 15 twips per pixel.
+const edit::DialogContext k800x600{800 * 15, 600 * 15, 15, 15};
+
+TEST(DialogModel, LoadWritesEachSliderIntoItsBox) {
+  DialogModel gamma = Dialog("mnuColorsGamma");
+  EXPECT_EQ(gamma.Text(1), QStringLiteral("100"));
+  DialogModel hsl = Dialog("mnuColorsHSL");
+  EXPECT_EQ(hsl.Text(3), QStringLiteral("0"));
+  DialogModel mosaic = Dialog("mnuImageFiltersMosaic");
+  EXPECT_EQ(mosaic.Text(1), QStringLiteral("1"));
+}
+
+TEST(DialogModel, ASliderMovesItsLinkedBoxAndAsksForAPreview) {
+  DialogModel brightness = Dialog("mnuColorsBrightness");
+  EXPECT_TRUE(brightness.SliderChanged(1, 37));
+  EXPECT_EQ(brightness.Text(1), QStringLiteral("37"));
+}
+
+TEST(DialogModel, TypingAboveTheMaximumWritesTheMaximum) {
+  DialogModel brightness = Dialog("mnuColorsBrightness");
+  EXPECT_TRUE(brightness.TextChanged(1, QStringLiteral("250")));
+  EXPECT_EQ(brightness.Text(1), QStringLiteral("100"));
+  EXPECT_EQ(brightness.SliderValue(1), 100);
+  brightness.TextChanged(1, QStringLiteral("-250"));
+  EXPECT_EQ(brightness.Text(1), QStringLiteral("-100"));
+  EXPECT_EQ(brightness.SliderValue(1), -100);
+}
+
+TEST(DialogModel, AnEmptyBoxMovesTheSliderToItsMinimumAndOkAsksForAValue) {
+  DialogModel brightness = Dialog("mnuColorsBrightness");
+  brightness.TextChanged(1, QString());
+  EXPECT_EQ(brightness.SliderValue(1), -100);
+  EXPECT_TRUE(brightness.Text(1).isEmpty());
+  const auto failure = brightness.Validate();
+  ASSERT_TRUE(failure.has_value());
+  EXPECT_EQ(failure->Message, QStringLiteral("Please enter a value"));
+  EXPECT_EQ(failure->TextBox, 1);
+  brightness.TextChanged(1, QStringLiteral("-"));
+  EXPECT_EQ(brightness.SliderValue(1), -100);
+  EXPECT_FALSE(brightness.Validate().has_value());  // "-" is a value; it reads 0
+  EXPECT_EQ(brightness.Values().Number(1), 0);
+}
+
+TEST(DialogModel, MotionBlursIntensityBoxDrivesTheVerticalSpeedSlider) {
+  DialogModel blur = Dialog("mnuImageFiltersMotionBlur");
+  blur.TextChanged(3, QStringLiteral("7"));
+  EXPECT_EQ(blur.SliderValue(2), 7);
+  EXPECT_EQ(blur.SliderValue(3), 1);
+  blur.SliderChanged(3, 20);
+  EXPECT_EQ(blur.Text(3), QStringLiteral("20"));
+  EXPECT_EQ(blur.Text(2), QStringLiteral("0"));
+}
+
+TEST(DialogModel, ResizeShowsTheSizeAndKeepsTheAspect) {
+  DialogModel resize = Dialog("mnuImageResize", k800x600);
+  EXPECT_EQ(resize.Text(1), QStringLiteral("800"));
+  EXPECT_EQ(resize.Text(2), QStringLiteral("600"));
+  EXPECT_FALSE(resize.TextEnabled(1));
+  EXPECT_FALSE(resize.TextEnabled(2));
+  EXPECT_TRUE(resize.TextEnabled(3));
+  EXPECT_TRUE(resize.Checked(1));
+  EXPECT_FALSE(resize.TextChanged(3, QStringLiteral("400")));
+  EXPECT_EQ(resize.Text(4), QStringLiteral("300"));
+  resize.TextChanged(4, QStringLiteral("150"));
+  EXPECT_EQ(resize.Text(3), QStringLiteral("200"));
+}
+
+TEST(DialogModel, ResizeAspectRoundsHalfToEvenAndEmptiesWhereNeeded) {
+  DialogModel resize = Dialog("mnuImageResize", {5 * 15, 3 * 15, 15, 15});
+  resize.TextChanged(3, QStringLiteral("5"));  // 5 x 3 / 5 = 3
+  EXPECT_EQ(resize.Text(4), QStringLiteral("3"));
+  resize.TextChanged(4, QStringLiteral("3"));
+  EXPECT_EQ(resize.Text(3), QStringLiteral("5"));
+  resize.TextChanged(3, QStringLiteral("  "));
+  EXPECT_TRUE(resize.Text(4).isEmpty());
+  resize.TextChanged(4, QStringLiteral("+"));
+  EXPECT_TRUE(resize.Text(3).isEmpty());
+  EXPECT_TRUE(resize.Text(4).isEmpty());
+  DialogModel halves = Dialog("mnuImageResize", {4 * 15, 1 * 15, 15, 15});
+  halves.TextChanged(3, QStringLiteral("10"));  // 2.5 rounds to 2
+  EXPECT_EQ(halves.Text(4), QStringLiteral("2"));
+}
+
+TEST(DialogModel, ResizeWithoutTheLockLeavesTheOtherBox) {
+  DialogModel resize = Dialog("mnuImageResize", k800x600);
+  resize.CheckClicked(1, false);
+  resize.TextChanged(3, QStringLiteral("400"));
+  EXPECT_EQ(resize.Text(4), QStringLiteral("600"));
+  resize.CheckClicked(1, true);  // switching the lock on recomputes the height
+  EXPECT_EQ(resize.Text(4), QStringLiteral("300"));
+}
+
+TEST(DialogModel, ResizeAccepts1To2048) {
+  DialogModel resize = Dialog("mnuImageResize", k800x600);
+  resize.TextChanged(3, QStringLiteral("2049"));
+  auto failure = resize.Validate();
+  ASSERT_TRUE(failure.has_value());
+  EXPECT_EQ(failure->Message, QStringLiteral("Please enter a value smaller than 2049"));
+  EXPECT_EQ(failure->TextBox, 3);
+  EXPECT_TRUE(failure->SelectText);
+  resize.TextChanged(3, QStringLiteral("0"));
+  failure = resize.Validate();
+  ASSERT_TRUE(failure.has_value());
+  EXPECT_EQ(failure->Message, QStringLiteral("Please enter a value greater than zero"));
+  resize.TextChanged(3, QStringLiteral("2048"));
+  EXPECT_FALSE(resize.Validate().has_value());
+  EXPECT_EQ(resize.Values().Number(3), 2048);
+  EXPECT_EQ(resize.Values().Number(4), 1536);
+}
+
+TEST(DialogModel, RotateButtonsPutTheirAngleInTheBox) {
+  DialogModel rotate = Dialog("mnuImageRotate");
+  EXPECT_TRUE(rotate.ButtonClicked(1));
+  EXPECT_EQ(rotate.Text(1), QStringLiteral("-90"));
+  EXPECT_EQ(rotate.SliderValue(1), -90);
+  rotate.ButtonClicked(3);
+  EXPECT_EQ(rotate.SliderValue(1), 180);
+  DialogModel brightness = Dialog("mnuColorsBrightness");
+  EXPECT_FALSE(brightness.ButtonClicked(1));
+}
+
+TEST(DialogModel, PerspectiveAndRippleStartWithTheFirstOption) {
+  EXPECT_EQ(Dialog("mnuImagePerspective").SelectedOption(), 1);
+  EXPECT_EQ(Dialog("mnuImageRipple").Values().SelectedOption, 1);
+  EXPECT_EQ(Dialog("mnuImageSwirl").SelectedOption(), 0);
+}
+
+TEST(DialogModel, TheKeyFilterPassesDigitsSignsAndControlCharacters) {
+  for (const QChar c : QStringLiteral("0123456789+-\b\r")) EXPECT_TRUE(DialogModel::AcceptsCharacter(c)) << int(c.unicode());
+  for (const QChar c : QStringLiteral("a .,e")) EXPECT_FALSE(DialogModel::AcceptsCharacter(c)) << int(c.unicode());
+}
+
+TEST(DialogModel, HelpTopicsFollowTheMenuGroups) {
+  EXPECT_EQ(Dialog("mnuColorsSolarize").HelpTopic(), QStringLiteral("Colors Menu"));
+  EXPECT_EQ(Dialog("mnuImageFiltersNoise").HelpTopic(), QStringLiteral("Image Filters"));
+  EXPECT_EQ(Dialog("mnuImageSwirl").HelpTopic(), QStringLiteral("Image Menu"));
+}
+
+TEST(DialogModel, ABoxLinkedToNothingMovesNoSlider) {
+  DialogModel model(edit::ParseDialogDescription(QStringLiteral("tex,1,1,4,0,con,1,3,10,0,10,5,1,")), {});
+  model.Initialize();
+  EXPECT_FALSE(model.TextChanged(1, QStringLiteral("3")));
+  EXPECT_EQ(model.SliderValue(1), 5);
+  EXPECT_FALSE(model.SliderChanged(2, 1));  // no such slider: nothing happens
+}
+
+}  // namespace
