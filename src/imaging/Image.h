@@ -18,14 +18,21 @@ class Image {
   int Width() const;
   int Height() const;
 
-  // An 8-bit RGB copy for display, reduced with area averaging to fit within
-  // maxWidth x maxHeight (never enlarged).
-  QImage ToQImageFitting(int maxWidth, int maxHeight) const;
+  // A copy reduced with area averaging to fit within maxWidth x maxHeight (never enlarged).
+  Image FitWithin(int maxWidth, int maxHeight) const;
+
+  // An 8-bit RGB copy for display.
+  QImage ToQImage() const;
+  QImage ToQImageFitting(int maxWidth, int maxHeight) const { return FitWithin(maxWidth, maxHeight).ToQImage(); }
+
+  // An image from Qt's pixels (alpha composited onto white), e.g. from the clipboard.
+  static Image FromQImage(const QImage& image);
 
   struct Pixels;  // opaque: the decoded libvips image
 
  private:
   friend std::optional<Image> LoadFile(const QString& path);
+  static Image FromPixels(Pixels pixels);
   explicit Image(std::shared_ptr<const Pixels> pixels);
   std::shared_ptr<const Pixels> pixels_;
 };
