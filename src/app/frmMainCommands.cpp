@@ -1,4 +1,5 @@
 // frmMain's widgets, commands, menus, toolbar and status bar.
+#include "app/Fonts.h"
 #include "app/Vb.h"
 #include "app/frmMain.h"
 #include "browse/Paths.h"
@@ -22,9 +23,7 @@ bool NotBuiltYet() { return false; }
 }  // namespace
 
 void frmMain::BuildWidgets() {
-  QFont tahoma = font();  // ApplyTahomaFont; fontconfig substitutes where Tahoma is absent
-  tahoma.setFamilies({QStringLiteral("Tahoma"), tahoma.family()});
-  setFont(tahoma);
+  ApplyTahomaFont(*this);
 
   splitter_ = new QSplitter(Qt::Horizontal, this);
   splitter_->setChildrenCollapsible(false);

@@ -38,6 +38,13 @@ const DialogControl* DialogLayout::Find(ControlKind kind, int index) const {
 
 namespace {
 
+// Where a clause puts its control: x, y and, for most kinds, a width (twips).
+struct Placement {
+  double X = 0;
+  double Y = 0;
+  double Width = 0;
+};
+
 // The parser's state: the integer fields keep their previous value when a field does
 // not convert, as the original's module variables did.
 class Parser {
@@ -59,15 +66,25 @@ class Parser {
     return token;
   }
   double Coordinate() { return vb::Val(Field()) * kGridTwips; }
+  Placement ReadPlacement(bool withWidth) {
+    Placement at;
+    at.X = Coordinate();
+    at.Y = Coordinate();
+    if (withWidth) at.Width = Coordinate();
+    return at;
+  }
   void Integer(int& target) {
     if (const auto value = vb::CLngText(Field())) target = *value;
   }
 
-  DialogControl& Add(ControlKind kind) {
+  DialogControl& Add(ControlKind kind, const Placement& at) {
     DialogControl control;
     control.Kind = kind;
     control.Index = layout_.Count(kind) + 1;
     control.TabIndex = tabIndex_++;
+    control.X = at.X;
+    control.Y = at.Y;
+    control.Width = at.Width;
     layout_.Controls.push_back(control);
     return layout_.Controls.back();
   }
@@ -86,17 +103,12 @@ class Parser {
 };
 
 void Parser::Slider() {
-  const double x = Coordinate();
-  const double y = Coordinate();
-  const double width = Coordinate();
+  const Placement at = ReadPlacement(true);
   Integer(minimum_);
   Integer(maximum_);
   Integer(value_);
   Integer(link_);
-  DialogControl& slider = Add(ControlKind::Slider);
-  slider.X = x;
-  slider.Y = y;
-  slider.Width = width;
+  DialogControl& slider = Add(ControlKind::Slider, at);
   slider.Minimum = minimum_;
   slider.Maximum = maximum_;
   slider.Link = link_;
@@ -105,49 +117,35 @@ void Parser::Slider() {
 }
 
 void Parser::Clause(const QString& keyword) {
+  static const std::array<std::pair<const char*, ControlKind>, 3> kCaptioned = {
+      {{"che", ControlKind::Check}, {"opt", ControlKind::Option}, {"bot", ControlKind::Button}}};
   if (keyword == QLatin1String("cla")) {
     layout_.DialogClass = Field();
   } else if (keyword == QLatin1String("ven")) {
-    layout_.WindowWidth = Coordinate();
-    layout_.WindowHeight = Coordinate();
+    const Placement size = ReadPlacement(false);
+    layout_.WindowWidth = size.X;
+    layout_.WindowHeight = size.Y;
     layout_.Title = Field();
   } else if (keyword == QLatin1String("let")) {
-    const double x = Coordinate();
-    const double y = Coordinate();
+    const Placement at = ReadPlacement(false);
     const QString caption = Field();
-    DialogControl& label = Add(ControlKind::Label);
-    label.X = x;
-    label.Y = y;
-    label.Caption = caption;
+    Add(ControlKind::Label, at).Caption = caption;
   } else if (keyword == QLatin1String("tex")) {
-    const double x = Coordinate();
-    const double y = Coordinate();
-    const double width = Coordinate();
+    const Placement at = ReadPlacement(true);
     Integer(link_);
-    DialogControl& box = Add(ControlKind::TextBox);
-    box.X = x;
-    box.Y = y;
-    box.Width = width;
-    box.Link = link_;
+    Add(ControlKind::TextBox, at).Link = link_;
   } else if (keyword == QLatin1String("con")) {
     Slider();
   } else if (keyword == QLatin1String("pre")) {
-    layout_.PreviewX = Coordinate();
-    layout_.PreviewY = Coordinate();
+    const Placement at = ReadPlacement(false);
+    layout_.PreviewX = at.X;
+    layout_.PreviewY = at.Y;
   } else {
-    static const std::array<std::pair<const char*, ControlKind>, 3> kCaptioned = {
-        {{"che", ControlKind::Check}, {"opt", ControlKind::Option}, {"bot", ControlKind::Button}}};
     for (const auto& [name, kind] : kCaptioned) {
       if (keyword != QLatin1String(name)) continue;
-      const double x = Coordinate();
-      const double y = Coordinate();
-      const double width = Coordinate();
+      const Placement at = ReadPlacement(true);
       const QString caption = Field();
-      DialogControl& control = Add(kind);
-      control.X = x;
-      control.Y = y;
-      control.Width = width;
-      control.Caption = caption;
+      Add(kind, at).Caption = caption;
     }
   }
 }

@@ -1,5 +1,6 @@
 #include "edit/frmDiseno.h"
 
+#include "app/Fonts.h"
 #include "app/Help.h"
 #include "edit/PreviewRenderer.h"
 
@@ -36,9 +37,7 @@ frmDiseno::frmDiseno(const QString& description, const DialogContext& context,
                      const std::optional<imaging::Image>& image, Operation operation, QWidget* parent)
     : QDialog(parent), context_(context), model_(ParseDialogDescription(description), context) {
   setObjectName(QStringLiteral("frmDiseno"));
-  QFont tahoma = font();
-  tahoma.setFamilies({QStringLiteral("Tahoma"), tahoma.family()});
-  setFont(tahoma);
+  app::ApplyTahomaFont(*this, kFontPointSize);
   const DialogLayout& layout = model_.Layout();
   BuildControls(layout);
   PlaceWindowAndButtons(layout);

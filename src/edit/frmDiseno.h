@@ -37,6 +37,8 @@ class frmDiseno : public QDialog {
   // True once no preview is being computed or waiting.
   bool PreviewIdle() const;
 
+  // The original forms' 8-point font, which the descriptions' grid was laid out for.
+  static constexpr int kFontPointSize = 8;
   // Design-time sizes of the template controls, in twips (left to the implementer).
   static constexpr int kTextBoxHeightTwips = 315;
   static constexpr int kSliderHeightTwips = 420;

@@ -101,6 +101,13 @@ TEST(frmDiseno, EnterActsAsOkAndEscapeAsCancel) {
   EXPECT_EQ(other.result(), QDialog::Rejected);
 }
 
+TEST(frmDiseno, ClosingByTheWindowFrameIsCancel) {
+  frmDiseno dialog(Description("mnuImageSwirl"), k800x600, std::nullopt, {});
+  dialog.show();
+  dialog.close();
+  EXPECT_EQ(dialog.result(), QDialog::Rejected);
+}
+
 TEST(frmDiseno, OkWithAnEmptyBoxAsksForAValueAndStaysOpen) {
   frmDiseno dialog(Description("mnuColorsBrightness"), k800x600, std::nullopt, {});
   dialog.show();

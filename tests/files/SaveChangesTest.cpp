@@ -7,6 +7,11 @@ namespace {
 using files::SaveChangesAnswer;
 
 struct Prompt {
+  // A file is open; `changeLevel` says whether it was edited.
+  explicit Prompt(int changeLevel, int openKind = app::kOpenFile) {
+    state.ChangeLevel = changeLevel;
+    state.Settings.LastOpenKind = openKind;
+  }
   app::AppState state;
   int asked = 0;
   QString question;
@@ -21,8 +26,7 @@ struct Prompt {
 };
 
 TEST(ConfirmSaveChanges, AsksNothingWhenUnchangedOrNothingOpen) {
-  Prompt p;
-  p.state.Settings.LastOpenKind = app::kOpenFile;
+  Prompt p(0);
   EXPECT_TRUE(files::ConfirmSaveChanges(p.state, QStringLiteral("/a/b.jpg"), p.Hooks(SaveChangesAnswer::Cancel, true)));
   p.state.ChangeLevel = 1;
   p.state.Settings.LastOpenKind = app::kOpenNothing;
@@ -31,26 +35,20 @@ TEST(ConfirmSaveChanges, AsksNothingWhenUnchangedOrNothingOpen) {
 }
 
 TEST(ConfirmSaveChanges, AsksWithTheFileNameAndCancelStops) {
-  Prompt p;
-  p.state.Settings.LastOpenKind = app::kOpenFolder;
-  p.state.ChangeLevel = 2;
+  Prompt p(2, app::kOpenFolder);
   EXPECT_FALSE(files::ConfirmSaveChanges(p.state, QStringLiteral("/a/b.jpg"), p.Hooks(SaveChangesAnswer::Cancel, true)));
   EXPECT_EQ(p.question, QStringLiteral("'b.jpg' has changed. Do you want to save changes?"));
   EXPECT_EQ(p.state.ChangeLevel, 2);
 }
 
 TEST(ConfirmSaveChanges, NoDropsTheChanges) {
-  Prompt p;
-  p.state.Settings.LastOpenKind = app::kOpenFile;
-  p.state.ChangeLevel = 1;
+  Prompt p(1);
   EXPECT_TRUE(files::ConfirmSaveChanges(p.state, QStringLiteral("b.jpg"), p.Hooks(SaveChangesAnswer::No, false)));
   EXPECT_EQ(p.state.ChangeLevel, 0);
 }
 
 TEST(ConfirmSaveChanges, YesWithAFailingSaveKeepsEverything) {
-  Prompt p;
-  p.state.Settings.LastOpenKind = app::kOpenFile;
-  p.state.ChangeLevel = 1;
+  Prompt p(1);
   EXPECT_FALSE(files::ConfirmSaveChanges(p.state, QStringLiteral("b.jpg"), p.Hooks(SaveChangesAnswer::Yes, false)));
   EXPECT_TRUE(p.state.DialogCancelled);
   EXPECT_EQ(p.state.ChangeLevel, 1);
