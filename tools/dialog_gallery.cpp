@@ -3,7 +3,7 @@
 // Usage: vistrel-dialog-gallery OUTPUT_FOLDER IMAGE [COMMAND...]
 #include "edit/DialogDescriptions.h"
 #include "edit/frmDiseno.h"
-#include "imaging/Image.h"
+#include "imaging/Loader.h"
 
 #include <QApplication>
 #include <QDir>

@@ -6,6 +6,7 @@
 #include "app/AppState.h"
 #include "browse/FileListModel.h"
 #include "imaging/Image.h"
+#include "imaging/Image.h"
 
 #include <functional>
 #include <optional>

@@ -1,4 +1,5 @@
 #include "app/frmMain.h"
+#include "imaging/Loader.h"
 
 #include "app/BusyPointer.h"
 #include "app/Colors.h"

@@ -2,7 +2,7 @@
 #include "app/CommandLine.h"
 #include "app/SettingsFile.h"
 #include "app/frmMain.h"
-#include "imaging/Image.h"
+#include "imaging/Loader.h"
 
 #include <QApplication>
 #include <QStandardPaths>

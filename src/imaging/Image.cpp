@@ -1,19 +1,11 @@
 #include "imaging/Image.h"
 
-#include <vips/vips8>
-
-#include <QFile>
-#include <QPainter>
+#include "imaging/ImageInternal.h"
 
 #include <cstring>
-
 #include <mutex>
 
 namespace imaging {
-
-struct Image::Pixels {
-  vips::VImage image;  // uchar sRGB, 3 bands, in memory
-};
 
 void Initialize() {
   static std::once_flag once;
@@ -23,53 +15,48 @@ void Initialize() {
   });
 }
 
+vips::VImage Normalized(vips::VImage image) {
+  if (image.format() == VIPS_FORMAT_USHORT && image.interpretation() != VIPS_INTERPRETATION_RGB16 &&
+      image.interpretation() != VIPS_INTERPRETATION_GREY16) {
+    image = (image / 256).cast(VIPS_FORMAT_UCHAR);
+  }
+  image = image.colourspace(VIPS_INTERPRETATION_sRGB);
+  if (image.format() != VIPS_FORMAT_UCHAR) image = image.cast(VIPS_FORMAT_UCHAR);
+  if (image.bands() > 4) image = image.extract_band(0, vips::VImage::option()->set("n", 4));
+  const vips::VImage grey = image.extract_band(0);
+  if (image.bands() == 1) image = grey.bandjoin({grey, grey});
+  if (image.bands() == 2) image = grey.bandjoin({grey, grey, image.extract_band(1)});
+  return image.copy(vips::VImage::option()->set("interpretation", VIPS_INTERPRETATION_sRGB));
+}
+
 Image::Image(std::shared_ptr<const Pixels> pixels) : pixels_(std::move(pixels)) {}
 
-Image Image::FromPixels(Pixels pixels) { return Image(std::make_shared<const Pixels>(std::move(pixels))); }
+Image Image::FromInternal(Pixels pixels) { return Image(std::make_shared<const Pixels>(std::move(pixels))); }
 
 int Image::Width() const { return pixels_->image.width(); }
 int Image::Height() const { return pixels_->image.height(); }
-
-namespace {
-
-vips::VImage ToDisplayRgb(vips::VImage image) {
-  image = image.autorot();
-  if (image.has_alpha()) {
-    image = image.flatten(vips::VImage::option()->set("background", std::vector<double>{255, 255, 255}));
-  }
-  image = image.colourspace(VIPS_INTERPRETATION_sRGB);
-  if (image.bands() > 3) image = image.extract_band(0, vips::VImage::option()->set("n", 3));
-  return image.cast(VIPS_FORMAT_UCHAR);
-}
-
-}  // namespace
-
-std::optional<Image> LoadFile(const QString& path) {
-  Initialize();
-  try {
-    const QByteArray name = QFile::encodeName(path);
-    vips::VImage decoded = ToDisplayRgb(vips::VImage::new_from_file(name.constData())).copy_memory();
-    return Image::FromPixels(Image::Pixels{decoded});
-  } catch (const vips::VError&) {
-    vips_error_clear();
-    return std::nullopt;
-  }
-}
+int Image::Bands() const { return pixels_->image.bands(); }
 
 Image Image::FitWithin(int maxWidth, int maxHeight) const {
   const vips::VImage& image = pixels_->image;
   const double scale = std::min({1.0, double(maxWidth) / image.width(), double(maxHeight) / image.height()});
   if (scale >= 1.0) return *this;
   try {
-    return FromPixels(Pixels{image.resize(std::max(scale, 1e-4)).copy_memory()});
+    return FromInternal(Pixels{image.resize(std::max(scale, 1e-4)).copy_memory()});
   } catch (const vips::VError&) {
     vips_error_clear();
     return *this;
   }
 }
 
+Image Image::OnWhite() const {
+  if (!HasAlpha()) return *this;
+  const auto white = vips::VImage::option()->set("background", std::vector<double>{255, 255, 255});
+  return FromInternal(Pixels{pixels_->image.flatten(white).cast(VIPS_FORMAT_UCHAR).copy_memory()});
+}
+
 QImage Image::ToQImage() const {
-  const vips::VImage& image = pixels_->image;
+  const vips::VImage& image = OnWhite().pixels_->image;
   const auto* data = static_cast<const uchar*>(image.data());
   const qsizetype stride = static_cast<qsizetype>(image.width()) * 3;
   return QImage(data, image.width(), image.height(), stride, QImage::Format_RGB888).copy();
@@ -77,19 +64,19 @@ QImage Image::ToQImage() const {
 
 Image Image::FromQImage(const QImage& source) {
   Initialize();
-  QImage rgb(source.size(), QImage::Format_RGB888);
-  rgb.fill(Qt::white);
-  {
-    QPainter painter(&rgb);
-    painter.drawImage(0, 0, source);
-  }
-  const size_t rowBytes = static_cast<size_t>(rgb.width()) * 3;
+  const bool alpha = source.hasAlphaChannel();
+  const QImage rgb = source.convertToFormat(alpha ? QImage::Format_RGBA8888 : QImage::Format_RGB888);
+  const int bands = alpha ? 4 : 3;
+  const size_t rowBytes = static_cast<size_t>(rgb.width()) * static_cast<size_t>(bands);
   const size_t size = rowBytes * static_cast<size_t>(rgb.height());
   // libvips takes the buffer and frees it with g_free when the image goes.
   auto* packed = static_cast<uchar*>(g_malloc(size));
-  for (int y = 0; y < rgb.height(); ++y) std::memcpy(packed + rowBytes * static_cast<size_t>(y), rgb.constScanLine(y), rowBytes);
-  vips::VImage image = vips::VImage::new_from_memory_steal(packed, size, rgb.width(), rgb.height(), 3, VIPS_FORMAT_UCHAR);
-  return FromPixels(Pixels{image});
+  for (int y = 0; y < rgb.height(); ++y) {
+    std::memcpy(packed + rowBytes * static_cast<size_t>(y), rgb.constScanLine(y), rowBytes);
+  }
+  vips::VImage image =
+      vips::VImage::new_from_memory_steal(packed, size, rgb.width(), rgb.height(), bands, VIPS_FORMAT_UCHAR);
+  return FromInternal(Pixels{image.copy(vips::VImage::option()->set("interpretation", VIPS_INTERPRETATION_sRGB))});
 }
 
 }  // namespace imaging

@@ -1,12 +1,11 @@
 #pragma once
-// The image value the rest of the program passes around. Cheap to copy (shared,
-// immutable pixels). Only src/imaging/ sees libvips.
+// The image value the rest of the program passes around: 8-bit sRGB with 3 bands, or
+// 4 with alpha. Cheap to copy (shared, immutable pixels). Only src/imaging/ sees libvips.
 
 #include <QImage>
 #include <QString>
 
 #include <memory>
-#include <optional>
 
 namespace imaging {
 
@@ -17,28 +16,28 @@ class Image {
  public:
   int Width() const;
   int Height() const;
+  int Bands() const;
+  bool HasAlpha() const { return Bands() == 4; }
 
   // A copy reduced with area averaging to fit within maxWidth x maxHeight (never enlarged).
   Image FitWithin(int maxWidth, int maxHeight) const;
+  // The image composited onto white, RGB(255, 255, 255), without alpha.
+  Image OnWhite() const;
 
-  // An 8-bit RGB copy for display.
+  // An 8-bit RGB copy for display (alpha composited onto white).
   QImage ToQImage() const;
   QImage ToQImageFitting(int maxWidth, int maxHeight) const { return FitWithin(maxWidth, maxHeight).ToQImage(); }
 
-  // An image from Qt's pixels (alpha composited onto white), e.g. from the clipboard.
+  // An image from Qt's pixels (alpha kept).
   static Image FromQImage(const QImage& image);
 
   struct Pixels;  // opaque: the decoded libvips image
+  const Pixels& Internal() const { return *pixels_; }
+  static Image FromInternal(Pixels pixels);
 
  private:
-  friend std::optional<Image> LoadFile(const QString& path);
-  static Image FromPixels(Pixels pixels);
   explicit Image(std::shared_ptr<const Pixels> pixels);
   std::shared_ptr<const Pixels> pixels_;
 };
-
-// Decodes a file completely (upright by its EXIF orientation, alpha composited onto
-// white); nullopt when it cannot be read.
-std::optional<Image> LoadFile(const QString& path);
 
 }  // namespace imaging

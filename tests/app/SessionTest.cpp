@@ -1,5 +1,6 @@
 // Part 1.1's command line, start options, item click and rename, on the logic alone.
 #include "app/Session.h"
+#include "imaging/Loader.h"
 #include "support/TestFiles.h"
 
 #include <QFile>

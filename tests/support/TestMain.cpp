@@ -1,5 +1,5 @@
 // One QApplication on the offscreen platform for every test binary.
-#include "imaging/Image.h"
+#include "imaging/Loader.h"
 
 #include <QApplication>
 

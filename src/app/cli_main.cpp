@@ -1,0 +1,57 @@
+// vistrel-cli: the headless companion, in the spirit of IrfanView's and XnView's
+// command-line converters. The viewer's own command line stays Part 1.1's single path.
+//   vistrel-cli info FILE...   one line a file: PATH<TAB>FORMAT<TAB>WIDTHxHEIGHT
+//   vistrel-cli convert IN OUT load IN as the viewer does, save OUT by its extension
+#include "imaging/Loader.h"
+#include "imaging/Saver.h"
+
+#include <QCoreApplication>
+
+#include <cstdio>
+
+namespace {
+
+int Usage() {
+  std::fprintf(stderr, "usage: vistrel-cli info FILE...\n       vistrel-cli convert IN OUT\n");
+  return 2;
+}
+
+void Print(const QString& line) { std::printf("%s\n", line.toLocal8Bit().constData()); }
+
+int Info(const QStringList& files) {
+  int failures = 0;
+  for (const QString& file : files) {
+    const auto loaded = imaging::LoadImage(file);
+    if (!loaded) {
+      Print(file + QStringLiteral("\tCan't open file"));
+      ++failures;
+      continue;
+    }
+    Print(QStringLiteral("%1\t%2\t%3x%4").arg(file, loaded->Format).arg(loaded->Picture.Width()).arg(loaded->Picture.Height()));
+  }
+  return failures == 0 ? 0 : 1;
+}
+
+int Convert(const QString& input, const QString& output) {
+  const auto image = imaging::LoadFile(input);
+  if (!image) {
+    Print(QStringLiteral("Can't open file"));
+    return 1;
+  }
+  if (!imaging::SaveImage(*image, output)) {
+    Print(QStringLiteral("Can't save file"));
+    return 1;
+  }
+  return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  QCoreApplication application(argc, argv);
+  imaging::Initialize();
+  const QStringList arguments = QCoreApplication::arguments().mid(1);
+  if (arguments.size() >= 2 && arguments[0] == QLatin1String("info")) return Info(arguments.mid(1));
+  if (arguments.size() == 3 && arguments[0] == QLatin1String("convert")) return Convert(arguments[1], arguments[2]);
+  return Usage();
+}

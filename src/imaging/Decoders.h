@@ -1,0 +1,53 @@
+#pragma once
+// The three decoders behind LoadImage. Each refuses images over the pixel limit before
+// decoding them and returns nullopt for anything it cannot read.
+
+#include "imaging/Image.h"
+
+#include <QByteArray>
+#include <QSize>
+#include <QString>
+#include <QStringList>
+
+#include <chrono>
+#include <optional>
+
+namespace imaging {
+
+// libvips' in-process loaders (untrusted ones stay blocked); shrink > 1 decodes reduced.
+std::optional<Image> DecodeWithVips(const QString& path, int maxWidth = 0, int maxHeight = 0);
+std::optional<QSize> VipsHeaderSize(const QString& path);
+
+// Qt's image readers, by content; `format` as QImageReader names it ("bmp", "ico"...).
+std::optional<Image> DecodeWithQt(const QString& path);
+std::optional<QSize> QtHeaderSize(const QString& path);
+
+// The helper process: ImageMagick reading the file's bytes from standard input with the
+// given coder, capped in memory and time, writing PAM to standard output.
+struct HelperLimits {
+  std::chrono::milliseconds Time{20000};
+  qint64 AddressSpaceBytes = qint64(3) << 30;
+};
+
+class HelperDecoder {
+ public:
+  // The default runs ImageMagick's `convert`; tests pass a program that crashes or hangs.
+  HelperDecoder();
+  HelperDecoder(QString program, QStringList arguments, HelperLimits limits);
+
+  std::optional<Image> Decode(const QByteArray& bytes, const QString& coder) const;
+  // Writes the image in the coder's format (TGA, PCX, DCX), through the same caps.
+  std::optional<QByteArray> Encode(const Image& image, const QString& coder) const;
+
+ private:
+  std::optional<QByteArray> Run(const QByteArray& input, const QStringList& arguments) const;
+
+  QString program_;
+  QStringList arguments_;  // the caps; "%IN%" and "%OUT%" stand for the input and output
+  HelperLimits limits_;
+};
+
+// The image as PAM (P7), the helper's input when encoding.
+QByteArray ToPam(const Image& image);
+
+}  // namespace imaging

@@ -1,0 +1,132 @@
+// The legacy coders run in a helper process: ImageMagick's `convert`, fed the file's bytes
+// on standard input with the coder we chose (never the file's name, so no "coder:" prefix
+// of a user's file reaches ImageMagick), under a policy that allows only our coders, with
+// caps on memory, disk and time. A crash or runaway there costs one "Can't open file".
+#include "imaging/Decoders.h"
+#include "imaging/ImageInternal.h"
+#include "imaging/Loader.h"
+#include "imaging/Pam.h"
+
+#include <QProcess>
+#include <QDir>
+#include <QTemporaryDir>
+#include <QTemporaryFile>
+
+#include <sys/resource.h>
+
+namespace imaging {
+
+namespace {
+
+const char kPolicy[] = R"(<policymap>
+  <policy domain="coder" rights="none" pattern="*" />
+  <policy domain="coder" rights="read | write" pattern="{BMP,BMP2,BMP3,DIB,ICO,CUR,PCX,DCX,CALS,TGA,WPG,WMF,PBM,PGM,PPM,PNM,PAM}" />
+  <policy domain="delegate" rights="none" pattern="*" />
+  <policy domain="path" rights="none" pattern="@*" />
+  <policy domain="resource" name="disk" value="0" />
+</policymap>
+)";
+
+// A private folder holding our ImageMagick policy, made once per process.
+QString PolicyFolder() {
+  static QTemporaryDir folder;
+  static const bool written = [] {
+    QFile file(folder.filePath(QStringLiteral("policy.xml")));
+    return file.open(QIODevice::WriteOnly) && file.write(kPolicy) > 0;
+  }();
+  return written ? folder.path() : QString();
+}
+
+Image FromPam(const QByteArray& bytes, const PamImage& pam) {
+  const size_t pixels = size_t(pam.Width) * size_t(pam.Height) * size_t(pam.Depth);
+  auto* samples = static_cast<uchar*>(g_malloc(pixels));
+  const auto* source = reinterpret_cast<const uchar*>(bytes.constData() + pam.DataOffset);
+  for (size_t i = 0; i < pixels; ++i) samples[i] = source[i * size_t(pam.BytesPerSample)];  // high byte first
+  vips::VImage image = vips::VImage::new_from_memory_steal(samples, pixels, pam.Width, pam.Height, pam.Depth,
+                                                           VIPS_FORMAT_UCHAR);
+  const auto interpretation = pam.Depth <= 2 ? VIPS_INTERPRETATION_B_W : VIPS_INTERPRETATION_sRGB;
+  return Wrap(image.copy(vips::VImage::option()->set("interpretation", interpretation)));
+}
+
+}  // namespace
+
+HelperDecoder::HelperDecoder()
+    : HelperDecoder(QStringLiteral("convert"),
+                    {QStringLiteral("-limit"), QStringLiteral("area"), QString::number(kMaxPixels),
+                     QStringLiteral("-limit"), QStringLiteral("disk"), QStringLiteral("0"),
+                     QStringLiteral("-limit"), QStringLiteral("time"), QStringLiteral("20"),
+                     QStringLiteral("%IN%"), QStringLiteral("-depth"), QStringLiteral("8"), QStringLiteral("%OUT%")},
+                    {}) {}
+
+HelperDecoder::HelperDecoder(QString program, QStringList arguments, HelperLimits limits)
+    : program_(std::move(program)), arguments_(std::move(arguments)), limits_(limits) {}
+
+std::optional<QByteArray> HelperDecoder::Run(const QByteArray& input, const QStringList& arguments) const {
+  QProcess process;
+  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+  environment.insert(QStringLiteral("MAGICK_CONFIGURE_PATH"), PolicyFolder());
+  process.setProcessEnvironment(environment);
+  const rlim_t addressSpace = static_cast<rlim_t>(limits_.AddressSpaceBytes);
+  process.setChildProcessModifier([addressSpace] {
+    const rlimit cap{addressSpace, addressSpace};
+    setrlimit(RLIMIT_AS, &cap);
+  });
+  process.start(program_, arguments);
+  if (!process.waitForStarted()) return std::nullopt;
+  process.write(input);
+  process.closeWriteChannel();
+  if (!process.waitForFinished(static_cast<int>(limits_.Time.count()))) {
+    process.kill();
+    process.waitForFinished(2000);
+    return std::nullopt;
+  }
+  // ImageMagick exits with 1 on a warning too (a truncated file it partly recovered);
+  // what it wrote is used when it is whole. A crash or a kill gives nothing.
+  if (process.exitStatus() != QProcess::NormalExit) return std::nullopt;
+  return process.readAllStandardOutput();
+}
+
+std::optional<Image> HelperDecoder::Decode(const QByteArray& bytes, const QString& coder) const {
+  Initialize();
+  // A private copy under a name of our own: some coders (libwmf) cannot read a pipe, and
+  // the user's file name never reaches ImageMagick.
+  QTemporaryFile copy(QDir::tempPath() + QStringLiteral("/vistrel-XXXXXX.bin"));
+  if (!copy.open() || copy.write(bytes) != bytes.size() || !copy.flush()) return std::nullopt;
+  QStringList arguments = arguments_;
+  arguments.replaceInStrings(QStringLiteral("%IN%"), coder + u':' + copy.fileName() + QStringLiteral("[0]"));
+  arguments.replaceInStrings(QStringLiteral("%OUT%"), QStringLiteral("PAM:-"));
+  const auto output = Run(bytes, arguments);
+  if (!output) return std::nullopt;
+  const auto pam = ParsePam(*output, kMaxPixels);
+  if (!pam) return std::nullopt;
+  try {
+    return FromPam(*output, *pam);
+  } catch (const vips::VError&) {
+    vips_error_clear();
+    return std::nullopt;
+  }
+}
+
+std::optional<QByteArray> HelperDecoder::Encode(const Image& image, const QString& coder) const {
+  QStringList arguments = arguments_;
+  arguments.replaceInStrings(QStringLiteral("%IN%"), QStringLiteral("PAM:-"));
+  arguments.replaceInStrings(QStringLiteral("%OUT%"), coder + QStringLiteral(":-"));
+  auto output = Run(ToPam(image), arguments);
+  if (!output || output->isEmpty()) return std::nullopt;
+  return output;
+}
+
+QByteArray ToPam(const Image& image) {
+  const vips::VImage& pixels = image.Internal().image;
+  QByteArray pam = QStringLiteral("P7\nWIDTH %1\nHEIGHT %2\nDEPTH %3\nMAXVAL 255\nTUPLTYPE %4\nENDHDR\n")
+                       .arg(pixels.width())
+                       .arg(pixels.height())
+                       .arg(pixels.bands())
+                       .arg(image.HasAlpha() ? QStringLiteral("RGB_ALPHA") : QStringLiteral("RGB"))
+                       .toLatin1();
+  pam.append(static_cast<const char*>(pixels.data()),
+             static_cast<qsizetype>(pixels.width()) * pixels.height() * pixels.bands());
+  return pam;
+}
+
+}  // namespace imaging

@@ -1,0 +1,92 @@
+#include "imaging/Loader.h"
+
+#include "imaging/Decoders.h"
+#include "imaging/Sniff.h"
+
+#include <QFile>
+
+namespace imaging {
+
+namespace {
+
+constexpr qint64 kLargestHelperInput = qint64(512) << 20;
+
+QString LowerCaseExtension(const QString& path) {
+  const qsizetype dot = path.lastIndexOf(u'.');
+  const qsizetype slash = path.lastIndexOf(u'/');
+  return dot > slash ? path.mid(dot + 1).trimmed().toLower() : QString();
+}
+
+std::optional<Image> DecodeWithHelper(const QString& path, const QString& coder) {
+  QFile file(path);
+  if (coder.isEmpty() || !file.open(QIODevice::ReadOnly) || file.size() > kLargestHelperInput) return std::nullopt;
+  return HelperDecoder().Decode(file.readAll(), coder);
+}
+
+
+std::optional<Image> Decode(const QString& path, const Decision& decision, const QString& extension) {
+  switch (decision.Via) {
+    case Route::Vips:
+      return DecodeWithVips(path);
+    case Route::Qt:
+      if (auto image = DecodeWithQt(path)) return image;
+      // Qt refuses some old variants (OS/2 headers, odd bit counts); ImageMagick reads them.
+      return DecodeWithHelper(path, HelperCoderForExtension(extension).isEmpty() ? decision.Format
+                                                                                  : HelperCoderForExtension(extension));
+    case Route::Helper:
+      return DecodeWithHelper(path, decision.Format);
+    case Route::None:
+      break;
+  }
+  return std::nullopt;
+}
+
+Decision DecisionFor(const QString& path) {
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly)) return {};
+  return ChooseDecoder(file.read(32), LowerCaseExtension(path));
+}
+
+}  // namespace
+
+bool ComesInOnWhite(const QString& ext) {
+  static const QStringList kTypes = {"cur", "emf", "gif", "ico", "rle", "wmf"};
+  return kTypes.contains(ext);
+}
+
+std::optional<Loaded> LoadImage(const QString& path) {
+  const QString extension = LowerCaseExtension(path);
+  const Decision decision = DecisionFor(path);
+  std::optional<Image> image = Decode(path, decision, extension);
+  if (!image) return std::nullopt;
+  if (ComesInOnWhite(extension)) image = image->OnWhite();
+  return Loaded{*image, decision.Format};
+}
+
+std::optional<Image> LoadFile(const QString& path) {
+  auto loaded = LoadImage(path);
+  if (!loaded) return std::nullopt;
+  return loaded->Picture;
+}
+
+std::optional<QSize> ReadImageSize(const QString& path) {
+  const Decision decision = DecisionFor(path);
+  if (decision.Via == Route::Vips) return VipsHeaderSize(path);
+  if (decision.Via == Route::Qt) {
+    if (auto size = QtHeaderSize(path)) return size;
+  }
+  if (const auto image = LoadFile(path)) return QSize(image->Width(), image->Height());
+  return std::nullopt;
+}
+
+std::optional<Image> LoadFitting(const QString& path, int maxWidth, int maxHeight) {
+  const QString extension = LowerCaseExtension(path);
+  const Decision decision = DecisionFor(path);
+  std::optional<Image> image = decision.Via == Route::Vips ? DecodeWithVips(path, maxWidth, maxHeight)
+                                                          : Decode(path, decision, extension);
+  if (!image) return std::nullopt;
+  if (ComesInOnWhite(extension)) image = image->OnWhite();
+  return image->FitWithin(maxWidth, maxHeight);
+}
+
+}  // namespace imaging

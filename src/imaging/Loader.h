@@ -1,0 +1,40 @@
+#pragma once
+// Loading image files (Part 5.1's LoadImageFile without the control): every format of
+// Part 2.1's table and the ones users expect today, each by the safest decoder that
+// reads it, with a pixel limit checked from the header before any decoding.
+
+#include "imaging/Image.h"
+
+#include <QSize>
+#include <QString>
+
+#include <cstdint>
+#include <optional>
+
+namespace imaging {
+
+// Images larger than this many pixels are refused before they are decoded (as sharp does).
+inline constexpr std::int64_t kMaxPixels = 0x3FFF * 0x3FFF;
+
+struct Loaded {
+  Image Picture;
+  QString Format;  // "JPEG", "PNG", "BMP", "TGA" ...
+};
+
+// Decodes a whole file: upright by its EXIF orientation; the six types "cur", "emf",
+// "gif", "ico", "rle", "wmf" composited onto white (Part 5.1's second route).
+// nullopt when it cannot be read (the caller says "Can't open file").
+std::optional<Loaded> LoadImage(const QString& path);
+std::optional<Image> LoadFile(const QString& path);
+
+// The upright size without decoding the pixels, where the format allows it.
+std::optional<QSize> ReadImageSize(const QString& path);
+
+// Decodes at a reduced size, fitting within the box, using shrink-on-load where the
+// format has it (JPEG, WebP, HEIF), for thumbnails and fitted display.
+std::optional<Image> LoadFitting(const QString& path, int maxWidth, int maxHeight);
+
+// True for the extensions that Part 5.1 brings in by the second route.
+bool ComesInOnWhite(const QString& lowerCaseExtension);
+
+}  // namespace imaging

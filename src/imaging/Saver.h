@@ -1,0 +1,33 @@
+#pragma once
+// Saving in the twelve Save As formats of Part 5.1, by the target's extension. The user's
+// file is never overwritten in place: the encoded bytes go to a temporary file beside the
+// target, which is then renamed over it; a failure leaves the target as it was.
+
+#include "imaging/Image.h"
+
+#include <QByteArray>
+#include <QString>
+
+#include <optional>
+
+namespace imaging {
+
+struct SaveOptions {
+  // ImagXpress's SaveJPEGLumFactor and SaveJPEGChromFactor, both 13 (Part 5.1). A factor
+  // scales the quantisation tables up from best quality; libjpeg's quality 100 - factor is
+  // the mapping used (13 gives quality 87). See docs/formats.md.
+  int JpegLuminanceFactor = 13;
+  int JpegChrominanceFactor = 13;
+
+  int JpegQuality() const;
+};
+
+// The encoded file for an extension (bmp, dcx, dib, jpg, jpeg, jif, jpe, pbm, pcx, pgm,
+// png, ppm, tga, tif, tiff); nullopt for an unknown extension or a failed encoder.
+std::optional<QByteArray> EncodeImage(const Image& image, const QString& lowerCaseExtension,
+                                      const SaveOptions& options = {});
+
+// Encodes and writes atomically; false when anything failed (nothing changed on disk).
+bool SaveImage(const Image& image, const QString& path, const SaveOptions& options = {});
+
+}  // namespace imaging

@@ -1,0 +1,47 @@
+#include "imaging/Sniff.h"
+
+#include <QHash>
+
+namespace imaging {
+
+namespace {
+
+bool Starts(const QByteArray& head, const char* magic, qsizetype length) {
+  return head.size() >= length && std::equal(magic, magic + length, head.constData());
+}
+
+}  // namespace
+
+QString HelperCoderForExtension(const QString& ext) {
+  static const QHash<QString, QString> coders = {
+      {"bmp", "BMP"}, {"rle", "BMP"},   {"dib", "DIB"}, {"ico", "ICO"}, {"cur", "CUR"},  {"pcx", "PCX"},
+      {"dcx", "DCX"}, {"cal", "CALS"},  {"tga", "TGA"}, {"wpg", "WPG"}, {"wmf", "WMF"},  {"pbm", "PBM"},
+      {"pgm", "PGM"}, {"ppm", "PPM"},
+  };
+  return coders.value(ext);
+}
+
+Decision ChooseDecoder(const QByteArray& head, const QString& ext) {
+  if (Starts(head, "\xFF\xD8\xFF", 3)) return {Route::Vips, "JPEG"};
+  if (Starts(head, "\x89PNG", 4)) return {Route::Vips, "PNG"};
+  if (Starts(head, "GIF8", 4)) return {Route::Vips, "GIF"};
+  if (Starts(head, "II*\0", 4) || Starts(head, "MM\0*", 4)) return {Route::Vips, "TIFF"};
+  if (Starts(head, "RIFF", 4) && head.mid(8, 4) == "WEBP") return {Route::Vips, "WEBP"};
+  if (head.mid(4, 4) == "ftyp") return {Route::Vips, "HEIF"};
+  if (Starts(head, "BM", 2)) return {Route::Qt, "BMP"};
+  // Icons and cursors: reserved 0, type 1 or 2, then a non-zero image count (a raw
+  // true-colour TGA also starts 00 00 02 00, but its count field is 0).
+  const bool hasImages = head.size() >= 6 && (head[4] != 0 || head[5] != 0);
+  if (Starts(head, "\0\0\1\0", 4) && hasImages) return {Route::Qt, "ICO"};
+  if (Starts(head, "\0\0\2\0", 4) && hasImages) return {Route::Qt, "CUR"};
+  if (head.size() >= 2 && head[0] == 'P' && head[1] >= '1' && head[1] <= '6') {
+    static const char* const kNames[] = {"PBM", "PGM", "PPM"};
+    return {Route::Qt, kNames[(head[1] - '1') % 3]};
+  }
+  if (Starts(head, "\xFFWPC", 4)) return {Route::Helper, "WPG"};
+  const QString coder = HelperCoderForExtension(ext);
+  if (!coder.isEmpty()) return {Route::Helper, coder};
+  return {};
+}
+
+}  // namespace imaging

@@ -1,0 +1,26 @@
+#pragma once
+// Which decoder reads a file: from its first bytes, else from its extension.
+
+#include <QByteArray>
+#include <QString>
+
+namespace imaging {
+
+enum class Route {
+  Vips,    // libvips' own, fuzzed loaders in this process: JPEG, PNG, GIF, TIFF, WebP, HEIF
+  Qt,      // Qt's image readers in this process: BMP, ICO, CUR, PBM, PGM, PPM
+  Helper,  // ImageMagick in a capped helper process: the legacy formats
+  None,
+};
+
+struct Decision {
+  Route Via = Route::None;
+  QString Format;  // display name, and ImageMagick's coder for Route::Helper
+};
+
+Decision ChooseDecoder(const QByteArray& head, const QString& lowerCaseExtension);
+
+// The coder the helper uses for an extension, when the in-process reader fails.
+QString HelperCoderForExtension(const QString& lowerCaseExtension);
+
+}  // namespace imaging
