@@ -55,7 +55,10 @@ HelperDecoder::HelperDecoder()
                     {QStringLiteral("-limit"), QStringLiteral("area"), QString::number(kMaxPixels),
                      QStringLiteral("-limit"), QStringLiteral("disk"), QStringLiteral("0"),
                      QStringLiteral("-limit"), QStringLiteral("time"), QStringLiteral("20"),
-                     QStringLiteral("%IN%"), QStringLiteral("-depth"), QStringLiteral("8"), QStringLiteral("%OUT%")},
+                     // ImageMagick records a Targa's bottom-left origin as orientation
+                     // metadata rather than turning the rows; -auto-orient turns them.
+                     QStringLiteral("%IN%"), QStringLiteral("-auto-orient"), QStringLiteral("-depth"),
+                     QStringLiteral("8"), QStringLiteral("%OUT%")},
                     {}) {}
 
 HelperDecoder::HelperDecoder(QString program, QStringList arguments, HelperLimits limits)

@@ -56,7 +56,8 @@ Image Image::OnWhite() const {
 }
 
 QImage Image::ToQImage() const {
-  const vips::VImage& image = OnWhite().pixels_->image;
+  const Image flat = OnWhite();
+  const vips::VImage& image = flat.pixels_->image;
   const auto* data = static_cast<const uchar*>(image.data());
   const qsizetype stride = static_cast<qsizetype>(image.width()) * 3;
   return QImage(data, image.width(), image.height(), stride, QImage::Format_RGB888).copy();

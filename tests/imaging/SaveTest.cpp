@@ -1,0 +1,94 @@
+// Round trips through every writable format, checked by our reader and by ImageMagick's;
+// saving never destroys the original.
+#include "imaging/Loader.h"
+#include "imaging/Saver.h"
+#include "support/ImageCompare.h"
+#include "support/TestFiles.h"
+
+#include <QDir>
+#include <QProcess>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using testing_support::CorpusPath;
+using testing_support::MeanAbsoluteDifference;
+using testing_support::TempFolder;
+
+imaging::Image Hopper() { return *imaging::LoadFile(CorpusPath(QStringLiteral("formats/hopper.png"))); }
+
+// What ImageMagick, an independent reader, says of a file: "WIDTH HEIGHT".
+QString IdentifiedSize(const QString& path) {
+  QProcess identify;
+  identify.start(QStringLiteral("identify"), {QStringLiteral("-format"), QStringLiteral("%w %h"), path + QStringLiteral("[0]")});
+  identify.waitForFinished(20000);
+  return QString::fromLatin1(identify.readAllStandardOutput()).trimmed();
+}
+
+class LosslessRoundTrip : public ::testing::TestWithParam<const char*> {};
+
+TEST_P(LosslessRoundTrip, GivesBackTheSamePixels) {
+  TempFolder folder;
+  const QString path = folder.File(QStringLiteral("out.") + QLatin1String(GetParam()));
+  ASSERT_TRUE(imaging::SaveImage(Hopper(), path));
+  const auto back = imaging::LoadFile(path);
+  ASSERT_TRUE(back.has_value());
+  EXPECT_EQ(MeanAbsoluteDifference(*back, Hopper()), 0);
+  EXPECT_EQ(IdentifiedSize(path), QStringLiteral("128 128"));
+}
+
+INSTANTIATE_TEST_SUITE_P(Formats, LosslessRoundTrip,
+                         ::testing::Values("bmp", "dib", "dcx", "pcx", "png", "ppm", "tga", "tif"));
+
+TEST(SaveImage, JpegKeepsCloseToTheOriginal) {
+  TempFolder folder;
+  const QString path = folder.File(QStringLiteral("out.jpg"));
+  ASSERT_TRUE(imaging::SaveImage(Hopper(), path));
+  EXPECT_GT(testing_support::Psnr(*imaging::LoadFile(path), Hopper()), 35);
+  EXPECT_EQ(IdentifiedSize(path), QStringLiteral("128 128"));
+  EXPECT_EQ(imaging::SaveOptions{}.JpegQuality(), 87);
+}
+
+TEST(SaveImage, GreyAndBitmapFormatsKeepTheirOwnDepth) {
+  TempFolder folder;
+  const QString pgm = folder.File(QStringLiteral("out.pgm"));
+  const QString pbm = folder.File(QStringLiteral("out.pbm"));
+  ASSERT_TRUE(imaging::SaveImage(Hopper(), pgm));
+  ASSERT_TRUE(imaging::SaveImage(Hopper(), pbm));
+  const QImage grey = imaging::LoadFile(pgm)->ToQImage();
+  EXPECT_EQ(QColor(grey.pixel(40, 40)).red(), QColor(grey.pixel(40, 40)).blue());
+  EXPECT_EQ(testing_support::ColourCount(*imaging::LoadFile(pbm)), 2);
+  EXPECT_EQ(IdentifiedSize(pgm), QStringLiteral("128 128"));
+  EXPECT_EQ(IdentifiedSize(pbm), QStringLiteral("128 128"));
+}
+
+TEST(SaveImage, AJpegSavedAsJpegKeepsItsExifWithOrientationOne) {
+  TempFolder folder;
+  const QString path = folder.File(QStringLiteral("turned.jpg"));
+  ASSERT_TRUE(imaging::SaveImage(*imaging::LoadFile(CorpusPath(QStringLiteral("exif-orientation/Landscape_6.jpg"))), path));
+  QProcess identify;
+  identify.start(QStringLiteral("identify"), {QStringLiteral("-format"), QStringLiteral("%w %h %[EXIF:Orientation] %[EXIF:YResolution]"), path});
+  identify.waitForFinished(20000);
+  EXPECT_EQ(QString::fromLatin1(identify.readAllStandardOutput()).trimmed(), QStringLiteral("1800 1200 1 72/1"));
+}
+
+TEST(SaveImage, AFailedSaveLeavesTheTargetAsItWas) {
+  TempFolder folder;
+  const QString unknown = folder.WriteBytes(QStringLiteral("keep.xyz"), "original");
+  EXPECT_FALSE(imaging::SaveImage(Hopper(), unknown));
+  EXPECT_EQ(testing_support::ReadAll(unknown), QByteArray("original"));
+  const QString blocked = folder.WriteBytes(QStringLiteral("file"), "x") + QStringLiteral("/inside.png");
+  EXPECT_FALSE(imaging::SaveImage(Hopper(), blocked));
+  EXPECT_EQ(QDir(folder.Path()).entryList(QDir::Files), QStringList({"file", "keep.xyz"}));
+}
+
+TEST(SaveImage, ReplacesAnExistingFileWhole) {
+  TempFolder folder;
+  const QString path = folder.WriteBytes(QStringLiteral("photo.png"), "old bytes");
+  ASSERT_TRUE(imaging::SaveImage(Hopper(), path));
+  EXPECT_EQ(imaging::LoadFile(path)->Width(), 128);
+  EXPECT_EQ(QDir(folder.Path()).entryList(QDir::Files), QStringList{"photo.png"});
+}
+
+}  // namespace

@@ -1,0 +1,58 @@
+#include "support/ImageCompare.h"
+
+#include <QSet>
+
+#include <cmath>
+#include <limits>
+
+namespace testing_support {
+
+namespace {
+
+// Sum of squared and of absolute differences over all samples; false when sizes differ.
+bool Differences(const imaging::Image& a, const imaging::Image& b, double& squared, double& absolute, double& count) {
+  const QImage x = a.ToQImage();
+  const QImage y = b.ToQImage();
+  if (x.size() != y.size()) return false;
+  squared = absolute = 0;
+  for (int row = 0; row < x.height(); ++row) {
+    const uchar* p = x.constScanLine(row);
+    const uchar* q = y.constScanLine(row);
+    for (int i = 0; i < x.width() * 3; ++i) {
+      const double d = double(p[i]) - double(q[i]);
+      squared += d * d;
+      absolute += std::fabs(d);
+    }
+  }
+  count = double(x.width()) * x.height() * 3;
+  return true;
+}
+
+}  // namespace
+
+double MeanAbsoluteDifference(const imaging::Image& a, const imaging::Image& b) {
+  double squared = 0, absolute = 0, count = 0;
+  if (!Differences(a, b, squared, absolute, count)) return -1;
+  return absolute / count;
+}
+
+double Psnr(const imaging::Image& a, const imaging::Image& b) {
+  double squared = 0, absolute = 0, count = 0;
+  if (!Differences(a, b, squared, absolute, count)) return 0;
+  if (squared == 0) return std::numeric_limits<double>::infinity();
+  return 10 * std::log10(255.0 * 255.0 / (squared / count));
+}
+
+int ColourCount(const imaging::Image& image) {
+  const QImage x = image.ToQImage().convertToFormat(QImage::Format_RGB32);
+  QSet<QRgb> colours;
+  for (int row = 0; row < x.height(); ++row) {
+    const auto* line = reinterpret_cast<const QRgb*>(x.constScanLine(row));
+    for (int col = 0; col < x.width(); ++col) colours.insert(line[col]);
+  }
+  return static_cast<int>(colours.size());
+}
+
+QString CorpusPath(const QString& relative) { return QStringLiteral(VISTREL_CORPUS_DIR "/") + relative; }
+
+}  // namespace testing_support
