@@ -2,6 +2,7 @@
 
 #include "imaging/Decoders.h"
 #include "imaging/ImageInternal.h"
+#include "imaging/WpgEncoder.h"
 
 #include <QBuffer>
 #include <QFileInfo>
@@ -54,6 +55,7 @@ std::optional<QByteArray> EncodeImage(const Image& image, const QString& ext, co
   if (ext == "bmp" || ext == "dib") return WithQt(image, "bmp");
   if (ext == "pbm" || ext == "pgm" || ext == "ppm") return WithQt(image, ext.toLatin1().constData());
   if (ext == "tga" || ext == "pcx" || ext == "dcx") return HelperDecoder().Encode(image, ext.toUpper());
+  if (ext == "wpg") return EncodeWpg(image);
   return std::nullopt;
 }
 

@@ -23,7 +23,7 @@ struct SaveOptions {
 };
 
 // The encoded file for an extension (bmp, dcx, dib, jpg, jpeg, jif, jpe, pbm, pcx, pgm,
-// png, ppm, tga, tif, tiff); nullopt for an unknown extension or a failed encoder.
+// png, ppm, tga, tif, tiff, wpg); nullopt for an unknown extension or a failed encoder.
 std::optional<QByteArray> EncodeImage(const Image& image, const QString& lowerCaseExtension,
                                       const SaveOptions& options = {});
 
