@@ -2,6 +2,7 @@
 // command-line converters. The viewer's own command line stays Part 1.1's single path.
 //   vistrel-cli info FILE...   one line a file: PATH<TAB>FORMAT<TAB>WIDTHxHEIGHT
 //   vistrel-cli convert IN OUT load IN as the viewer does, save OUT by its extension
+//   vistrel-cli thumbnail IN OUT WIDTHxHEIGHT   the same, reduced to fit the box
 #include "imaging/Loader.h"
 #include "imaging/Saver.h"
 
@@ -12,7 +13,9 @@
 namespace {
 
 int Usage() {
-  std::fprintf(stderr, "usage: vistrel-cli info FILE...\n       vistrel-cli convert IN OUT\n");
+  std::fprintf(stderr,
+               "usage: vistrel-cli info FILE...\n       vistrel-cli convert IN OUT\n"
+               "       vistrel-cli thumbnail IN OUT WIDTHxHEIGHT\n");
   return 2;
 }
 
@@ -32,8 +35,11 @@ int Info(const QStringList& files) {
   return failures == 0 ? 0 : 1;
 }
 
-int Convert(const QString& input, const QString& output) {
-  const auto image = imaging::LoadFile(input);
+int Convert(const QString& input, const QString& output, const QString& box = {}) {
+  const QStringList sides = box.split(u'x');
+  const auto image = box.isEmpty() ? imaging::LoadFile(input)
+                     : sides.size() == 2 ? imaging::LoadFitting(input, sides[0].toInt(), sides[1].toInt())
+                                         : std::nullopt;
   if (!image) {
     Print(QStringLiteral("Can't open file"));
     return 1;
@@ -53,5 +59,8 @@ int main(int argc, char** argv) {
   const QStringList arguments = QCoreApplication::arguments().mid(1);
   if (arguments.size() >= 2 && arguments[0] == QLatin1String("info")) return Info(arguments.mid(1));
   if (arguments.size() == 3 && arguments[0] == QLatin1String("convert")) return Convert(arguments[1], arguments[2]);
+  if (arguments.size() == 4 && arguments[0] == QLatin1String("thumbnail")) {
+    return Convert(arguments[1], arguments[2], arguments[3]);
+  }
   return Usage();
 }
