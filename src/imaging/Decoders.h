@@ -33,6 +33,8 @@ class HelperDecoder {
  public:
   // The default runs ImageMagick's `convert`; tests pass a program that crashes or hangs.
   HelperDecoder();
+  // Our EMF player, `vistrel-emf`, beside the program (or in the build tree).
+  static HelperDecoder ForEmf();
   HelperDecoder(QString program, QStringList arguments, HelperLimits limits);
 
   std::optional<Image> Decode(const QByteArray& bytes, const QString& coder) const;
@@ -43,7 +45,7 @@ class HelperDecoder {
   std::optional<QByteArray> Run(const QByteArray& input, const QStringList& arguments) const;
 
   QString program_;
-  QStringList arguments_;  // the caps; "%IN%" and "%OUT%" stand for the input and output
+  QStringList arguments_;  // "%IN%" (coder:file[0]), "%FILE%" (the file) and "%OUT%" stand in
   HelperLimits limits_;
 };
 

@@ -8,7 +8,9 @@
 #include "imaging/Pam.h"
 
 #include <QProcess>
+#include <QCoreApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <QTemporaryDir>
 #include <QTemporaryFile>
 
@@ -61,6 +63,12 @@ HelperDecoder::HelperDecoder()
                      QStringLiteral("8"), QStringLiteral("%OUT%")},
                     {}) {}
 
+HelperDecoder HelperDecoder::ForEmf() {
+  QString program = QCoreApplication::applicationDirPath() + QStringLiteral("/vistrel-emf");
+  if (!QFileInfo::exists(program)) program = QStringLiteral(VISTREL_BUILD_BIN_DIR "/vistrel-emf");
+  return HelperDecoder(program, {QStringLiteral("%FILE%")}, {});
+}
+
 HelperDecoder::HelperDecoder(QString program, QStringList arguments, HelperLimits limits)
     : program_(std::move(program)), arguments_(std::move(arguments)), limits_(limits) {}
 
@@ -97,6 +105,7 @@ std::optional<Image> HelperDecoder::Decode(const QByteArray& bytes, const QStrin
   if (!copy.open() || copy.write(bytes) != bytes.size() || !copy.flush()) return std::nullopt;
   QStringList arguments = arguments_;
   arguments.replaceInStrings(QStringLiteral("%IN%"), coder + u':' + copy.fileName() + QStringLiteral("[0]"));
+  arguments.replaceInStrings(QStringLiteral("%FILE%"), copy.fileName());
   arguments.replaceInStrings(QStringLiteral("%OUT%"), QStringLiteral("PAM:-"));
   const auto output = Run(bytes, arguments);
   if (!output) return std::nullopt;

@@ -20,7 +20,8 @@ QString LowerCaseExtension(const QString& path) {
 std::optional<Image> DecodeWithHelper(const QString& path, const QString& coder) {
   QFile file(path);
   if (coder.isEmpty() || !file.open(QIODevice::ReadOnly) || file.size() > kLargestHelperInput) return std::nullopt;
-  return HelperDecoder().Decode(file.readAll(), coder);
+  const HelperDecoder helper = coder == QLatin1String("EMF") ? HelperDecoder::ForEmf() : HelperDecoder();
+  return helper.Decode(file.readAll(), coder);
 }
 
 

@@ -1,5 +1,7 @@
 #include "imaging/Sniff.h"
 
+#include "imaging/emf/EmfReader.h"
+
 #include <QHash>
 
 namespace imaging {
@@ -16,7 +18,7 @@ QString HelperCoderForExtension(const QString& ext) {
   static const QHash<QString, QString> coders = {
       {"bmp", "BMP"}, {"rle", "BMP"},   {"dib", "DIB"}, {"ico", "ICO"}, {"cur", "CUR"},  {"pcx", "PCX"},
       {"dcx", "DCX"}, {"cal", "CALS"},  {"tga", "TGA"}, {"wpg", "WPG"}, {"wmf", "WMF"},  {"pbm", "PBM"},
-      {"pgm", "PGM"}, {"ppm", "PPM"},
+      {"pgm", "PGM"}, {"ppm", "PPM"}, {"emf", "EMF"},
   };
   return coders.value(ext);
 }
@@ -39,6 +41,7 @@ Decision ChooseDecoder(const QByteArray& head, const QString& ext) {
     return {Route::Qt, kNames[(head[1] - '1') % 3]};
   }
   if (Starts(head, "\xFFWPC", 4)) return {Route::Helper, "WPG"};
+  if (emf::LooksLikeEmf(head)) return {Route::Helper, "EMF"};
   const QString coder = HelperCoderForExtension(ext);
   if (!coder.isEmpty()) return {Route::Helper, coder};
   return {};

@@ -1,0 +1,65 @@
+// Metafiles: the EMF player (in its helper process) and WMF through ImageMagick's libwmf
+// both show the corpus drawing, a red disc with a black outline, on white.
+#include "imaging/Loader.h"
+#include "imaging/emf/EmfReader.h"
+#include "imaging/emf/EmfRender.h"
+#include "support/ImageCompare.h"
+#include "support/TestFiles.h"
+
+#include <QtEndian>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using testing_support::CorpusPath;
+
+void ExpectRedDiscOnWhite(const char* file, QSize size) {
+  const auto loaded = imaging::LoadImage(CorpusPath(QLatin1String(file)));
+  ASSERT_TRUE(loaded.has_value()) << file;
+  EXPECT_EQ(QSize(loaded->Picture.Width(), loaded->Picture.Height()), size);
+  EXPECT_FALSE(loaded->Picture.HasAlpha());
+  const QImage picture = loaded->Picture.ToQImage();
+  EXPECT_EQ(QColor(picture.pixel(size.width() / 2, size.height() / 2)), QColor(255, 0, 0)) << file;
+  EXPECT_EQ(QColor(picture.pixel(1, 1)), QColor(Qt::white)) << file;
+  int dark = 0;  // the outline crosses the middle row twice
+  for (int x = 0; x < size.width(); ++x) dark += QColor(picture.pixel(x, size.height() / 2)).red() < 100 ? 1 : 0;
+  EXPECT_GE(dark, 2) << file;
+}
+
+TEST(Metafiles, TheEmfDrawingShowsAtItsFrameSizeAt96Dpi) {
+  ExpectRedDiscOnWhite("formats/drawing.emf", QSize(110, 110));  // a 29 mm frame
+}
+
+TEST(Metafiles, TheWmfDrawingShows) { ExpectRedDiscOnWhite("formats/drawing.wmf", QSize(83, 83)); }
+
+QByteArray CorpusEmf() { return testing_support::ReadAll(CorpusPath(QStringLiteral("formats/drawing.emf"))); }
+
+TEST(EmfReader, ReadsTheHeaderAndEveryRecordToEof) {
+  const QByteArray file = CorpusEmf();
+  const auto header = imaging::emf::ReadHeader(file);
+  ASSERT_TRUE(header.has_value());
+  EXPECT_EQ(header->FrameHundredthsMm, QRect(QPoint(0, 0), QPoint(2899, 2899)));
+  const auto records = imaging::emf::ReadRecords(file, 1000);
+  ASSERT_FALSE(records.empty());
+  EXPECT_EQ(records.back().Type(), 14);  // EMR_EOF
+}
+
+TEST(EmfReader, StopsAtARecordThatRunsPastTheEnd) {
+  QByteArray file = CorpusEmf();
+  const qsizetype first = qFromLittleEndian<qint32>(file.constData() + 4);
+  qToLittleEndian<quint32>(0x7FFFFFF0u, file.data() + first + 4);  // the first record claims 2 GB
+  EXPECT_TRUE(imaging::emf::ReadRecords(file, 1000).empty());
+  EXPECT_TRUE(imaging::emf::Render(file, 1 << 20).has_value());  // an empty picture, no crash
+}
+
+TEST(EmfRender, RefusesWhatIsNotAnEmfOrIsTooLarge) {
+  EXPECT_FALSE(imaging::emf::Render("not a metafile", 1 << 20).has_value());
+  QByteArray huge = CorpusEmf();
+  qToLittleEndian<qint32>(200000000, huge.data() + 32);  // a 2 km frame
+  qToLittleEndian<qint32>(200000000, huge.data() + 36);
+  EXPECT_FALSE(imaging::emf::Render(huge, imaging::kMaxPixels).has_value());
+  EXPECT_FALSE(imaging::emf::Render(CorpusEmf(), 100).has_value());
+}
+
+}  // namespace
