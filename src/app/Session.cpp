@@ -89,7 +89,7 @@ bool Session::OpenSingleFile(const QString& path, bool reportFailure) {
   s.LastFolder.clear();
   s.LastOpenKind = kOpenFile;
   state_.ViewMode = kViewImage;
-  image_ = loader_(path);
+  Load(path);
   if (!image_) {
     s.LastFile.clear();
     s.LastOpenKind = kOpenNothing;
@@ -112,9 +112,19 @@ void Session::ScanFolder() {
   shownRow_ = -1;
 }
 
+void Session::Load(const QString& path) {
+  auto loaded = loader_(path);
+  image_.reset();
+  naturalSizeTag_.clear();
+  if (!loaded) return;
+  image_ = std::move(loaded->Picture);
+  naturalSizeTag_ = loaded->NaturalSizeTag;
+}
+
 void Session::ClearCurrentImage() {
   state_.ChangeLevel = 0;
   image_.reset();
+  naturalSizeTag_.clear();
   view_.ShowImage(nullptr);
   view_.RefreshStatusBar({});
 }
@@ -133,7 +143,7 @@ void Session::ClickEntry(int row) {
   state_.ImageLoaded = false;
   ClearCurrentImage();
   shownRow_ = -1;
-  image_ = loader_(browse::JoinPath(state_.Settings.LastFolder, list_.Entry(row).FileName));
+  Load(browse::JoinPath(state_.Settings.LastFolder, list_.Entry(row).FileName));
   if (image_) {
     view_.ShowImage(&*image_);
     shownRow_ = row;

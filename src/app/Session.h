@@ -5,7 +5,9 @@
 
 #include "app/AppState.h"
 #include "browse/FileListModel.h"
+#include "files/LoadImageFile.h"
 #include "imaging/Image.h"
+#include "files/LoadImageFile.h"
 #include "imaging/Image.h"
 
 #include <functional>
@@ -31,7 +33,7 @@ enum class StartupEnd { Normal, OpenFolderDialogRan };
 
 class Session {
  public:
-  using Loader = std::function<std::optional<imaging::Image>(const QString& path)>;
+  using Loader = std::function<std::optional<files::LoadedImage>(const QString& path)>;
 
   Session(AppState& state, browse::FileListModel& list, SessionView& view, Loader loader);
 
@@ -45,6 +47,8 @@ class Session {
 
   int ShownRow() const { return shownRow_; }
   const std::optional<imaging::Image>& CurrentImage() const { return image_; }
+  // The natural size record of the image shown (Part 3.1), empty without one.
+  const QString& NaturalSizeTag() const { return naturalSizeTag_; }
   // The file whose image is shown (or was last chosen), empty when none.
   QString CurrentFilePath() const;
 
@@ -56,6 +60,7 @@ class Session {
   void OpenLastFolder();
   bool OpenSingleFile(const QString& path, bool reportFailure);
   void OpenFirstEntry();
+  void Load(const QString& path);
   void ClearCurrentImage();
   void ForgetWhatIsOpen();
 
@@ -65,6 +70,7 @@ class Session {
   Loader loader_;
   int shownRow_ = -1;  // the entry-shown flag, with the entry it names
   std::optional<imaging::Image> image_;
+  QString naturalSizeTag_;
 };
 
 }  // namespace app

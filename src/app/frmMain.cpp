@@ -1,5 +1,5 @@
 #include "app/frmMain.h"
-#include "imaging/Loader.h"
+#include "files/LoadImageFile.h"
 
 #include "app/BusyPointer.h"
 #include "app/Colors.h"
@@ -23,7 +23,7 @@ namespace app {
 frmMain::frmMain(QString settingsPath, QWidget* parent)
     : QMainWindow(parent),
       settingsPath_(std::move(settingsPath)),
-      session_(state_, list_, *this, &imaging::LoadFile),
+      session_(state_, list_, *this, [this](const QString& path) { return files::LoadImageFile(path, state_.Metrics); }),
       commands_(this) {
   setObjectName(QStringLiteral("frmMain"));
   setWindowTitle(QStringLiteral("Vistrel"));

@@ -26,7 +26,7 @@ std::optional<QSize> QtHeaderSize(const QString& path);
 // given coder, capped in memory and time, writing PAM to standard output.
 struct HelperLimits {
   std::chrono::milliseconds Time{20000};
-  qint64 AddressSpaceBytes = qint64(3) << 30;
+  qint64 AddressSpaceBytes = qint64(3) << 30;  // 0: no cap
 };
 
 class HelperDecoder {

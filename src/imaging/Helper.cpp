@@ -20,9 +20,11 @@ namespace imaging {
 
 namespace {
 
+// GROUP4 and TIFF are allowed because ImageMagick's CALS reader decodes through them;
+// we always name the coder ourselves, so no file reaches them by its own say.
 const char kPolicy[] = R"(<policymap>
   <policy domain="coder" rights="none" pattern="*" />
-  <policy domain="coder" rights="read | write" pattern="{BMP,BMP2,BMP3,DIB,ICO,CUR,PCX,DCX,CALS,TGA,WPG,WMF,PBM,PGM,PPM,PNM,PAM}" />
+  <policy domain="coder" rights="read | write" pattern="{BMP,BMP2,BMP3,DIB,ICO,CUR,PCX,DCX,CALS,GROUP4,TIFF,TGA,WPG,WMF,PBM,PGM,PPM,PNM,PAM}" />
   <policy domain="delegate" rights="none" pattern="*" />
   <policy domain="path" rights="none" pattern="@*" />
   <policy domain="resource" name="disk" value="0" />
@@ -66,7 +68,11 @@ HelperDecoder::HelperDecoder()
 HelperDecoder HelperDecoder::ForEmf() {
   QString program = QCoreApplication::applicationDirPath() + QStringLiteral("/vistrel-emf");
   if (!QFileInfo::exists(program)) program = QStringLiteral(VISTREL_BUILD_BIN_DIR "/vistrel-emf");
-  return HelperDecoder(program, {QStringLiteral("%FILE%")}, {});
+  HelperLimits limits;
+#if defined(__SANITIZE_ADDRESS__)
+  limits.AddressSpaceBytes = 0;  // our helper is AddressSanitizer-built too: its shadow needs the space
+#endif
+  return HelperDecoder(program, {QStringLiteral("%FILE%")}, limits);
 }
 
 HelperDecoder::HelperDecoder(QString program, QStringList arguments, HelperLimits limits)
@@ -78,10 +84,12 @@ std::optional<QByteArray> HelperDecoder::Run(const QByteArray& input, const QStr
   environment.insert(QStringLiteral("MAGICK_CONFIGURE_PATH"), PolicyFolder());
   process.setProcessEnvironment(environment);
   const rlim_t addressSpace = static_cast<rlim_t>(limits_.AddressSpaceBytes);
-  process.setChildProcessModifier([addressSpace] {
-    const rlimit cap{addressSpace, addressSpace};
-    setrlimit(RLIMIT_AS, &cap);
-  });
+  if (addressSpace > 0) {
+    process.setChildProcessModifier([addressSpace] {
+      const rlimit cap{addressSpace, addressSpace};
+      setrlimit(RLIMIT_AS, &cap);
+    });
+  }
   process.start(program_, arguments);
   if (!process.waitForStarted()) return std::nullopt;
   process.write(input);

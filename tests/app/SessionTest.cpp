@@ -36,7 +36,7 @@ class SessionTest : public ::testing::Test {
   SessionTest()
       : session_(state_, list_, view_, [this](const QString& path) {
           loaded_ << path;
-          return imaging::LoadFile(path);
+          return files::LoadImageFile(path, state_.Metrics);
         }) {
     state_.LoadDefaultSettings();
   }
@@ -81,6 +81,7 @@ TEST_F(SessionTest, AnUnquotedFileOpensInImageView) {
   EXPECT_EQ(state_.ViewMode, app::kViewImage);
   ASSERT_TRUE(state_.ImageLoaded);
   EXPECT_EQ(session_.CurrentImage()->Width(), 5);
+  EXPECT_EQ(session_.NaturalSizeTag(), QStringLiteral("75 60"));  // 5 x 4 pixels at 15 twips
   EXPECT_TRUE(view_.messages.isEmpty());
 }
 

@@ -1,0 +1,77 @@
+// What users of a modern viewer expect besides the legacy formats: WebP (in the corpus)
+// and HEIF/AVIF, written here by libheif through the vips command.
+#include "imaging/Loader.h"
+#include "support/ImageCompare.h"
+#include "support/TestFiles.h"
+
+#include <QProcess>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using testing_support::CorpusPath;
+
+class HeifFamily : public ::testing::TestWithParam<const char*> {};
+
+TEST_P(HeifFamily, OpensWhatLibheifWrote) {
+  testing_support::TempFolder folder;
+  const QString path = folder.File(QStringLiteral("hopper.") + QLatin1String(GetParam()));
+  QProcess vips;
+  vips.start(QStringLiteral("vips"), {QStringLiteral("copy"), CorpusPath(QStringLiteral("formats/hopper.png")), path});
+  ASSERT_TRUE(vips.waitForFinished(60000));
+  ASSERT_EQ(vips.exitCode(), 0) << vips.readAllStandardError().toStdString();
+  const auto loaded = imaging::LoadImage(path);
+  ASSERT_TRUE(loaded.has_value());
+  EXPECT_EQ(loaded->Format, QStringLiteral("HEIF"));
+  EXPECT_EQ(loaded->Picture.Width(), 128);
+  EXPECT_GT(testing_support::Psnr(loaded->Picture, *imaging::LoadFile(CorpusPath(QStringLiteral("formats/hopper.png")))), 25);
+}
+
+INSTANTIATE_TEST_SUITE_P(Formats, HeifFamily, ::testing::Values("avif", "heic"));
+
+TEST(WebP, Opens) {
+  const auto loaded = imaging::LoadImage(CorpusPath(QStringLiteral("formats/hopper.webp")));
+  ASSERT_TRUE(loaded.has_value());
+  EXPECT_EQ(loaded->Format, QStringLiteral("WEBP"));
+}
+
+}  // namespace
+
+namespace {
+
+// Legacy types the corpus lacks or names differently.
+TEST(LegacyFormats, CalsWrittenByImageMagickOpens) {
+  testing_support::TempFolder folder;
+  const QString path = folder.File(QStringLiteral("scan.cal"));
+  QProcess convert;
+  convert.start(QStringLiteral("convert"), {CorpusPath(QStringLiteral("formats/hopper.png")), QStringLiteral("-monochrome"), path});
+  ASSERT_TRUE(convert.waitForFinished(60000));
+  ASSERT_EQ(convert.exitCode(), 0);
+  const auto loaded = imaging::LoadImage(path);
+  ASSERT_TRUE(loaded.has_value());
+  EXPECT_EQ(loaded->Format, QStringLiteral("CALS"));
+  EXPECT_EQ(loaded->Picture.Width(), 128);
+  EXPECT_EQ(testing_support::ColourCount(loaded->Picture), 2);
+}
+
+TEST(LegacyFormats, OtherExtensionsOfTheSameFormatsOpen) {
+  testing_support::TempFolder folder;
+  const struct {
+    const char* source;
+    const char* name;
+  } copies[] = {{"bmpsuite-good/pal8rle.bmp", "run.rle"}, {"bmpsuite-good/pal4rle.bmp", "RUN4.RLE"},
+                {"formats/hopper.jpg", "a.jpe"},          {"formats/hopper.jpg", "a.jif"},
+                {"formats/hopper.tif", "a.tiff"},         {"formats/clipboard.dib", "b.dib"}};
+  for (const auto& copy : copies) {
+    const QString path = folder.WriteBytes(QLatin1String(copy.name), testing_support::ReadAll(CorpusPath(QLatin1String(copy.source))));
+    const auto loaded = imaging::LoadFile(path);
+    ASSERT_TRUE(loaded.has_value()) << copy.name;
+    EXPECT_EQ(loaded->Width(), imaging::LoadFile(CorpusPath(QLatin1String(copy.source)))->Width()) << copy.name;
+    if (QLatin1String(copy.name).endsWith(QLatin1String("rle"), Qt::CaseInsensitive)) {
+      EXPECT_FALSE(loaded->HasAlpha()) << copy.name;  // a second-route type: on white
+    }
+  }
+}
+
+}  // namespace
