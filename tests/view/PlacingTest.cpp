@@ -1,0 +1,87 @@
+// Part 3.1's placing step: bars only where needed, centring otherwise, ranges, steps,
+// and the view position kept across zoom steps or brought to the selection.
+#include "view/Placing.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using view::Pending;
+using view::PlaceImage;
+using view::PlacingInput;
+
+// A 600 x 400 pixel panel with 17-pixel bars, at 15 twips per pixel.
+PlacingInput Panel(float controlWidthPx, float controlHeightPx, int percentage = 100) {
+  PlacingInput in;
+  in.PanelWidth = 600 * 15;
+  in.PanelHeight = 400 * 15;
+  in.VerticalBarWidth = 17 * 15;
+  in.HorizontalBarHeight = 17 * 15;
+  in.ControlWidth = controlWidthPx * 15;
+  in.ControlHeight = controlHeightPx * 15;
+  in.ImageLoaded = true;
+  in.Percentage = percentage;
+  return in;
+}
+
+TEST(Placing, ASmallImageIsCentredWithoutBars) {
+  const auto out = PlaceImage(Panel(200, 100));
+  EXPECT_FALSE(out.Horizontal.Visible);
+  EXPECT_FALSE(out.Vertical.Visible);
+  EXPECT_FALSE(out.CornerVisible);
+  EXPECT_EQ(out.ControlLeft, 200 * 15);
+  EXPECT_EQ(out.ControlTop, 150 * 15);
+}
+
+TEST(Placing, NoImageNeedsNoBars) {
+  PlacingInput in = Panel(2000, 2000);
+  in.ImageLoaded = false;
+  const auto out = PlaceImage(in);
+  EXPECT_FALSE(out.Horizontal.Visible || out.Vertical.Visible);
+}
+
+TEST(Placing, AWideImageGetsAHorizontalBarOnlyAndStaysCentredVertically) {
+  const auto out = PlaceImage(Panel(1000, 300));
+  ASSERT_TRUE(out.Horizontal.Visible);
+  EXPECT_FALSE(out.Vertical.Visible);
+  EXPECT_EQ(out.Horizontal.Maximum, 400);  // 1000 - 600
+  EXPECT_EQ(out.Horizontal.Value, 0);
+  EXPECT_EQ(out.ControlLeft, 0);
+  EXPECT_EQ(out.ControlTop, (383 - 300) * 15 / 2.0f);  // centred in the panel above the bar
+  EXPECT_EQ(out.Horizontal.SmallChange, 2);
+  EXPECT_EQ(out.Horizontal.LargeChange, 24);
+}
+
+TEST(Placing, BothBarsShowTheCornerAndShrinkEachOthersRange) {
+  const auto out = PlaceImage(Panel(1000, 800, 10));
+  ASSERT_TRUE(out.Horizontal.Visible && out.Vertical.Visible);
+  EXPECT_TRUE(out.CornerVisible);
+  EXPECT_EQ(out.Horizontal.Maximum, 1000 - 583);
+  EXPECT_EQ(out.Vertical.Maximum, 800 - 383);
+  EXPECT_EQ(out.Vertical.SmallChange, 1);
+  EXPECT_EQ(out.Vertical.LargeChange, 3);
+}
+
+TEST(Placing, AZoomStepKeepsTheRelativePosition) {
+  PlacingInput in = Panel(2000, 300);
+  in.PendingFlag = Pending::ZoomStep;
+  in.PreviousHorizontal = {true, 700, 175, 2, 24};  // a quarter of the way
+  const auto out = PlaceImage(in);
+  EXPECT_EQ(out.Horizontal.Maximum, 1400);
+  EXPECT_EQ(out.Horizontal.Value, 350);
+  EXPECT_EQ(out.ControlLeft, -350 * 15);
+  in.PreviousHorizontal = {};  // the bar was not shown: the middle
+  EXPECT_EQ(PlaceImage(in).Horizontal.Value, 700);
+}
+
+TEST(Placing, ZoomToSelectionBringsTheSelectionsCentreToTheMiddle) {
+  PlacingInput in = Panel(2000, 1500, 200);  // a 1000 x 750 image at 200 %
+  in.PendingFlag = Pending::ZoomToSelection;
+  in.Selection = {600 * 15, 400 * 15, 100 * 15, 100 * 15};  // centre at 650, 450 image pixels
+  const auto out = PlaceImage(in);
+  // horizontally: 9750 - (583 x 15 / 2) / 2 = 7563.75 twips, rounded 7564, \ 15 = 504
+  EXPECT_EQ(out.Horizontal.Value, 504);
+  EXPECT_EQ(out.Vertical.Value, 354);  // 6750 - (383 x 15 / 2) / 2 = 5313.75 twips, 5314 \ 15 = 354
+}
+
+}  // namespace
