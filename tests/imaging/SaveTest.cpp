@@ -16,7 +16,7 @@ using testing_support::CorpusPath;
 using testing_support::MeanAbsoluteDifference;
 using testing_support::TempFolder;
 
-imaging::Image Hopper() { return *imaging::LoadFile(CorpusPath(QStringLiteral("formats/hopper.png"))); }
+imaging::Image Hopper() { return imaging::LoadFile(CorpusPath(QStringLiteral("formats/hopper.png"))).value(); }
 
 // What ImageMagick, an independent reader, says of a file: "WIDTH HEIGHT".
 QString IdentifiedSize(const QString& path) {
@@ -45,7 +45,7 @@ TEST(SaveImage, JpegKeepsCloseToTheOriginal) {
   TempFolder folder;
   const QString path = folder.File(QStringLiteral("out.jpg"));
   ASSERT_TRUE(imaging::SaveImage(Hopper(), path));
-  EXPECT_GT(testing_support::Psnr(*imaging::LoadFile(path), Hopper()), 35);
+  EXPECT_GT(testing_support::Psnr(imaging::LoadFile(path).value(), Hopper()), 35);
   EXPECT_EQ(IdentifiedSize(path), QStringLiteral("128 128"));
   EXPECT_EQ(imaging::SaveOptions{}.JpegQuality(), 87);
 }
@@ -56,9 +56,9 @@ TEST(SaveImage, GreyAndBitmapFormatsKeepTheirOwnDepth) {
   const QString pbm = folder.File(QStringLiteral("out.pbm"));
   ASSERT_TRUE(imaging::SaveImage(Hopper(), pgm));
   ASSERT_TRUE(imaging::SaveImage(Hopper(), pbm));
-  const QImage grey = imaging::LoadFile(pgm)->ToQImage();
+  const QImage grey = imaging::LoadFile(pgm).value().ToQImage();
   EXPECT_EQ(QColor(grey.pixel(40, 40)).red(), QColor(grey.pixel(40, 40)).blue());
-  EXPECT_EQ(testing_support::ColourCount(*imaging::LoadFile(pbm)), 2);
+  EXPECT_EQ(testing_support::ColourCount(imaging::LoadFile(pbm).value()), 2);
   EXPECT_EQ(IdentifiedSize(pgm), QStringLiteral("128 128"));
   EXPECT_EQ(IdentifiedSize(pbm), QStringLiteral("128 128"));
 }
@@ -66,7 +66,7 @@ TEST(SaveImage, GreyAndBitmapFormatsKeepTheirOwnDepth) {
 TEST(SaveImage, AJpegSavedAsJpegKeepsItsExifWithOrientationOne) {
   TempFolder folder;
   const QString path = folder.File(QStringLiteral("turned.jpg"));
-  ASSERT_TRUE(imaging::SaveImage(*imaging::LoadFile(CorpusPath(QStringLiteral("exif-orientation/Landscape_6.jpg"))), path));
+  ASSERT_TRUE(imaging::SaveImage(imaging::LoadFile(CorpusPath(QStringLiteral("exif-orientation/Landscape_6.jpg"))).value(), path));
   QProcess identify;
   identify.start(QStringLiteral("identify"), {QStringLiteral("-format"), QStringLiteral("%w %h %[EXIF:Orientation] %[EXIF:YResolution]"), path});
   identify.waitForFinished(20000);
@@ -87,7 +87,7 @@ TEST(SaveImage, ReplacesAnExistingFileWhole) {
   TempFolder folder;
   const QString path = folder.WriteBytes(QStringLiteral("photo.png"), "old bytes");
   ASSERT_TRUE(imaging::SaveImage(Hopper(), path));
-  EXPECT_EQ(imaging::LoadFile(path)->Width(), 128);
+  EXPECT_EQ(imaging::LoadFile(path).value().Width(), 128);
   EXPECT_EQ(QDir(folder.Path()).entryList(QDir::Files), QStringList{"photo.png"});
 }
 

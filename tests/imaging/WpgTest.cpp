@@ -69,6 +69,7 @@ TEST(Wpg, AFewColoursComeBackExactlyThroughImageMagick) {
 
 TEST(Wpg, APhotoComesBackInTwoHundredAndFiftySixColours) {
   const auto photo = imaging::LoadFile(CorpusPath(QStringLiteral("formats/hopper.png")));
+  ASSERT_TRUE(photo.has_value());
   TempFolder folder;
   const QString path = folder.File(QStringLiteral("photo.wpg"));
   ASSERT_TRUE(imaging::SaveImage(*photo, path));
