@@ -8,6 +8,8 @@
 
 #include <QtEndian>
 
+#include <limits>
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -39,7 +41,7 @@ TEST(EmfReader, ReadsTheHeaderAndEveryRecordToEof) {
   const QByteArray file = CorpusEmf();
   const auto header = imaging::emf::ReadHeader(file);
   ASSERT_TRUE(header.has_value());
-  EXPECT_EQ(header->FrameHundredthsMm, QRect(QPoint(0, 0), QPoint(2899, 2899)));
+  EXPECT_EQ(header->FrameHundredthsMm, (imaging::emf::Box{0, 0, 2899, 2899}));
   const auto records = imaging::emf::ReadRecords(file, 1000);
   ASSERT_FALSE(records.empty());
   EXPECT_EQ(records.back().Type(), 14);  // EMR_EOF
@@ -51,6 +53,16 @@ TEST(EmfReader, StopsAtARecordThatRunsPastTheEnd) {
   qToLittleEndian<quint32>(0x7FFFFFF0u, file.data() + first + 4);  // the first record claims 2 GB
   EXPECT_TRUE(imaging::emf::ReadRecords(file, 1000).empty());
   EXPECT_TRUE(imaging::emf::Render(file, 1 << 20).has_value());  // an empty picture, no crash
+}
+
+TEST(EmfRender, ExtremeHeaderRectanglesDoNotOverflow) {
+  // Found by the fuzzer: bounds of INT_MIN..INT_MAX overflowed a 32-bit width.
+  QByteArray file = CorpusEmf();
+  for (const qsizetype at : {8, 24}) {
+    qToLittleEndian<qint32>(std::numeric_limits<qint32>::min(), file.data() + at);
+    qToLittleEndian<qint32>(std::numeric_limits<qint32>::max(), file.data() + at + 8);
+  }
+  EXPECT_FALSE(imaging::emf::Render(file, imaging::kMaxPixels).has_value());
 }
 
 TEST(EmfRender, RefusesWhatIsNotAnEmfOrIsTooLarge) {

@@ -3,6 +3,7 @@
 #include <QImage>
 
 #include <cmath>
+#include <cstdlib>
 
 namespace imaging::emf {
 
@@ -54,12 +55,15 @@ QTransform XForm(const Record& r, qsizetype o) {
 
 Player::Player(const Header& header, QImage& target) : header_(header), painter_(&target) {
   painter_.setRenderHint(QPainter::Antialiasing);
-  const QRectF frame = header.FrameHundredthsMm;
+  const Box& frame = header.FrameHundredthsMm;
   const double pxPerMmX = double(header.DevicePixels.width()) / header.DeviceMillimetres.width();
   const double pxPerMmY = double(header.DevicePixels.height()) / header.DeviceMillimetres.height();
-  QRectF device(frame.left() / 100 * pxPerMmX, frame.top() / 100 * pxPerMmY, frame.width() / 100 * pxPerMmX,
-                frame.height() / 100 * pxPerMmY);
-  if (device.width() <= 0 || device.height() <= 0) device = QRectF(header.Bounds);
+  QRectF device(frame.Left / 100.0 * pxPerMmX, frame.Top / 100.0 * pxPerMmY, double(frame.Width()) / 100 * pxPerMmX,
+                double(frame.Height()) / 100 * pxPerMmY);
+  if (device.width() <= 0 || device.height() <= 0) {
+    device = QRectF(header.Bounds.Left, header.Bounds.Top, double(header.Bounds.Width()) + 1,
+                    double(header.Bounds.Height()) + 1);
+  }
   if (device.width() <= 0 || device.height() <= 0) device = QRectF(0, 0, 1, 1);
   deviceToOutput_ = QTransform::fromTranslate(-device.left(), -device.top()) *
                     QTransform::fromScale(target.width() / device.width(), target.height() / device.height());
@@ -209,7 +213,7 @@ void Player::PlayObjects(const Record& r) {
     case kCreateFont: {
       if (!known) break;
       QFont font(r.Utf16(32, 32).section(QChar(0), 0, 0));
-      font.setPixelSize(std::clamp(std::abs(r.Int(4)), 1, 10000));
+      font.setPixelSize(static_cast<int>(std::clamp<std::int64_t>(std::llabs(r.Int(4)), 1, 10000)));
       font.setWeight(r.Int(20) >= 600 ? QFont::Bold : QFont::Normal);
       font.setItalic(r.Has(24, 1) && r.Short(24) & 0xFF);
       objects_[handle] = font;
@@ -250,10 +254,10 @@ void Player::PlayState(const Record& r) {
       if (saved_.size() < kMostSavedStates) saved_.push_back(dc_);
       break;
     case kRestoreDc: {
-      const int relative = r.Int(0);
-      if (relative < 0 && std::size_t(-relative) <= saved_.size()) {
-        dc_ = saved_[saved_.size() - std::size_t(-relative)];
-        saved_.resize(saved_.size() - std::size_t(-relative));
+      const std::int64_t back = -std::int64_t(r.Int(0));  // a negative count, relative to now
+      if (back > 0 && std::uint64_t(back) <= saved_.size()) {
+        dc_ = saved_[saved_.size() - std::size_t(back)];
+        saved_.resize(saved_.size() - std::size_t(back));
       }
       break;
     }

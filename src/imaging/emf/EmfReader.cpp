@@ -64,7 +64,7 @@ std::optional<Header> ReadHeader(const QByteArray& file) {
   if (!LooksLikeEmf(file)) return std::nullopt;
   const char* d = file.constData();
   const qsizetype n = file.size();
-  const auto rect = [&](qsizetype o) { return QRect(QPoint(IntAt(d, n, o), IntAt(d, n, o + 4)), QPoint(IntAt(d, n, o + 8), IntAt(d, n, o + 12))); };
+  const auto rect = [&](qsizetype o) { return Box{IntAt(d, n, o), IntAt(d, n, o + 4), IntAt(d, n, o + 8), IntAt(d, n, o + 12)}; };
   Header header;
   header.Bounds = rect(8);
   header.FrameHundredthsMm = rect(24);

@@ -12,9 +12,17 @@
 
 namespace imaging::emf {
 
+// A rectangle as the file stores it; extents in 64 bits, since any 32-bit values may come.
+struct Box {
+  std::int32_t Left = 0, Top = 0, Right = 0, Bottom = 0;
+  std::int64_t Width() const { return std::int64_t(Right) - Left; }
+  std::int64_t Height() const { return std::int64_t(Bottom) - Top; }
+  bool operator==(const Box&) const = default;
+};
+
 struct Header {
-  QRect Bounds;             // device units, inclusive
-  QRect FrameHundredthsMm;  // 0.01 mm, inclusive
+  Box Bounds;             // device units, inclusive
+  Box FrameHundredthsMm;  // 0.01 mm, inclusive
   QSize DevicePixels;       // the reference device, in pixels
   QSize DeviceMillimetres;  // and in millimetres
   int Handles = 0;

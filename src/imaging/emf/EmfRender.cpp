@@ -2,6 +2,7 @@
 
 #include "imaging/emf/EmfPlayer.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace imaging::emf {
@@ -11,12 +12,19 @@ constexpr std::size_t kMostRecords = 1'000'000;
 constexpr int kLargestSide = 16383;
 }  // namespace
 
+
 QSize OutputSize(const Header& header) {
-  const QRect& frame = header.FrameHundredthsMm;
-  const auto pixels = [](qint64 hundredthsMm) { return static_cast<int>(std::lround(hundredthsMm * 96.0 / 2540.0)); };
-  QSize size(pixels(qint64(frame.right()) - frame.left()), pixels(qint64(frame.bottom()) - frame.top()));
-  if (size.width() <= 0 || size.height() <= 0) size = header.Bounds.size();
-  return size;
+  const Box& frame = header.FrameHundredthsMm;
+  const auto fromFrame = [](std::int64_t hundredthsMm) { return double(hundredthsMm) * 96.0 / 2540.0; };
+  double width = fromFrame(frame.Width());
+  double height = fromFrame(frame.Height());
+  if (width < 0.5 || height < 0.5) {
+    width = double(header.Bounds.Width()) + 1;
+    height = double(header.Bounds.Height()) + 1;
+  }
+  // Anything beyond the largest side is refused by the caller; clamp before converting.
+  const auto side = [](double v) { return static_cast<int>(std::lround(std::clamp(v, -1.0, double(kLargestSide) + 1))); };
+  return QSize(side(width), side(height));
 }
 
 std::optional<QImage> Render(const QByteArray& file, std::int64_t maxPixels) {
