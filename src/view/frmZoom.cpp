@@ -1,0 +1,86 @@
+#include "view/frmZoom.h"
+
+#include "app/Fonts.h"
+#include "app/Help.h"
+#include "view/Zoom.h"
+
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTimer>
+#include <QVBoxLayout>
+
+namespace view {
+
+namespace {
+const QString kCaption = QStringLiteral("Zoom Functions");
+}
+
+frmZoom::frmZoom(int percentage, QWidget* parent) : QDialog(parent), value_(percentage) {
+  setObjectName(QStringLiteral("frmZoom"));
+  setWindowTitle(kCaption);
+  app::ApplyTahomaFont(*this);
+  cboZoom_ = new QComboBox(this);
+  cboZoom_->setObjectName(QStringLiteral("cboZoom"));
+  cboZoom_->setEditable(true);
+  cboZoom_->setInsertPolicy(QComboBox::NoInsert);
+  cboZoom_->addItems(ZoomDialogChoices());
+  cboZoom_->setEditText(QString::number(percentage) + u'%');
+  cboZoom_->lineEdit()->installEventFilter(this);
+  auto* ok = new QPushButton(QStringLiteral("OK"), this);
+  ok->setObjectName(QStringLiteral("cmdAceptar"));
+  ok->setDefault(true);
+  auto* cancel = new QPushButton(QStringLiteral("Cancel"), this);
+  cancel->setObjectName(QStringLiteral("cmdCancelar"));
+  connect(ok, &QPushButton::clicked, this, &frmZoom::AcceptIfValid);
+  connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+  auto* buttons = new QHBoxLayout;
+  buttons->addStretch();
+  buttons->addWidget(ok);
+  buttons->addWidget(cancel);
+  auto* layout = new QVBoxLayout(this);
+  layout->addWidget(cboZoom_);
+  layout->addLayout(buttons);
+  cboZoom_->setFocus();
+}
+
+bool frmZoom::eventFilter(QObject* watched, QEvent* event) {
+  auto* edit = cboZoom_->lineEdit();
+  if (watched == edit && event->type() == QEvent::FocusIn) {
+    QTimer::singleShot(0, edit, &QLineEdit::selectAll);  // after the focus change settles
+  }
+  if (watched == edit && event->type() == QEvent::KeyPress) {
+    const QString text = static_cast<QKeyEvent*>(event)->text();
+    if (!text.isEmpty() && !ZoomDialogAcceptsCharacter(text.front(), edit->text(), edit->hasSelectedText())) {
+      return true;  // refused
+    }
+  }
+  return QDialog::eventFilter(watched, event);
+}
+
+void frmZoom::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_F1) {
+    app::ShowHelpTopic(kCaption);
+    return;
+  }
+  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+    AcceptIfValid();
+    return;
+  }
+  QDialog::keyPressEvent(event);
+}
+
+void frmZoom::AcceptIfValid() {
+  if (const auto value = ZoomDialogValue(cboZoom_->currentText())) {
+    value_ = *value;
+    accept();
+    return;
+  }
+  QMessageBox::warning(this, kCaption, ZoomDialogRangeMessage());
+  cboZoom_->setFocus();
+}
+
+}  // namespace view

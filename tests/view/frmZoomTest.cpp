@@ -1,0 +1,74 @@
+// frmZoom on the offscreen platform, typed into as a user would.
+#include "app/Help.h"
+#include "support/DialogAnswerer.h"
+#include "view/frmZoom.h"
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QtTest/QTest>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+QLineEdit* Box(view::frmZoom& dialog) { return dialog.findChild<QComboBox*>(QStringLiteral("cboZoom"))->lineEdit(); }
+
+void Retype(QLineEdit* box, const QString& text) {
+  box->selectAll();
+  QTest::keyClick(box, Qt::Key_Delete);
+  QTest::keyClicks(box, text);
+}
+
+TEST(frmZoom, ShowsTheCurrentZoomAndTheChoices) {
+  view::frmZoom dialog(120);
+  EXPECT_EQ(dialog.windowTitle(), QStringLiteral("Zoom Functions"));
+  auto* combo = dialog.findChild<QComboBox*>(QStringLiteral("cboZoom"));
+  EXPECT_EQ(combo->currentText(), QStringLiteral("120%"));
+  EXPECT_EQ(combo->count(), 7);
+  EXPECT_EQ(combo->itemText(6), QStringLiteral("1000%"));
+}
+
+TEST(frmZoom, EnterAcceptsTheLeadingNumber) {
+  view::frmZoom dialog(100);
+  dialog.show();
+  Retype(Box(dialog), QStringLiteral("0150%"));
+  QTest::keyClick(Box(dialog), Qt::Key_Return);
+  EXPECT_EQ(dialog.result(), QDialog::Accepted);
+  EXPECT_EQ(dialog.Value(), 150);
+}
+
+TEST(frmZoom, RefusesLettersAndASeventhCharacter) {
+  view::frmZoom dialog(100);
+  dialog.show();
+  Retype(Box(dialog), QStringLiteral("1x2%34567"));
+  EXPECT_EQ(Box(dialog)->text(), QStringLiteral("12%345"));
+}
+
+TEST(frmZoom, OutOfRangeValuesAreRefusedAndTheDialogStays) {
+  view::frmZoom dialog(100);
+  dialog.show();
+  Retype(Box(dialog), QStringLiteral("5%"));
+  testing_support::DialogAnswerer answerer;
+  QTest::mouseClick(dialog.findChild<QPushButton*>(QStringLiteral("cmdAceptar")), Qt::LeftButton);
+  EXPECT_EQ(answerer.LastText(), QStringLiteral("Please enter a value between 10% and 1000%"));
+  EXPECT_EQ(answerer.LastTitle(), QStringLiteral("Zoom Functions"));
+  EXPECT_TRUE(dialog.isVisible());
+  Retype(Box(dialog), QStringLiteral("1000%"));
+  QTest::keyClick(Box(dialog), Qt::Key_Return);
+  EXPECT_EQ(dialog.Value(), 1000);
+}
+
+TEST(frmZoom, EscapeCancelsAndF1AsksForZoomFunctions) {
+  QString topic;
+  app::SetHelpHandler([&](const QString& asked) { topic = asked; });
+  view::frmZoom dialog(100);
+  dialog.show();
+  QTest::keyClick(&dialog, Qt::Key_F1);
+  app::SetHelpHandler({});
+  EXPECT_EQ(topic, QStringLiteral("Zoom Functions"));
+  QTest::keyClick(Box(dialog), Qt::Key_Escape);
+  EXPECT_EQ(dialog.result(), QDialog::Rejected);
+}
+
+}  // namespace
