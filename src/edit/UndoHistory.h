@@ -1,0 +1,102 @@
+#pragma once
+// The undo and redo history of Part 4.4 without widgets: eight slots (`picUndo`), the
+// steps `UndoHistory` with `UndoCurrent` and `UndoCount`, the slot search of
+// `PushUndoStep` (including its intended refusal when no slot is free), the moves, the
+// captions and `ChangeLevel`. `Picture` is what a slot holds: the whole image, or a form
+// of it that costs less memory.
+
+#include <QString>
+
+#include <array>
+#include <optional>
+
+namespace edit {
+
+struct UndoMove {
+  QString Name;      // Undo: the state left; Redo: the state entered
+  int Slot = 0;      // the slot holding the picture to show now
+  bool SizeChanges;  // "crop", "resize" or "rotate": the selection goes first
+};
+
+template <typename Picture>
+class UndoHistory {
+ public:
+  static constexpr int kSlots = 8;
+
+  void Clear() {
+    count_ = 0;
+    current_ = -1;
+    pictures_.fill(std::nullopt);
+  }
+
+  // PushUndoStep: false when no slot is free and nothing was recorded.
+  bool Push(Picture picture, const QString& name, int& changeLevel) {
+    const bool full = current_ >= kSlots - 1;
+    std::array<bool, kSlots> used{};
+    for (int i = full ? 1 : 0; i < count_; ++i) used[static_cast<size_t>(steps_[static_cast<size_t>(i)].Slot)] = true;
+    int slot = 0;
+    while (slot < kSlots && used[static_cast<size_t>(slot)]) ++slot;
+    if (slot == kSlots) return false;
+    pictures_[static_cast<size_t>(slot)] = std::move(picture);
+    if (full) {
+      for (int i = 1; i < kSlots; ++i) steps_[static_cast<size_t>(i - 1)] = steps_[static_cast<size_t>(i)];
+    } else {
+      ++current_;
+    }
+    steps_[static_cast<size_t>(current_)] = {slot, name};
+    count_ = current_ + 1;
+    changeLevel = name.isEmpty() ? 0 : std::min(changeLevel + 1, 2);
+    return true;
+  }
+
+  bool CanUndo() const { return count_ > 0 && current_ > 0; }
+  bool CanRedo() const { return count_ >= 1 && current_ >= 0 && current_ < count_ - 1; }
+
+  std::optional<UndoMove> Undo() {
+    if (!CanUndo()) return std::nullopt;
+    const QString left = steps_[static_cast<size_t>(current_)].Name;
+    --current_;
+    return UndoMove{left, steps_[static_cast<size_t>(current_)].Slot, ChangesSize(left)};
+  }
+
+  std::optional<UndoMove> Redo() {
+    if (!CanRedo()) return std::nullopt;
+    ++current_;
+    const auto& entered = steps_[static_cast<size_t>(current_)];
+    return UndoMove{entered.Name, entered.Slot, ChangesSize(entered.Name)};
+  }
+
+  const std::optional<Picture>& PictureIn(int slot) const { return pictures_.at(static_cast<size_t>(slot)); }
+
+  // UpdateUndoCaptions: "&Undo Blur" / "&Undo", and the toolbar's "Undo Blur" / "Undo".
+  QString UndoCaption() const { return Caption(QStringLiteral("&Undo"), UndoName()); }
+  QString RedoCaption() const { return Caption(QStringLiteral("&Redo"), RedoName()); }
+  QString UndoTooltip() const { return Caption(QStringLiteral("Undo"), UndoName()); }
+  QString RedoTooltip() const { return Caption(QStringLiteral("Redo"), RedoName()); }
+
+  int Current() const { return current_; }
+  int Count() const { return count_; }
+
+ private:
+  struct Step {
+    int Slot = 0;
+    QString Name;
+  };
+
+  static bool ChangesSize(const QString& name) {
+    const QString lower = name.toLower();
+    return lower == QLatin1String("crop") || lower == QLatin1String("resize") || lower == QLatin1String("rotate");
+  }
+  QString UndoName() const { return CanUndo() ? steps_[static_cast<size_t>(current_)].Name : QString(); }
+  QString RedoName() const { return CanRedo() ? steps_[static_cast<size_t>(current_ + 1)].Name : QString(); }
+  static QString Caption(const QString& command, const QString& name) {
+    return name.isEmpty() ? command : command + u' ' + name;
+  }
+
+  std::array<Step, kSlots> steps_{};
+  std::array<std::optional<Picture>, kSlots> pictures_{};
+  int current_ = -1;
+  int count_ = 0;
+};
+
+}  // namespace edit
