@@ -6,7 +6,7 @@
 #include "app/SettingsFile.h"
 #include "app/Vb.h"
 #include "files/SaveChanges.h"
-#include "view/ImagePanel.h"
+#include "view/Viewport.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -142,7 +142,12 @@ void frmMain::OnSplitterMoved() {
   state_.Settings.SplitterPos = static_cast<float>(lisLista_->width()) * state_.Metrics.TwipsPerPixelX;
 }
 
-void frmMain::ShowImage(const imaging::Image* image) { picFondo_->SetImage(image); }
+void frmMain::ShowImage(const imaging::Image* image) {
+  picFondo_->SetAlwaysFit(state_.Settings.FitToWindow);
+  picFondo_->SetImage(image ? std::optional<imaging::Image>(*image) : std::nullopt, session_.NaturalSizeTag());
+  if (image && state_.Settings.FitToWindow) picFondo_->ApplyZoom(picFondo_->FitPercentage());
+  commands_.Refresh();
+}
 
 void frmMain::SetViewMode(int mode) {
   state_.ViewMode = mode;

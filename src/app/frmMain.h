@@ -17,7 +17,7 @@ class QToolBar;
 class QTreeView;
 
 namespace view {
-class ImagePanel;
+class Viewport;
 }
 
 namespace app {
@@ -35,6 +35,7 @@ class frmMain : public QMainWindow, public SessionView {
   Session& CurrentSession() { return session_; }
   browse::FileListModel& ListModel() { return list_; }
   const CommandRegistry& Commands() const { return commands_; }
+  view::Viewport& ImageView() { return *picFondo_; }
 
   // SessionView
   void ShowExclamation(const QString& text) override;
@@ -56,6 +57,9 @@ class frmMain : public QMainWindow, public SessionView {
  private:
   void BuildWidgets();
   void BuildCommands();
+  void BuildViewCommands();
+  void ZoomTo(int percentage, int pendingFlag);
+  bool CanZoom() const;
   void BuildMenus();
   void BuildListView();
   void RefreshScreenMetrics();
@@ -74,7 +78,7 @@ class frmMain : public QMainWindow, public SessionView {
   CommandRegistry commands_;
   QTreeView* lisLista_ = nullptr;
   QSplitter* splitter_ = nullptr;
-  view::ImagePanel* picFondo_ = nullptr;
+  view::Viewport* picFondo_ = nullptr;
   QToolBar* ctlToolbar_ = nullptr;
   QLabel* statusText_ = nullptr;
   QLabel* statusPosition_ = nullptr;

@@ -4,7 +4,7 @@
 #include "app/frmMain.h"
 #include "browse/Paths.h"
 #include "browse/RecentFolders.h"
-#include "view/ImagePanel.h"
+#include "view/Viewport.h"
 
 #include <QApplication>
 #include <QFileDialog>
@@ -28,7 +28,7 @@ void frmMain::BuildWidgets() {
   splitter_ = new QSplitter(Qt::Horizontal, this);
   splitter_->setChildrenCollapsible(false);
   BuildListView();
-  picFondo_ = new view::ImagePanel(splitter_);
+  picFondo_ = new view::Viewport(splitter_);
   splitter_->addWidget(lisLista_);
   splitter_->addWidget(picFondo_);
   splitter_->setStretchFactor(1, 1);
@@ -73,6 +73,7 @@ void frmMain::BuildCommands() {
           });
   connect(c.Add(QStringLiteral("mnuFileRename"), QStringLiteral("Re&name"), QKeySequence(Qt::Key_F2)),
           &QAction::triggered, this, [this] { lisLista_->edit(lisLista_->currentIndex()); });
+  BuildViewCommands();
   c.Add(QStringLiteral("mnuListFullScreen"), QStringLiteral("&Full Screen"));
   c.Add(QStringLiteral("mnuListProperties"), QStringLiteral("P&roperties"));
   c.Add(QStringLiteral("mnuListSetWallpaper"), QStringLiteral("&Set Wallpaper"));
@@ -99,11 +100,19 @@ void frmMain::BuildMenus() {
   add(file, "mnuFileRename");
   file->addSeparator();
   add(file, "mnuFileExit");
+  QMenu* edit = menuBar()->addMenu(QStringLiteral("&Edit"));
+  edit->setObjectName(QStringLiteral("mnuEdit"));
+  add(edit, "mnuEditSelectNone");
   QMenu* viewMenu = menuBar()->addMenu(QStringLiteral("&View"));
   viewMenu->setObjectName(QStringLiteral("mnuView"));
   add(viewMenu, "mnuViewImage");
   add(viewMenu, "mnuViewListAndImage");
   add(viewMenu, "mnuViewThumbnails");
+  viewMenu->addSeparator();
+  for (const char* zoom : {"mnuViewOriginalSize", "mnuViewFit", "mnuViewAlwaysFit", "mnuViewZoomIn", "mnuViewZoomOut",
+                           "mnuViewZoom", "mnuViewZoomToSelection"}) {
+    add(viewMenu, zoom);
+  }
   viewMenu->addSeparator();
   add(viewMenu, "mnuViewToolbar");
   add(viewMenu, "mnuViewStatusBar");
@@ -140,9 +149,10 @@ void frmMain::RefreshStatusBar(const QString& text) {
                                                            vb::FormatThousands(list_.Count())));
   }
   if (const auto& image = session_.CurrentImage()) {
-    statusSize_->setText(QStringLiteral("%1 x %2    %3 KB")
+    statusSize_->setText(QStringLiteral("%1 x %2    %3%    %4 KB")
                              .arg(image->Width())
                              .arg(image->Height())
+                             .arg(picFondo_->Percentage())
                              .arg(vb::FormatThousands(double(QFileInfo(path).size()) / 1024.0)));
   }
 }

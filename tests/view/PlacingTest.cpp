@@ -79,9 +79,12 @@ TEST(Placing, ZoomToSelectionBringsTheSelectionsCentreToTheMiddle) {
   in.PendingFlag = Pending::ZoomToSelection;
   in.Selection = {600 * 15, 400 * 15, 100 * 15, 100 * 15};  // centre at 650, 450 image pixels
   const auto out = PlaceImage(in);
-  // horizontally: 9750 - (583 x 15 / 2) / 2 = 7563.75 twips, rounded 7564, \ 15 = 504
-  EXPECT_EQ(out.Horizontal.Value, 504);
-  EXPECT_EQ(out.Vertical.Value, 354);  // 6750 - (383 x 15 / 2) / 2 = 5313.75 twips, 5314 \ 15 = 354
+  // Horizontally 9750 - (583 x 15 / 2) / 2 = 7563.75 twips of the 100 % image; at 200 %
+  // 15127.5, rounded half to even 15128, \ 15 = 1008: the centre (1300 screen pixels)
+  // lands at 1300 - 1008 = 292, the middle of the 583-pixel usable panel.
+  EXPECT_EQ(out.Horizontal.Value, 1008);
+  // Vertically 6750 - (383 x 15 / 2) / 2 = 5313.75; x 2 = 10627.5 -> 10628 \ 15 = 708.
+  EXPECT_EQ(out.Vertical.Value, 708);
 }
 
 }  // namespace

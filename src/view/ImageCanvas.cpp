@@ -1,0 +1,73 @@
+#include "view/ImageCanvas.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPaintEvent>
+
+#include <cmath>
+
+namespace view {
+
+ImageCanvas::ImageCanvas(QWidget* parent) : QWidget(parent) {
+  setObjectName(QStringLiteral("imaImagen"));
+  setAttribute(Qt::WA_OpaquePaintEvent);
+}
+
+void ImageCanvas::SetImage(const std::optional<imaging::Image>& image) {
+  image_ = image;
+  full_ = image ? image->ToQImage() : QImage();
+  reduced_ = QImage();
+  SetZoom(percentage_);
+}
+
+void ImageCanvas::SetZoom(int percentage) {
+  percentage_ = percentage;
+  reduced_ = QImage();
+  if (image_ && percentage < 100) {
+    const int width = std::max(1, int(std::lround(image_->Width() * percentage / 100.0)));
+    const int height = std::max(1, int(std::lround(image_->Height() * percentage / 100.0)));
+    reduced_ = image_->FitWithin(width, height).ToQImage();
+  }
+  update();
+}
+
+void ImageCanvas::SetOutline(const QRect& imagePixels) {
+  outline_ = imagePixels;
+  update();
+}
+
+void ImageCanvas::paintEvent(QPaintEvent* event) {
+  QPainter painter(this);
+  painter.fillRect(event->rect(), Qt::white);  // the control's own background
+  if (full_.isNull()) return;
+  const double scale = percentage_ / 100.0;
+  if (!reduced_.isNull()) {
+    painter.drawImage(QRectF(0, 0, width(), height()), reduced_);
+  } else {
+    // Only the exposed part, each image pixel a sharp block.
+    const QRectF exposed = event->rect();
+    const QRectF source(exposed.left() / scale, exposed.top() / scale, exposed.width() / scale, exposed.height() / scale);
+    painter.drawImage(exposed, full_, source);
+  }
+  if (outline_.isEmpty()) return;
+  QPen pen(Qt::black, 0, Qt::DashLine);
+  painter.setPen(pen);
+  painter.drawRect(QRectF(outline_.left() * scale, outline_.top() * scale, outline_.width() * scale - 1,
+                          outline_.height() * scale - 1));
+}
+
+void ImageCanvas::mousePressEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton) Q_EMIT Pressed(event->position());
+}
+
+void ImageCanvas::mouseMoveEvent(QMouseEvent* event) {
+  if (event->buttons() & Qt::LeftButton) Q_EMIT Dragged(event->position());
+}
+
+void ImageCanvas::mouseReleaseEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton) Q_EMIT Released();
+}
+
+void ImageCanvas::mouseDoubleClickEvent(QMouseEvent*) { Q_EMIT DoubleClicked(); }
+
+}  // namespace view

@@ -1,0 +1,49 @@
+#pragma once
+// `imaImagen`: the image at the current zoom, sized to it and moved under `picFondo` by
+// the scroll bars. It paints only the part that is exposed: below 100 % from a copy
+// reduced with area averaging once per zoom, above it with sharp pixels straight from
+// the image. It draws the selection outline and reports the mouse in its own twips.
+
+#include "imaging/Image.h"
+
+#include <QImage>
+#include <QRect>
+#include <QWidget>
+
+#include <optional>
+
+namespace view {
+
+class ImageCanvas : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit ImageCanvas(QWidget* parent);
+
+  void SetImage(const std::optional<imaging::Image>& image);
+  void SetZoom(int percentage);
+  // The selection outline, in image pixels; an empty rectangle hides it.
+  void SetOutline(const QRect& imagePixels);
+
+ Q_SIGNALS:
+  void Pressed(QPointF position);
+  void Dragged(QPointF position);
+  void Released();
+  void DoubleClicked();
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+
+ private:
+  std::optional<imaging::Image> image_;
+  QImage full_;     // the image at 100 %, for zooms above it
+  QImage reduced_;  // the image at the current zoom, for zooms up to 100 %
+  int percentage_ = 100;
+  QRect outline_;
+};
+
+}  // namespace view

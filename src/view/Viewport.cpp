@@ -1,0 +1,200 @@
+#include "view/Viewport.h"
+
+#include "view/ImageCanvas.h"
+#include "view/Zoom.h"
+
+#include <QScreen>
+#include <QScrollBar>
+#include <QStyle>
+
+#include <cmath>
+
+namespace view {
+
+Viewport::Viewport(QWidget* parent) : QWidget(parent) {
+  setObjectName(QStringLiteral("picFondo"));
+  setAutoFillBackground(true);
+  setMinimumSize(1, 1);
+  imaImagen_ = new ImageCanvas(this);
+  imaImagen_->hide();
+  hscImagen_ = new QScrollBar(Qt::Horizontal, this);
+  hscImagen_->setObjectName(QStringLiteral("hscImagen"));
+  vscImagen_ = new QScrollBar(Qt::Vertical, this);
+  vscImagen_->setObjectName(QStringLiteral("vscImagen"));
+  picCuadro_ = new QWidget(this);
+  picCuadro_->setObjectName(QStringLiteral("picCuadro"));
+  picCuadro_->setAutoFillBackground(true);
+  for (QWidget* w : {static_cast<QWidget*>(hscImagen_), static_cast<QWidget*>(vscImagen_), picCuadro_}) w->hide();
+  // The bars' Change handlers: the control's offset follows the value.
+  connect(hscImagen_, &QScrollBar::valueChanged, this, [this](int v) { imaImagen_->move(-v, imaImagen_->y()); });
+  connect(vscImagen_, &QScrollBar::valueChanged, this, [this](int v) { imaImagen_->move(imaImagen_->x(), -v); });
+  connect(imaImagen_, &ImageCanvas::Pressed, this, &Viewport::BeginDrag);
+  connect(imaImagen_, &ImageCanvas::Dragged, this, &Viewport::Drag);
+  connect(imaImagen_, &ImageCanvas::Released, this, [this] {
+    dragging_ = false;
+    tmrSel_.stop();
+    imaImagen_->unsetCursor();
+  });
+  connect(imaImagen_, &ImageCanvas::DoubleClicked, this, &Viewport::FullScreenRequested);
+  tmrSel_.setInterval(50);
+  connect(&tmrSel_, &QTimer::timeout, this, &Viewport::AutoScroll);
+}
+
+float Viewport::TwipsX() const {
+  const QScreen* s = screen();
+  return s ? static_cast<float>(1440.0 / s->logicalDotsPerInchX()) : 15.0f;
+}
+
+float Viewport::TwipsY() const {
+  const QScreen* s = screen();
+  return s ? static_cast<float>(1440.0 / s->logicalDotsPerInchY()) : 15.0f;
+}
+
+void Viewport::SetBackground(const QColor& color) {
+  QPalette p = palette();
+  p.setColor(QPalette::Window, color);
+  setPalette(p);
+}
+
+void Viewport::SetImage(const std::optional<imaging::Image>& image, const QString& naturalSizeTag) {
+  SelectNone();
+  image_ = image;
+  natural_ = image ? files::ReadNaturalSizeRecord(naturalSizeTag) : files::NaturalSize{};
+  imaImagen_->SetImage(image);
+  imaImagen_->setVisible(image.has_value());
+  ApplyZoom(percentage_);
+}
+
+QSizeF Viewport::ControlTwips() const {
+  return QSizeF(float(percentage_) * natural_.WidthTwips / 100.0f, float(percentage_) * natural_.HeightTwips / 100.0f);
+}
+
+void Viewport::ApplyZoom(int percentage, Pending flag) {
+  percentage_ = percentage;
+  const QSizeF control = ControlTwips();
+  imaImagen_->SetZoom(percentage);
+  imaImagen_->resize(std::max(1, int(std::lround(control.width() / TwipsX()))),
+                     std::max(1, int(std::lround(control.height() / TwipsY()))));
+  ShowOutline();
+  pending_ = flag;
+  Place();
+}
+
+int Viewport::FitPercentage() const {
+  return view::FitPercentage(float(width()) * TwipsX(), float(height()) * TwipsY(), natural_.WidthTwips,
+                             natural_.HeightTwips);
+}
+
+int Viewport::SelectionFitPercentage() const {
+  SelectionFitInput in;
+  in.PanelWidth = float(width()) * TwipsX();
+  in.PanelHeight = float(height()) * TwipsY();
+  const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+  in.VerticalBarWidth = float(bar) * TwipsX();
+  in.HorizontalBarHeight = float(bar) * TwipsY();
+  in.NaturalWidth = natural_.WidthTwips;
+  in.NaturalHeight = natural_.HeightTwips;
+  in.SelectionWidth = selection_.Width;
+  in.SelectionHeight = selection_.Height;
+  return view::SelectionFitPercentage(in);
+}
+
+void Viewport::Place() {
+  const float tx = TwipsX(), ty = TwipsY();
+  const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+  PlacingInput in;
+  in.TwipsPerPixelX = tx;
+  in.TwipsPerPixelY = ty;
+  in.ControlWidth = float(imaImagen_->width()) * tx;
+  in.ControlHeight = float(imaImagen_->height()) * ty;
+  in.PanelWidth = float(width()) * tx;
+  in.PanelHeight = float(height()) * ty;
+  in.VerticalBarWidth = float(bar) * tx;
+  in.HorizontalBarHeight = float(bar) * ty;
+  in.ImageLoaded = image_.has_value();
+  in.Percentage = percentage_;
+  in.PendingFlag = pending_;
+  in.PreviousHorizontal = {hscImagen_->isVisible(), hscImagen_->maximum(), hscImagen_->value(), 1, 1};
+  in.PreviousVertical = {vscImagen_->isVisible(), vscImagen_->maximum(), vscImagen_->value(), 1, 1};
+  in.Selection = {selection_.Left, selection_.Top, selection_.Width, selection_.Height};
+  const Placement out = PlaceImage(in);
+  const auto apply = [](QScrollBar* scroll, const ScrollBarState& state) {
+    const QSignalBlocker blocker(scroll);
+    scroll->setVisible(state.Visible);
+    scroll->setRange(0, state.Maximum);
+    scroll->setSingleStep(state.SmallChange);
+    scroll->setPageStep(state.LargeChange);
+    scroll->setValue(state.Value);
+  };
+  apply(hscImagen_, out.Horizontal);
+  apply(vscImagen_, out.Vertical);
+  const int right = out.Vertical.Visible ? width() - bar : width();
+  const int bottom = out.Horizontal.Visible ? height() - bar : height();
+  hscImagen_->setGeometry(0, bottom, right, bar);
+  vscImagen_->setGeometry(right, 0, bar, bottom);
+  picCuadro_->setGeometry(right, bottom, bar, bar);
+  picCuadro_->setVisible(out.CornerVisible);
+  imaImagen_->move(int(std::lround(out.ControlLeft / tx)), int(std::lround(out.ControlTop / ty)));
+  pending_ = Pending::None;
+}
+
+void Viewport::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  if (alwaysFit_ && image_) {
+    ApplyZoom(FitPercentage());
+  } else {
+    Place();
+  }
+}
+
+void Viewport::SelectNone() {
+  dragging_ = false;
+  tmrSel_.stop();
+  selection_ = {};
+  ShowOutline();
+  imaImagen_->unsetCursor();
+  Q_EMIT SelectionChanged();
+}
+
+void Viewport::ShowOutline() {
+  imaImagen_->SetOutline(selection_.Shown ? selection_.Pixels(TwipsX(), TwipsY()) : QRect());
+}
+
+void Viewport::BeginDrag(QPointF pixels) {
+  SelectNone();
+  anchor_ = QPointF(pixels.x() * TwipsX(), pixels.y() * TwipsY());
+  dragging_ = true;
+  tmrSel_.start();
+}
+
+void Viewport::Drag(QPointF pixels) {
+  if (!dragging_ || !image_) return;
+  lastPointer_ = pixels;
+  const float tx = TwipsX(), ty = TwipsY();
+  drag_ = SpanDrag(anchor_, QPointF(pixels.x() * tx, pixels.y() * ty), ControlTwips(), tx, ty);
+  selection_ = ToSelectionRecord(drag_, percentage_, tx, ty, QSizeF(natural_.WidthTwips, natural_.HeightTwips));
+  ShowOutline();
+  imaImagen_->setCursor(Qt::CrossCursor);
+  Q_EMIT SelectionChanged();
+}
+
+void Viewport::AutoScroll() {
+  if (!dragging_ || !selection_.Shown || !(hscImagen_->isVisible() || vscImagen_->isVisible())) return;
+  const QPointF inPanel = imaImagen_->mapTo(this, lastPointer_.toPoint());
+  const float tx = TwipsX(), ty = TwipsY();
+  const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+  if (hscImagen_->isVisible()) {
+    const float panel = float(vscImagen_->isVisible() ? width() - bar : width()) * tx;
+    if (auto v = AutoScrollValue({float(inPanel.x()) * tx, panel, drag_.Left, drag_.Width, tx, 0, hscImagen_->maximum()})) {
+      hscImagen_->setValue(*v);
+    }
+  }
+  if (vscImagen_->isVisible()) {
+    const float panel = float(hscImagen_->isVisible() ? height() - bar : height()) * ty;
+    if (auto v = AutoScrollValue({float(inPanel.y()) * ty, panel, drag_.Top, drag_.Height, ty, 0, vscImagen_->maximum()})) {
+      vscImagen_->setValue(*v);
+    }
+  }
+}
+
+}  // namespace view

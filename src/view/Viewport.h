@@ -1,0 +1,81 @@
+#pragma once
+// `picFondo` (Part 3.1, 3.2): the image panel with `imaImagen`, the scroll bars
+// `hscImagen` and `vscImagen` and the corner `picCuadro`. It keeps the zoom percentage,
+// the pending flags and the selection record, and arranges itself with view::PlaceImage.
+
+#include "files/NaturalSize.h"
+#include "imaging/Image.h"
+#include "view/Placing.h"
+#include "view/Selection.h"
+
+#include <QTimer>
+#include <QWidget>
+
+#include <optional>
+
+class QScrollBar;
+
+namespace view {
+
+class ImageCanvas;
+
+class Viewport : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit Viewport(QWidget* parent = nullptr);
+
+  void SetBackground(const QColor& color);
+  // Shows an image with its natural size record ("4800 3600"), or nothing; clears the selection.
+  void SetImage(const std::optional<imaging::Image>& image, const QString& naturalSizeTag);
+  bool HasImage() const { return image_.has_value(); }
+
+  int Percentage() const { return percentage_; }
+  // The apply-zoom sequence: store, size the control, set the pending flag, lay out.
+  void ApplyZoom(int percentage, Pending flag = Pending::None);
+  int FitPercentage() const;
+  int SelectionFitPercentage() const;
+
+  // Always Fit (the FitToWindow setting): every layout fits the image first.
+  void SetAlwaysFit(bool on) { alwaysFit_ = on; }
+
+  const SelectionRecord& Selection() const { return selection_; }
+  void SelectNone();
+
+  // The placing step; the main window's layout pass calls it after sizing the panel.
+  void Place();
+
+ Q_SIGNALS:
+  void SelectionChanged();
+  void FullScreenRequested();
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  float TwipsX() const;
+  float TwipsY() const;
+  QSizeF ControlTwips() const;
+  void BeginDrag(QPointF pixels);
+  void Drag(QPointF pixels);
+  void AutoScroll();
+  void ShowOutline();
+
+  ImageCanvas* imaImagen_ = nullptr;
+  QScrollBar* hscImagen_ = nullptr;
+  QScrollBar* vscImagen_ = nullptr;
+  QWidget* picCuadro_ = nullptr;
+  QTimer tmrSel_;
+  std::optional<imaging::Image> image_;
+  files::NaturalSize natural_;
+  int percentage_ = 100;
+  bool alwaysFit_ = false;
+  Pending pending_ = Pending::None;
+  SelectionRecord selection_;
+  bool dragging_ = false;
+  QPointF anchor_;  // control twips
+  QPointF lastPointer_;
+  DragRectangle drag_;
+};
+
+}  // namespace view

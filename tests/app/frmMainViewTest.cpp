@@ -1,0 +1,120 @@
+// The image view on the real frmMain (offscreen): zoom commands, scroll bars, the
+// selection drag, Zoom to Selection and Always Fit (Parts 3.1 and 3.2).
+#include "app/SettingsFile.h"
+#include "app/frmMain.h"
+#include "support/DialogAnswerer.h"
+#include "support/TestFiles.h"
+#include "view/Viewport.h"
+
+#include <QAction>
+#include <QScrollBar>
+#include <QtTest/QTest>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using testing_support::TempFolder;
+
+class frmMainViewTest : public ::testing::Test {
+ protected:
+  // An 800 x 600 window, not maximized, Always Fit off, showing a 2000 x 1500 image.
+  frmMainViewTest() {
+    app::SettingsStore s = app::DefaultSettings({});
+    s.FitToWindow = false;
+    app::WriteSettingsFile(config_.File(QStringLiteral("Ini.in")), app::WriteSettingsText(s, {}, {0, 0, 800, 600, false}));
+    pictures_.WritePng(QStringLiteral("big.png"), 2000, 1500);
+    window_ = std::make_unique<app::frmMain>(config_.File(QStringLiteral("Ini.in")));
+    window_->RunStartup(pictures_.Path());
+  }
+
+  void Trigger(const char* command) { window_->findChild<QAction*>(QLatin1String(command))->trigger(); }
+  view::Viewport& View() { return window_->ImageView(); }
+  QScrollBar* Bar(const char* name) { return window_->findChild<QScrollBar*>(QLatin1String(name)); }
+  QWidget* Canvas() { return window_->findChild<QWidget*>(QStringLiteral("imaImagen")); }
+
+  TempFolder config_;
+  TempFolder pictures_;
+  std::unique_ptr<app::frmMain> window_;
+};
+
+TEST_F(frmMainViewTest, ZoomCommandsStepByTwentyWithinTheLimits) {
+  EXPECT_EQ(View().Percentage(), 100);
+  Trigger("mnuViewZoomIn");
+  EXPECT_EQ(View().Percentage(), 120);
+  Trigger("mnuViewZoomOut");
+  Trigger("mnuViewZoomOut");
+  EXPECT_EQ(View().Percentage(), 80);
+  for (int i = 0; i < 10; ++i) Trigger("mnuViewZoomOut");
+  EXPECT_EQ(View().Percentage(), 10);
+  Trigger("mnuViewOriginalSize");
+  EXPECT_EQ(View().Percentage(), 100);
+  EXPECT_EQ(Canvas()->size(), QSize(2000, 1500));
+}
+
+TEST_F(frmMainViewTest, AtOneHundredPercentTheBarsStepByTwoAndTwentyFour) {
+  QScrollBar* h = Bar("hscImagen");
+  QScrollBar* v = Bar("vscImagen");
+  ASSERT_TRUE(h->isVisible());
+  ASSERT_TRUE(v->isVisible());
+  EXPECT_EQ(h->singleStep(), 2);
+  EXPECT_EQ(h->pageStep(), 24);
+  EXPECT_EQ(h->maximum(), 2000 - (View().width() - v->width()));
+  EXPECT_TRUE(window_->findChild<QWidget*>(QStringLiteral("picCuadro"))->isVisible());
+  h->setValue(300);
+  EXPECT_EQ(Canvas()->x(), -300);  // the bar's Change handler moves the image
+}
+
+TEST_F(frmMainViewTest, FitShowsTheWholeImageAndSmallImagesNeedNoBars) {
+  Trigger("mnuViewFit");
+  EXPECT_LT(View().Percentage(), 100);
+  EXPECT_FALSE(Bar("hscImagen")->isVisible());
+  EXPECT_FALSE(Bar("vscImagen")->isVisible());
+  EXPECT_LE(Canvas()->width(), View().width());
+}
+
+TEST_F(frmMainViewTest, TenScreenPixelsAtTwoHundredPercentSelectFiveImagePixels) {
+  for (int i = 0; i < 5; ++i) Trigger("mnuViewZoomIn");
+  ASSERT_EQ(View().Percentage(), 200);
+  Bar("hscImagen")->setValue(0);
+  Bar("vscImagen")->setValue(0);
+  QTest::mousePress(Canvas(), Qt::LeftButton, {}, QPoint(40, 60));
+  QTest::mouseMove(Canvas(), QPoint(49, 69));
+  QTest::mouseRelease(Canvas(), Qt::LeftButton, {}, QPoint(49, 69));
+  EXPECT_EQ(View().Selection().Pixels(15, 15), QRect(20, 30, 5, 5));
+  Trigger("mnuViewOriginalSize");
+  EXPECT_EQ(View().Selection().Pixels(15, 15), QRect(20, 30, 5, 5));  // the same image pixels
+  Trigger("mnuEditSelectNone");
+  EXPECT_FALSE(View().Selection().Exists());
+}
+
+TEST_F(frmMainViewTest, ZoomToSelectionNeedsASelection) {
+  testing_support::DialogAnswerer answerer;
+  Trigger("mnuViewZoomToSelection");
+  EXPECT_EQ(answerer.LastText(), QStringLiteral("Please select an area to zoom"));
+  EXPECT_EQ(answerer.LastTitle(), QStringLiteral("Zoom to Selection"));
+  EXPECT_EQ(View().Percentage(), 100);
+}
+
+TEST_F(frmMainViewTest, ZoomToSelectionEnlargesAndCentresIt) {
+  QTest::mousePress(Canvas(), Qt::LeftButton, {}, QPoint(100, 100));
+  QTest::mouseMove(Canvas(), QPoint(149, 149));
+  QTest::mouseRelease(Canvas(), Qt::LeftButton, {}, QPoint(149, 149));
+  Trigger("mnuViewZoomToSelection");
+  EXPECT_GT(View().Percentage(), 500);
+  const QRect selected = View().Selection().Pixels(15, 15);
+  const double scale = View().Percentage() / 100.0;
+  const double centreOnScreen = Canvas()->x() + (selected.left() + selected.width() / 2.0) * scale;
+  const int usable = View().width() - Bar("vscImagen")->width();
+  EXPECT_NEAR(centreOnScreen, usable / 2.0, 2 * scale);
+}
+
+TEST_F(frmMainViewTest, TurningAlwaysFitOnFitsAndOffReturnsToOneHundred) {
+  Trigger("mnuViewAlwaysFit");
+  EXPECT_TRUE(window_->State().Settings.FitToWindow);
+  EXPECT_LT(View().Percentage(), 100);
+  Trigger("mnuViewAlwaysFit");
+  EXPECT_EQ(View().Percentage(), 100);
+}
+
+}  // namespace
