@@ -144,8 +144,8 @@ void frmMain::OnSplitterMoved() {
 
 void frmMain::ShowImage(const imaging::Image* image) {
   picFondo_->SetAlwaysFit(state_.Settings.FitToWindow);
-  picFondo_->SetImage(image ? std::optional<imaging::Image>(*image) : std::nullopt, session_.NaturalSizeTag());
-  if (image && state_.Settings.FitToWindow) picFondo_->ApplyZoom(picFondo_->FitPercentage());
+  picFondo_->SetImage(image ? std::optional<imaging::Image>(*image) : std::nullopt, session_.NaturalSizeTag(),
+                      state_.Settings.FitToWindow);
   commands_.Refresh();
 }
 

@@ -15,20 +15,29 @@ ImageCanvas::ImageCanvas(QWidget* parent) : QWidget(parent) {
 
 void ImageCanvas::SetImage(const std::optional<imaging::Image>& image) {
   image_ = image;
-  full_ = image ? image->ToQImage() : QImage();
+  full_ = QImage();
   reduced_ = QImage();
-  SetZoom(percentage_);
+  update();
 }
 
 void ImageCanvas::SetZoom(int percentage) {
+  if (percentage != percentage_) reduced_ = QImage();
   percentage_ = percentage;
-  reduced_ = QImage();
-  if (image_ && percentage < 100) {
-    const int width = std::max(1, int(std::lround(image_->Width() * percentage / 100.0)));
-    const int height = std::max(1, int(std::lround(image_->Height() * percentage / 100.0)));
+  update();
+}
+
+// The copy a paint needs, made once and only when it is needed.
+const QImage& ImageCanvas::Source() {
+  if (percentage_ >= 100) {
+    if (full_.isNull()) full_ = image_->ToQImage();
+    return full_;
+  }
+  if (reduced_.isNull()) {
+    const int width = std::max(1, int(std::lround(image_->Width() * percentage_ / 100.0)));
+    const int height = std::max(1, int(std::lround(image_->Height() * percentage_ / 100.0)));
     reduced_ = image_->FitWithin(width, height).ToQImage();
   }
-  update();
+  return reduced_;
 }
 
 void ImageCanvas::SetOutline(const QRect& imagePixels) {
@@ -39,15 +48,16 @@ void ImageCanvas::SetOutline(const QRect& imagePixels) {
 void ImageCanvas::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
   painter.fillRect(event->rect(), Qt::white);  // the control's own background
-  if (full_.isNull()) return;
+  if (!image_) return;
   const double scale = percentage_ / 100.0;
-  if (!reduced_.isNull()) {
-    painter.drawImage(QRectF(0, 0, width(), height()), reduced_);
+  const QImage& picture = Source();
+  if (percentage_ < 100) {
+    painter.drawImage(QRectF(0, 0, width(), height()), picture);
   } else {
     // Only the exposed part, each image pixel a sharp block.
     const QRectF exposed = event->rect();
     const QRectF source(exposed.left() / scale, exposed.top() / scale, exposed.width() / scale, exposed.height() / scale);
-    painter.drawImage(exposed, full_, source);
+    painter.drawImage(exposed, picture, source);
   }
   if (outline_.isEmpty()) return;
   QPen pen(Qt::black, 0, Qt::DashLine);

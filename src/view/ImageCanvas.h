@@ -39,6 +39,8 @@ class ImageCanvas : public QWidget {
   void mouseDoubleClickEvent(QMouseEvent* event) override;
 
  private:
+  const QImage& Source();
+
   std::optional<imaging::Image> image_;
   QImage full_;     // the image at 100 %, for zooms above it
   QImage reduced_;  // the image at the current zoom, for zooms up to 100 %

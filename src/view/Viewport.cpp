@@ -56,13 +56,13 @@ void Viewport::SetBackground(const QColor& color) {
   setPalette(p);
 }
 
-void Viewport::SetImage(const std::optional<imaging::Image>& image, const QString& naturalSizeTag) {
+void Viewport::SetImage(const std::optional<imaging::Image>& image, const QString& naturalSizeTag, bool fit) {
   SelectNone();
   image_ = image;
   natural_ = image ? files::ReadNaturalSizeRecord(naturalSizeTag) : files::NaturalSize{};
   imaImagen_->SetImage(image);
   imaImagen_->setVisible(image.has_value());
-  ApplyZoom(percentage_);
+  ApplyZoom(fit && image ? FitPercentage() : percentage_);
 }
 
 QSizeF Viewport::ControlTwips() const {

@@ -26,8 +26,9 @@ class Viewport : public QWidget {
   explicit Viewport(QWidget* parent = nullptr);
 
   void SetBackground(const QColor& color);
-  // Shows an image with its natural size record ("4800 3600"), or nothing; clears the selection.
-  void SetImage(const std::optional<imaging::Image>& image, const QString& naturalSizeTag);
+  // Shows an image with its natural size record ("4800 3600"), or nothing; clears the
+  // selection. `fit` applies the fit percentage at once (one zoom, one reduced copy).
+  void SetImage(const std::optional<imaging::Image>& image, const QString& naturalSizeTag, bool fit = false);
   bool HasImage() const { return image_.has_value(); }
 
   int Percentage() const { return percentage_; }
