@@ -145,13 +145,19 @@ void Session::ClickEntry(int row) {
   shownRow_ = -1;
   Load(browse::JoinPath(state_.Settings.LastFolder, list_.Entry(row).FileName));
   if (image_) {
-    view_.ShowImage(&*image_);
     shownRow_ = row;
-    state_.ImageLoaded = true;
+    state_.ImageLoaded = true;  // before the view shows it, so the commands follow
+    view_.ShowImage(&*image_);
   }
   view_.LayOut();
   if (state_.ImageLoaded) state_.ChangeLevel = 0;
   view_.RefreshStatusBar({});
+}
+
+void Session::StepTo(int row) {
+  if (state_.Settings.LastOpenKind != kOpenFolder || row < 0 || row >= list_.Count() || row == shownRow_) return;
+  view_.SelectListRow(row);
+  ClickEntry(row);
 }
 
 QString Session::ForbiddenNameMessage() {

@@ -42,6 +42,10 @@ class Session {
 
   void ScanFolder();
   void ClickEntry(int row);
+  // Next and previous image (delta +1, -1), first and last: the list's selection moves and
+  // the entry opens as a click on it would. Nothing beyond either end.
+  void StepTo(int row);
+  void Step(int delta) { StepTo(shownRow_ + delta); }
   bool RenameEntry(int row, const QString& newText);
   void OpenChosenFolder(const QString& folder);
 

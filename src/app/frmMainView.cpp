@@ -61,6 +61,12 @@ void frmMain::BuildViewCommands() {
   });
   on("mnuEditSelectNone", [this] { picFondo_->SelectNone(); });
   c.CheckWhen(QStringLiteral("mnuViewAlwaysFit"), [this] { return state_.Settings.FitToWindow; });
+  connect(picFondo_, &view::Viewport::ZoomStepRequested, this, [this](int direction) {
+    commands_.Get(QLatin1String(direction > 0 ? "mnuViewZoomIn" : "mnuViewZoomOut"))->trigger();
+  });
+  connect(picFondo_, &view::Viewport::StepRequested, this, [this](int delta) { session_.Step(delta); });
+  connect(picFondo_, &view::Viewport::FirstRequested, this, [this] { session_.StepTo(0); });
+  connect(picFondo_, &view::Viewport::LastRequested, this, [this] { session_.StepTo(list_.Count() - 1); });
   connect(picFondo_, &view::Viewport::SelectionChanged, this, [this] {
     commands_.Refresh();
     RefreshStatusBar({});

@@ -3,7 +3,10 @@
 #include "view/ImageCanvas.h"
 #include "view/Zoom.h"
 
+#include <QKeyEvent>
+#include <QMouseEvent>
 #include <QScreen>
+#include <QWheelEvent>
 #include <QScrollBar>
 #include <QStyle>
 
@@ -36,6 +39,10 @@ Viewport::Viewport(QWidget* parent) : QWidget(parent) {
     imaImagen_->unsetCursor();
   });
   connect(imaImagen_, &ImageCanvas::DoubleClicked, this, &Viewport::FullScreenRequested);
+  setFocusPolicy(Qt::StrongFocus);
+  imaImagen_->setFocusProxy(this);
+  imaImagen_->setFocusPolicy(Qt::ClickFocus);
+  imaImagen_->installEventFilter(this);
   tmrSel_.setInterval(50);
   connect(&tmrSel_, &QTimer::timeout, this, &Viewport::AutoScroll);
 }
@@ -195,6 +202,59 @@ void Viewport::AutoScroll() {
       vscImagen_->setValue(*v);
     }
   }
+}
+
+}  // namespace view
+
+namespace view {
+
+void Viewport::wheelEvent(QWheelEvent* event) { HandleWheel(event); }
+
+void Viewport::HandleWheel(QWheelEvent* event) {
+  const int steps = event->angleDelta().y() / 120;
+  if (event->modifiers() & Qt::ControlModifier) {
+    if (steps != 0) Q_EMIT ZoomStepRequested(steps > 0 ? 1 : -1);
+  } else {
+    QScrollBar* bar = (event->modifiers() & Qt::ShiftModifier) ? hscImagen_ : vscImagen_;
+    if (bar->isVisible()) bar->setValue(bar->value() - steps * bar->pageStep());
+  }
+  event->accept();
+}
+
+void Viewport::keyPressEvent(QKeyEvent* event) {
+  switch (event->key()) {
+    case Qt::Key_Space: case Qt::Key_PageDown: Q_EMIT StepRequested(1); break;
+    case Qt::Key_Backspace: case Qt::Key_PageUp: Q_EMIT StepRequested(-1); break;
+    case Qt::Key_Home: Q_EMIT FirstRequested(); break;
+    case Qt::Key_End: Q_EMIT LastRequested(); break;
+    default: QWidget::keyPressEvent(event); return;
+  }
+  event->accept();
+}
+
+// The mouse on the image beyond the selection drag: the back and forward buttons step
+// through the folder, the middle button pans.
+bool Viewport::eventFilter(QObject* watched, QEvent* event) {
+  if (watched != imaImagen_) return QWidget::eventFilter(watched, event);
+  if (event->type() == QEvent::Wheel) {
+    HandleWheel(static_cast<QWheelEvent*>(event));
+    return true;
+  }
+  if (event->type() == QEvent::MouseButtonPress) {
+    const auto* mouse = static_cast<QMouseEvent*>(event);
+    if (mouse->button() == Qt::BackButton) Q_EMIT StepRequested(-1);
+    if (mouse->button() == Qt::ForwardButton) Q_EMIT StepRequested(1);
+    if (mouse->button() == Qt::MiddleButton) panFrom_ = mouse->globalPosition().toPoint();
+  } else if (event->type() == QEvent::MouseMove) {
+    const auto* mouse = static_cast<QMouseEvent*>(event);
+    if (mouse->buttons() & Qt::MiddleButton) {
+      const QPoint now = mouse->globalPosition().toPoint();
+      hscImagen_->setValue(hscImagen_->value() - (now.x() - panFrom_.x()));
+      vscImagen_->setValue(vscImagen_->value() - (now.y() - panFrom_.y()));
+      panFrom_ = now;
+    }
+  }
+  return QWidget::eventFilter(watched, event);
 }
 
 }  // namespace view

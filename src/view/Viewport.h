@@ -49,14 +49,24 @@ class Viewport : public QWidget {
  Q_SIGNALS:
   void SelectionChanged();
   void FullScreenRequested();
+  // Ctrl+wheel: +1 zooms in, -1 out (the View menu's commands).
+  void ZoomStepRequested(int direction);
+  // Stepping through the folder: +1 next, -1 previous; First and Last go to the ends.
+  void StepRequested(int delta);
+  void FirstRequested();
+  void LastRequested();
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   float TwipsX() const;
   float TwipsY() const;
   QSizeF ControlTwips() const;
+  void HandleWheel(QWheelEvent* event);
   void BeginDrag(QPointF pixels);
   void Drag(QPointF pixels);
   void AutoScroll();
@@ -76,6 +86,7 @@ class Viewport : public QWidget {
   bool dragging_ = false;
   QPointF anchor_;  // control twips
   QPointF lastPointer_;
+  QPoint panFrom_;  // the middle button's last position, while panning
   DragRectangle drag_;
 };
 

@@ -7,7 +7,10 @@
 #include "view/Viewport.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QScrollBar>
+#include <QTreeView>
+#include <QWheelEvent>
 #include <QtTest/QTest>
 
 #include <gtest/gtest.h>
@@ -24,6 +27,8 @@ class frmMainViewTest : public ::testing::Test {
     s.FitToWindow = false;
     app::WriteSettingsFile(config_.File(QStringLiteral("Ini.in")), app::WriteSettingsText(s, {}, {0, 0, 800, 600, false}));
     pictures_.WritePng(QStringLiteral("big.png"), 2000, 1500);
+    pictures_.WritePng(QStringLiteral("c.png"), 40, 30);
+    pictures_.WritePng(QStringLiteral("d.png"), 40, 30);
     window_ = std::make_unique<app::frmMain>(config_.File(QStringLiteral("Ini.in")));
     window_->RunStartup(pictures_.Path());
   }
@@ -115,6 +120,47 @@ TEST_F(frmMainViewTest, TurningAlwaysFitOnFitsAndOffReturnsToOneHundred) {
   EXPECT_LT(View().Percentage(), 100);
   Trigger("mnuViewAlwaysFit");
   EXPECT_EQ(View().Percentage(), 100);
+}
+
+TEST_F(frmMainViewTest, KeysOnTheImageStepThroughTheFolder) {
+  View().setFocus();
+  QTest::keyClick(&View(), Qt::Key_PageDown);
+  EXPECT_EQ(window_->CurrentSession().ShownRow(), 1);
+  QTest::keyClick(&View(), Qt::Key_End);
+  EXPECT_EQ(window_->CurrentSession().ShownRow(), 2);
+  QTest::keyClick(&View(), Qt::Key_Space);  // nothing beyond the last
+  EXPECT_EQ(window_->CurrentSession().ShownRow(), 2);
+  QTest::keyClick(&View(), Qt::Key_Backspace);
+  EXPECT_EQ(window_->CurrentSession().ShownRow(), 1);
+  QTest::keyClick(&View(), Qt::Key_Home);
+  EXPECT_EQ(window_->CurrentSession().ShownRow(), 0);
+  EXPECT_EQ(window_->findChild<QTreeView*>(QStringLiteral("lisLista"))->currentIndex().row(), 0);
+}
+
+TEST_F(frmMainViewTest, TheMouseButtonsStepAndTheWheelZoomsAndScrolls) {
+  QTest::mouseClick(Canvas(), Qt::ForwardButton);
+  EXPECT_EQ(window_->CurrentSession().ShownRow(), 1);
+  QTest::mouseClick(Canvas(), Qt::BackButton);
+  EXPECT_EQ(window_->CurrentSession().ShownRow(), 0);
+  const auto wheel = [this](Qt::KeyboardModifiers modifiers, int delta) {
+    QWheelEvent event(QPointF(10, 10), Canvas()->mapToGlobal(QPointF(10, 10)), QPoint(), QPoint(0, delta),
+                      Qt::NoButton, modifiers, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(Canvas(), &event);
+  };
+  wheel(Qt::NoModifier, -120);
+  EXPECT_EQ(Bar("vscImagen")->value(), Bar("vscImagen")->pageStep());
+  wheel(Qt::ControlModifier, 120);
+  EXPECT_EQ(View().Percentage(), 120);
+}
+
+TEST_F(frmMainViewTest, TheMiddleButtonPans) {
+  QTest::mousePress(Canvas(), Qt::MiddleButton, {}, QPoint(300, 300));
+  QMouseEvent move(QEvent::MouseMove, QPointF(200, 250), Canvas()->mapToGlobal(QPointF(200, 250)), Qt::NoButton,
+                   Qt::MiddleButton, Qt::NoModifier);
+  QApplication::sendEvent(Canvas(), &move);
+  QTest::mouseRelease(Canvas(), Qt::MiddleButton, {}, QPoint(200, 250));
+  EXPECT_EQ(Bar("hscImagen")->value(), 100);
+  EXPECT_EQ(Bar("vscImagen")->value(), 50);
 }
 
 }  // namespace
