@@ -58,6 +58,7 @@ class frmMain : public QMainWindow, public SessionView {
   void BuildWidgets();
   void BuildCommands();
   void BuildViewCommands();
+  void BuildPendingMenus();
   void ZoomTo(int percentage, int pendingFlag);
   bool CanZoom() const;
   void BuildMenus();

@@ -98,8 +98,6 @@ void frmMain::BuildMenus() {
   file->setObjectName(QStringLiteral("mnuFile"));
   add(file, "mnuFileOpenFolder");
   add(file, "mnuFileRename");
-  file->addSeparator();
-  add(file, "mnuFileExit");
   QMenu* edit = menuBar()->addMenu(QStringLiteral("&Edit"));
   edit->setObjectName(QStringLiteral("mnuEdit"));
   add(edit, "mnuEditSelectNone");
@@ -116,6 +114,10 @@ void frmMain::BuildMenus() {
   viewMenu->addSeparator();
   add(viewMenu, "mnuViewToolbar");
   add(viewMenu, "mnuViewStatusBar");
+
+  BuildPendingMenus();
+  file->addSeparator();
+  add(file, "mnuFileExit");
 
   mnuList_ = new QMenu(this);
   mnuList_->setObjectName(QStringLiteral("mnuList"));

@@ -4,7 +4,9 @@
 #include "support/DialogAnswerer.h"
 #include "support/TestFiles.h"
 
+#include <QAction>
 #include <QFile>
+#include <QMenu>
 #include <QTreeView>
 #include <QtTest/QTest>
 
@@ -153,6 +155,37 @@ TEST_F(frmMainTest, CancellingTheSaveQuestionKeepsTheProgramAndTheSettingsFile) 
   EXPECT_EQ(answerer.LastText(), QStringLiteral("'a.png' has changed. Do you want to save changes?"));
   EXPECT_TRUE(window.isVisible());
   EXPECT_FALSE(QFile::exists(SettingsPath()));
+}
+
+}  // namespace
+
+namespace {
+
+// Every command the spec names for the main window exists under its name; those of Parts
+// not built yet are disabled.
+TEST(frmMainMenus, EveryCommandOfTheSpecIsThereAndUnbuiltOnesAreDisabled) {
+  testing_support::TempFolder config;
+  app::frmMain window(config.File(QStringLiteral("Ini.in")));
+  const QStringList names = QStringLiteral(
+      "mnuColorsBrightness mnuColorsColorDepth mnuColorsConcaveParabolic mnuColorsContrast mnuColorsConvexParabolic "
+      "mnuColorsEqualize mnuColorsGamma mnuColorsGrayScale mnuColorsHSL mnuColorsNegative mnuColorsRGB mnuColorsRedEye "
+      "mnuColorsSolarize mnuEditCopy mnuEditRedo mnuEditSelectNone mnuEditUndo mnuFileClose mnuFileCopyTo "
+      "mnuFileDelete mnuFileMoveTo mnuFileOpenFile mnuFileOpenFolder mnuFileProperties mnuFileRename mnuFileSave "
+      "mnuFileSaveAs mnuImageCrop mnuImageFiltersBlend mnuImageFiltersBlur mnuImageFiltersDiffuse "
+      "mnuImageFiltersDilate mnuImageFiltersErode mnuImageFiltersMedian mnuImageFiltersMosaic "
+      "mnuImageFiltersMotionBlur mnuImageFiltersNoise mnuImageFiltersSharpen mnuImageFiltersSoften mnuImageFlip "
+      "mnuImageMirror mnuImagePerspective mnuImagePinch mnuImageResize mnuImageRipple mnuImageRotate mnuImageSwirl "
+      "mnuListFullScreen mnuListProperties mnuListSetWallpaper mnuToolsBorrarListaReciente mnuToolsOptions "
+      "mnuToolsRemoveWallpaper mnuToolsSetWallpaper mnuToolsSlideShow mnuToolsTiposArchivo mnuViewAlwaysFit "
+      "mnuViewFit mnuViewFullScreen mnuViewOriginalSize mnuViewThumbnails mnuViewZoom mnuViewZoomIn mnuViewZoomOut "
+      "mnuViewZoomToSelection").split(u' ');
+  for (const QString& name : names) EXPECT_NE(window.findChild<QAction*>(name), nullptr) << name.toStdString();
+  window.RunStartup(QString());
+  EXPECT_FALSE(window.findChild<QAction*>(QStringLiteral("mnuColorsBrightness"))->isEnabled());
+  EXPECT_FALSE(window.findChild<QAction*>(QStringLiteral("mnuFileSave"))->isEnabled());
+  EXPECT_TRUE(window.findChild<QAction*>(QStringLiteral("mnuFileOpenFolder"))->isEnabled());
+  EXPECT_EQ(window.findChild<QAction*>(QStringLiteral("mnuEditUndo"))->text(), QStringLiteral("&Undo"));
+  EXPECT_NE(window.findChild<QMenu*>(QStringLiteral("mnuImageFilters")), nullptr);
 }
 
 }  // namespace

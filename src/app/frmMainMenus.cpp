@@ -1,0 +1,97 @@
+// The commands of Parts not built yet: present in their menus under the spec's names and
+// disabled, so the menu bar is complete from the start and each Part only enables its own.
+#include "app/frmMain.h"
+
+#include <QMenu>
+#include <QMenuBar>
+
+namespace app {
+
+namespace {
+
+struct PendingCommand {
+  const char* Menu;  // the objectName of the menu it goes in
+  const char* Name;
+  const char* Caption;
+  const char* Shortcut;
+};
+
+constexpr PendingCommand kPending[] = {
+    {"mnuFile", "mnuFileOpenFile", "&Open File...", "Ctrl+O"},
+    {"mnuFile", "mnuFileClose", "&Close", "Ctrl+W"},
+    {"mnuFile", "mnuFileSave", "&Save", "Ctrl+S"},
+    {"mnuFile", "mnuFileSaveAs", "Save &As...", "Ctrl+Shift+S"},
+    {"mnuFile", "mnuFileCopyTo", "&Copy To...", ""},
+    {"mnuFile", "mnuFileMoveTo", "&Move To...", ""},
+    {"mnuFile", "mnuFileDelete", "&Delete", "Del"},
+    {"mnuFile", "mnuFileProperties", "P&roperties...", "Alt+Return"},
+    {"mnuEdit", "mnuEditUndo", "&Undo", "Ctrl+Z"},
+    {"mnuEdit", "mnuEditRedo", "&Redo", "Ctrl+Y"},
+    {"mnuEdit", "mnuEditCopy", "&Copy", "Ctrl+C"},
+    {"mnuView", "mnuViewFullScreen", "F&ull Screen", "F11"},
+    {"mnuColors", "mnuColorsBrightness", "&Brightness...", ""},
+    {"mnuColors", "mnuColorsContrast", "&Contrast...", ""},
+    {"mnuColors", "mnuColorsGamma", "&Gamma...", ""},
+    {"mnuColors", "mnuColorsHSL", "&Hue / Saturation / Luminance...", ""},
+    {"mnuColors", "mnuColorsRGB", "&Red / Green / Blue...", ""},
+    {"mnuColors", "mnuColorsSolarize", "&Solarize...", ""},
+    {"mnuColors", "mnuColorsEqualize", "&Equalize", ""},
+    {"mnuColors", "mnuColorsNegative", "&Negative", ""},
+    {"mnuColors", "mnuColorsGrayScale", "Gr&ay Scale", ""},
+    {"mnuColors", "mnuColorsColorDepth", "Color &Depth...", ""},
+    {"mnuColors", "mnuColorsConcaveParabolic", "Conca&ve Parabolic", ""},
+    {"mnuColors", "mnuColorsConvexParabolic", "Con&vex Parabolic", ""},
+    {"mnuColors", "mnuColorsRedEye", "Red E&ye Removal", ""},
+    {"mnuImage", "mnuImageFlip", "&Flip", ""},
+    {"mnuImage", "mnuImageMirror", "&Mirror", ""},
+    {"mnuImage", "mnuImageRotate", "&Rotate...", ""},
+    {"mnuImage", "mnuImageResize", "Re&size...", ""},
+    {"mnuImage", "mnuImageCrop", "&Crop", ""},
+    {"mnuImage", "mnuImagePerspective", "&Perspective...", ""},
+    {"mnuImage", "mnuImagePinch", "P&inch...", ""},
+    {"mnuImage", "mnuImageRipple", "Ri&pple...", ""},
+    {"mnuImage", "mnuImageSwirl", "S&wirl...", ""},
+    {"mnuImageFilters", "mnuImageFiltersBlend", "&Blend...", ""},
+    {"mnuImageFilters", "mnuImageFiltersBlur", "B&lur", ""},
+    {"mnuImageFilters", "mnuImageFiltersDiffuse", "&Diffuse", ""},
+    {"mnuImageFilters", "mnuImageFiltersDilate", "D&ilate", ""},
+    {"mnuImageFilters", "mnuImageFiltersErode", "&Erode", ""},
+    {"mnuImageFilters", "mnuImageFiltersMedian", "Me&dian", ""},
+    {"mnuImageFilters", "mnuImageFiltersMosaic", "&Mosaic...", ""},
+    {"mnuImageFilters", "mnuImageFiltersMotionBlur", "Mo&tion Blur...", ""},
+    {"mnuImageFilters", "mnuImageFiltersNoise", "&Noise...", ""},
+    {"mnuImageFilters", "mnuImageFiltersSharpen", "&Sharpen...", ""},
+    {"mnuImageFilters", "mnuImageFiltersSoften", "S&often...", ""},
+    {"mnuTools", "mnuToolsSlideShow", "&Slide Show...", ""},
+    {"mnuTools", "mnuToolsSetWallpaper", "&Set Wallpaper", ""},
+    {"mnuTools", "mnuToolsRemoveWallpaper", "&Remove Wallpaper", ""},
+    {"mnuTools", "mnuToolsTiposArchivo", "&Associate File Types with Vistrel...", ""},
+    {"mnuTools", "mnuToolsBorrarListaReciente", "&Clear List of Recent Folders", ""},
+    {"mnuTools", "mnuToolsOptions", "&Options...", ""},
+    {"mnuHelp", "mnuHelpContents", "&Contents", "F1"},
+    {"mnuHelp", "mnuHelpAbout", "&About Vistrel", ""},
+};
+
+}  // namespace
+
+void frmMain::BuildPendingMenus() {
+  QMenu* colors = menuBar()->addMenu(QStringLiteral("&Colors"));
+  colors->setObjectName(QStringLiteral("mnuColors"));
+  QMenu* image = menuBar()->addMenu(QStringLiteral("&Image"));
+  image->setObjectName(QStringLiteral("mnuImage"));
+  QMenu* filters = image->addMenu(QStringLiteral("&Filters"));
+  filters->setObjectName(QStringLiteral("mnuImageFilters"));
+  image->addSeparator();
+  QMenu* tools = menuBar()->addMenu(QStringLiteral("&Tools"));
+  tools->setObjectName(QStringLiteral("mnuTools"));
+  QMenu* help = menuBar()->addMenu(QStringLiteral("&Help"));
+  help->setObjectName(QStringLiteral("mnuHelp"));
+  for (const PendingCommand& c : kPending) {
+    QAction* action = commands_.Add(QLatin1String(c.Name), QLatin1String(c.Caption),
+                                    QKeySequence(QLatin1String(c.Shortcut)));
+    commands_.EnableWhen(QLatin1String(c.Name), [] { return false; });  // its Part is not built yet
+    if (QMenu* menu = findChild<QMenu*>(QLatin1String(c.Menu))) menu->addAction(action);
+  }
+}
+
+}  // namespace app
