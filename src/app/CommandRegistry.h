@@ -19,10 +19,13 @@ class CommandRegistry {
   QAction* Add(const QString& name, const QString& caption, const QKeySequence& shortcut = {});
   QAction* Get(const QString& name) const;
 
-  // Without a predicate a command is always enabled; a command of a Part not built yet
-  // is given one that says no.
+  // Without a predicate a command is always enabled.
   void EnableWhen(const QString& name, std::function<bool()> predicate);
   void CheckWhen(const QString& name, std::function<bool()> predicate);
+  // A command whose Part is not built yet: present, and disabled until it is.
+  void NotBuiltYet(const QString& name) {
+    EnableWhen(name, [] { return false; });
+  }
 
   // The command-state refresh.
   void Refresh() const;

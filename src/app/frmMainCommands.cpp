@@ -18,10 +18,6 @@
 
 namespace app {
 
-namespace {
-bool NotBuiltYet() { return false; }
-}  // namespace
-
 void frmMain::BuildWidgets() {
   ApplyTahomaFont(*this);
 
@@ -78,10 +74,10 @@ void frmMain::BuildCommands() {
   c.Add(QStringLiteral("mnuListProperties"), QStringLiteral("P&roperties"));
   c.Add(QStringLiteral("mnuListSetWallpaper"), QStringLiteral("&Set Wallpaper"));
 
-  c.EnableWhen(QStringLiteral("mnuViewThumbnails"), NotBuiltYet);
-  c.EnableWhen(QStringLiteral("mnuListFullScreen"), NotBuiltYet);
-  c.EnableWhen(QStringLiteral("mnuListProperties"), NotBuiltYet);
-  c.EnableWhen(QStringLiteral("mnuListSetWallpaper"), NotBuiltYet);
+  c.NotBuiltYet(QStringLiteral("mnuViewThumbnails"));
+  c.NotBuiltYet(QStringLiteral("mnuListFullScreen"));
+  c.NotBuiltYet(QStringLiteral("mnuListProperties"));
+  c.NotBuiltYet(QStringLiteral("mnuListSetWallpaper"));
   c.EnableWhen(QStringLiteral("mnuFileRename"), [this] {
     return state_.ViewMode == kViewListAndImage && lisLista_->currentIndex().isValid();
   });

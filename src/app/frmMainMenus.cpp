@@ -89,7 +89,7 @@ void frmMain::BuildPendingMenus() {
   for (const PendingCommand& c : kPending) {
     QAction* action = commands_.Add(QLatin1String(c.Name), QLatin1String(c.Caption),
                                     QKeySequence(QLatin1String(c.Shortcut)));
-    commands_.EnableWhen(QLatin1String(c.Name), [] { return false; });  // its Part is not built yet
+    commands_.NotBuiltYet(QLatin1String(c.Name));
     if (QMenu* menu = findChild<QMenu*>(QLatin1String(c.Menu))) menu->addAction(action);
   }
 }
