@@ -1,6 +1,7 @@
 #pragma once
 // Timing helpers for the benchmarks: best of N runs, printed as "name: value unit".
 
+#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <functional>
@@ -14,6 +15,16 @@ inline double BestMilliseconds(int runs, const std::function<void()>& work) {
     work();
     const std::chrono::duration<double, std::milli> elapsed = std::chrono::steady_clock::now() - start;
     if (elapsed.count() < best) best = elapsed.count();
+  }
+  return best;
+}
+
+// Best of N runs of `work`, each after an untimed `setup`.
+inline double BestMillisecondsAfter(int runs, const std::function<void()>& setup, const std::function<void()>& work) {
+  double best = 1e300;
+  for (int i = 0; i < runs; ++i) {
+    setup();
+    best = std::min(best, BestMilliseconds(1, work));
   }
   return best;
 }

@@ -150,12 +150,24 @@ void Session::ClickEntry(int row) {
     view_.ShowImage(&*image_);
   }
   view_.LayOut();
+
   if (state_.ImageLoaded) state_.ChangeLevel = 0;
   view_.RefreshStatusBar({});
+  AnnounceNeighbours();
+}
+
+void Session::AnnounceNeighbours() {
+  if (!neighbours_ || shownRow_ < 0) return;
+  QStringList paths;
+  for (const int row : {shownRow_ + direction_, shownRow_ - direction_}) {
+    if (row >= 0 && row < list_.Count()) paths << browse::JoinPath(state_.Settings.LastFolder, list_.Entry(row).FileName);
+  }
+  neighbours_(paths);
 }
 
 void Session::StepTo(int row) {
   if (state_.Settings.LastOpenKind != kOpenFolder || row < 0 || row >= list_.Count() || row == shownRow_) return;
+  direction_ = row < shownRow_ ? -1 : 1;
   view_.SelectListRow(row);
   ClickEntry(row);
 }

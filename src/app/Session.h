@@ -7,8 +7,8 @@
 #include "browse/FileListModel.h"
 #include "files/LoadImageFile.h"
 #include "imaging/Image.h"
-#include "files/LoadImageFile.h"
-#include "imaging/Image.h"
+
+#include <QStringList>
 
 #include <functional>
 #include <optional>
@@ -35,7 +35,11 @@ class Session {
  public:
   using Loader = std::function<std::optional<files::LoadedImage>(const QString& path)>;
 
+  // Told the files next to an opened entry, nearest in the direction of travel first.
+  using NeighboursHook = std::function<void(const QStringList& paths)>;
+
   Session(AppState& state, browse::FileListModel& list, SessionView& view, Loader loader);
+  void SetNeighboursHook(NeighboursHook hook) { neighbours_ = std::move(hook); }
 
   // Steps 9 and 10 of the start-up: the command line wins; otherwise the start option.
   StartupEnd OpenAtStartup(const QString& commandLine);
@@ -67,11 +71,14 @@ class Session {
   void Load(const QString& path);
   void ClearCurrentImage();
   void ForgetWhatIsOpen();
+  void AnnounceNeighbours();
 
   AppState& state_;
   browse::FileListModel& list_;
   SessionView& view_;
   Loader loader_;
+  NeighboursHook neighbours_;
+  int direction_ = 1;  // of the last step through the folder
   int shownRow_ = -1;  // the entry-shown flag, with the entry it names
   std::optional<imaging::Image> image_;
   QString naturalSizeTag_;

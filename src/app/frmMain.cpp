@@ -20,16 +20,27 @@
 
 namespace app {
 
+namespace {
+constexpr qint64 kPrefetchBudget = qint64(512) << 20;  // decoded neighbours kept ahead
+}  // namespace
+
 frmMain::frmMain(QString settingsPath, QWidget* parent)
     : QMainWindow(parent),
       settingsPath_(std::move(settingsPath)),
-      session_(state_, list_, *this, [this](const QString& path) { return files::LoadImageFile(path, state_.Metrics); }),
+      prefetcher_([this](const QString& path) { return files::LoadImageFile(path, state_.Metrics); }, kPrefetchBudget,
+                  [](const imaging::Image& picture) { picture.WarmDisplayLevels(); }),
+      session_(state_, list_, *this, [this](const QString& path) { return prefetcher_.Take(path); }),
       commands_(this) {
   setObjectName(QStringLiteral("frmMain"));
   setWindowTitle(QStringLiteral("Vistrel"));
   BuildWidgets();
   BuildCommands();
   BuildMenus();
+  session_.SetNeighboursHook([this](const QStringList& paths) {
+    picFondo_->repaint();  // the new image first; then the worker may take the cores
+    if (const auto& shown = session_.CurrentImage()) prefetcher_.Warm(*shown);
+    prefetcher_.Prefetch(paths);
+  });
 }
 
 void frmMain::RunStartup(const QString& commandLine) {
@@ -78,6 +89,8 @@ void frmMain::closeEvent(QCloseEvent* event) {
     return;
   }
   ShowBusyPointer();
+  prefetcher_.Prefetch({});
+  prefetcher_.WaitForIdle();
   const WindowPlacement placement = CurrentPlacement();
   hide();
   RefreshScreenMetrics();

@@ -7,6 +7,7 @@
 #include "app/Session.h"
 #include "app/SettingsFile.h"
 #include "browse/FileListModel.h"
+#include "files/Prefetcher.h"
 
 #include <QMainWindow>
 
@@ -36,6 +37,7 @@ class frmMain : public QMainWindow, public SessionView {
   browse::FileListModel& ListModel() { return list_; }
   const CommandRegistry& Commands() const { return commands_; }
   view::Viewport& ImageView() { return *picFondo_; }
+  files::Prefetcher& Prefetcher() { return prefetcher_; }
 
   // SessionView
   void ShowExclamation(const QString& text) override;
@@ -75,6 +77,7 @@ class frmMain : public QMainWindow, public SessionView {
   QString settingsPath_;
   AppState state_;
   browse::FileListModel list_;
+  files::Prefetcher prefetcher_;
   Session session_;
   CommandRegistry commands_;
   QTreeView* lisLista_ = nullptr;

@@ -2,6 +2,7 @@
 
 #include "imaging/ImageInternal.h"
 
+#include <cmath>
 #include <cstring>
 #include <mutex>
 
@@ -47,7 +48,9 @@ Image Image::FitWithin(int maxWidth, int maxHeight) const {
   const double scale = std::min({1.0, double(maxWidth) / image.width(), double(maxHeight) / image.height()});
   if (scale >= 1.0) return *this;
   try {
-    return FromInternal(Pixels{image.resize(std::max(scale, 1e-4)).copy_memory()});
+    const int width = std::max(1, int(std::lround(image.width() * scale)));
+    const int height = std::max(1, int(std::lround(image.height() * scale)));
+    return FromInternal(Pixels{ReduceTo(image, width, height)});
   } catch (const vips::VError&) {
     vips_error_clear();
     return *this;
@@ -63,9 +66,11 @@ Image Image::OnWhite() const {
 QImage Image::ToQImage() const {
   const Image flat = OnWhite();
   const vips::VImage& image = flat.pixels_->image;
-  const auto* data = static_cast<const uchar*>(image.data());
+  // No copy: the QImage holds a reference to the pixels and drops it when it goes.
+  auto* owner = new std::shared_ptr<const Pixels>(flat.pixels_);
   const qsizetype stride = static_cast<qsizetype>(image.width()) * 3;
-  return QImage(data, image.width(), image.height(), stride, QImage::Format_RGB888).copy();
+  return QImage(static_cast<const uchar*>(image.data()), image.width(), image.height(), stride, QImage::Format_RGB888,
+                [](void* info) { delete static_cast<std::shared_ptr<const Pixels>*>(info); }, owner);
 }
 
 Image Image::FromQImage(const QImage& source) {

@@ -19,10 +19,18 @@ class Image {
   int Bands() const;
   bool HasAlpha() const { return Bands() == 4; }
 
-  // A copy reduced with area averaging to fit within maxWidth x maxHeight (never enlarged).
+  // A copy reduced (adaptive Lanczos-3, no aliasing) to fit within maxWidth x maxHeight (never enlarged).
   Image FitWithin(int maxWidth, int maxHeight) const;
   // The image composited onto white, RGB(255, 255, 255), without alpha.
   Image OnWhite() const;
+
+  // For display at `width` x `height` (at most the image's size), alpha onto white: made
+  // from the smallest cached half-size level that is still as large, so that repeated
+  // zooms do not reduce the whole image again. Thread-safe.
+  Image ReducedForDisplay(int width, int height) const;
+  // Builds the half-size levels while their longest side stays at least `smallestSide`,
+  // ahead of the first paint and of zooming out.
+  void WarmDisplayLevels(int smallestSide = 256) const;
 
   // An 8-bit RGB copy for display (alpha composited onto white).
   QImage ToQImage() const;

@@ -70,12 +70,16 @@ std::optional<Image> LoadFile(const QString& path) {
   return loaded->Picture;
 }
 
-std::optional<QSize> ReadImageSize(const QString& path) {
+std::optional<QSize> ReadImageSizeCheaply(const QString& path) {
   const Decision decision = DecisionFor(path);
   if (decision.Via == Route::Vips) return VipsHeaderSize(path);
-  if (decision.Via == Route::Qt) {
-    if (auto size = QtHeaderSize(path)) return size;
-  }
+  if (decision.Via == Route::Qt) return QtHeaderSize(path);
+  return std::nullopt;
+}
+
+std::optional<QSize> ReadImageSize(const QString& path) {
+  if (auto size = ReadImageSizeCheaply(path)) return size;
+  if (DecisionFor(path).Via == Route::Vips) return std::nullopt;
   if (const auto image = LoadFile(path)) return QSize(image->Width(), image->Height());
   return std::nullopt;
 }

@@ -29,6 +29,8 @@ std::optional<Image> LoadFile(const QString& path);
 
 // The upright size without decoding the pixels, where the format allows it.
 std::optional<QSize> ReadImageSize(const QString& path);
+// The same, but nullopt rather than a decode where the format has no cheap header read.
+std::optional<QSize> ReadImageSizeCheaply(const QString& path);
 
 // Decodes at a reduced size, fitting within the box, using shrink-on-load where the
 // format has it (JPEG, WebP, HEIF), for thumbnails and fitted display.

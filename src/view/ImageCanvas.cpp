@@ -35,7 +35,7 @@ const QImage& ImageCanvas::Source() {
   if (reduced_.isNull()) {
     const int width = std::max(1, int(std::lround(image_->Width() * percentage_ / 100.0)));
     const int height = std::max(1, int(std::lround(image_->Height() * percentage_ / 100.0)));
-    reduced_ = image_->FitWithin(width, height).ToQImage();
+    reduced_ = image_->ReducedForDisplay(width, height).ToQImage();
   }
   return reduced_;
 }

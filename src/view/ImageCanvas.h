@@ -1,7 +1,7 @@
 #pragma once
 // `imaImagen`: the image at the current zoom, sized to it and moved under `picFondo` by
 // the scroll bars. It paints only the part that is exposed: below 100 % from a copy
-// reduced with area averaging once per zoom, above it with sharp pixels straight from
+// reduced (Lanczos, from the nearest display level) once per zoom, above it with sharp pixels straight from
 // the image. It draws the selection outline and reports the mouse in its own twips.
 
 #include "imaging/Image.h"

@@ -221,8 +221,22 @@ void Viewport::HandleWheel(QWheelEvent* event) {
   event->accept();
 }
 
+// An arrow scrolls along its bar when the bar is shown; otherwise it steps through the folder.
+bool Viewport::ArrowKey(int key) {
+  const bool horizontal = key == Qt::Key_Left || key == Qt::Key_Right;
+  const bool forward = key == Qt::Key_Right || key == Qt::Key_Down;
+  QScrollBar* bar = horizontal ? hscImagen_ : vscImagen_;
+  if (bar->isVisible()) {
+    bar->setValue(bar->value() + (forward ? 1 : -1) * bar->singleStep());
+  } else {
+    Q_EMIT StepRequested(forward ? 1 : -1);
+  }
+  return true;
+}
+
 void Viewport::keyPressEvent(QKeyEvent* event) {
   switch (event->key()) {
+    case Qt::Key_Left: case Qt::Key_Right: case Qt::Key_Up: case Qt::Key_Down: ArrowKey(event->key()); break;
     case Qt::Key_Space: case Qt::Key_PageDown: Q_EMIT StepRequested(1); break;
     case Qt::Key_Backspace: case Qt::Key_PageUp: Q_EMIT StepRequested(-1); break;
     case Qt::Key_Home: Q_EMIT FirstRequested(); break;

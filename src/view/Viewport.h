@@ -67,6 +67,7 @@ class Viewport : public QWidget {
   float TwipsY() const;
   QSizeF ControlTwips() const;
   void HandleWheel(QWheelEvent* event);
+  bool ArrowKey(int key);
   void BeginDrag(QPointF pixels);
   void Drag(QPointF pixels);
   void AutoScroll();

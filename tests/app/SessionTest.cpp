@@ -211,3 +211,31 @@ TEST_F(SessionTest, RenamingNeverReplacesAnotherFile) {
 }
 
 }  // namespace
+
+namespace {
+
+TEST_F(SessionTest, OpeningAnEntryAnnouncesItsNeighboursNearestInTheDirectionOfTravelFirst) {
+  for (const char* name : {"a.png", "b.png", "c.png", "d.png"}) folder_.WritePng(QLatin1String(name));
+  QList<QStringList> announced;
+  session_.SetNeighboursHook([&](const QStringList& paths) { announced << paths; });
+  session_.OpenAtStartup(folder_.Path());
+  ASSERT_EQ(announced.size(), 1);
+  EXPECT_EQ(announced.back(), QStringList{folder_.File(QStringLiteral("b.png"))});  // nothing before the first
+  session_.Step(1);
+  session_.Step(1);
+  EXPECT_EQ(announced.back(), (QStringList{folder_.File(QStringLiteral("d.png")), folder_.File(QStringLiteral("b.png"))}));
+  session_.Step(-1);
+  EXPECT_EQ(announced.back(), (QStringList{folder_.File(QStringLiteral("a.png")), folder_.File(QStringLiteral("c.png"))}));
+  EXPECT_EQ(session_.ShownRow(), 1);
+}
+
+TEST_F(SessionTest, AnEntryThatFailsToOpenAnnouncesNothing) {
+  folder_.WriteBytes(QStringLiteral("a.png"), "broken");
+  folder_.WritePng(QStringLiteral("b.png"));
+  int announcements = 0;
+  session_.SetNeighboursHook([&](const QStringList&) { ++announcements; });
+  session_.OpenAtStartup(folder_.Path());
+  EXPECT_EQ(announcements, 0);
+}
+
+}  // namespace

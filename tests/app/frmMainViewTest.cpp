@@ -137,6 +137,23 @@ TEST_F(frmMainViewTest, KeysOnTheImageStepThroughTheFolder) {
   EXPECT_EQ(window_->findChild<QTreeView*>(QStringLiteral("lisLista"))->currentIndex().row(), 0);
 }
 
+TEST_F(frmMainViewTest, ArrowsScrollAlongAShownBarAndStepThroughTheFolderOtherwise) {
+  View().setFocus();
+  QTest::keyClick(&View(), Qt::Key_Right);  // the 2000-pixel image has a horizontal bar at 100 %
+  EXPECT_EQ(Bar("hscImagen")->value(), Bar("hscImagen")->singleStep());
+  EXPECT_EQ(window_->CurrentSession().ShownRow(), 0);
+  QTest::keyClick(&View(), Qt::Key_Down);
+  EXPECT_EQ(Bar("vscImagen")->value(), Bar("vscImagen")->singleStep());
+  Trigger("mnuViewFit");  // no bars: the arrows step
+  QTest::keyClick(&View(), Qt::Key_Right);
+  EXPECT_EQ(window_->CurrentSession().ShownRow(), 1);
+  QTest::keyClick(&View(), Qt::Key_Down);  // the 40 x 30 image never needs bars
+  EXPECT_EQ(window_->CurrentSession().ShownRow(), 2);
+  QTest::keyClick(&View(), Qt::Key_Left);
+  QTest::keyClick(&View(), Qt::Key_Up);
+  EXPECT_EQ(window_->CurrentSession().ShownRow(), 0);
+}
+
 TEST_F(frmMainViewTest, TheMouseButtonsStepAndTheWheelZoomsAndScrolls) {
   QTest::mouseClick(Canvas(), Qt::ForwardButton);
   EXPECT_EQ(window_->CurrentSession().ShownRow(), 1);

@@ -1,0 +1,109 @@
+// Neighbour preloading: a prefetched file is handed over without a second decode, and
+// anything it cannot vouch for (not prefetched, changed since, over budget) is decoded
+// on the spot, so the image shown is always what a fresh load gives.
+#include "files/Prefetcher.h"
+#include "support/TestFiles.h"
+
+#include <QFile>
+#include <QImage>
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+
+namespace {
+
+using testing_support::TempFolder;
+
+class PrefetcherTest : public ::testing::Test {
+ protected:
+  files::Prefetcher::Decode CountingDecode() {
+    return [this](const QString& path) {
+      ++decodes_;
+      return files::LoadImageFile(path, {});
+    };
+  }
+
+  TempFolder folder_;
+  std::atomic<int> decodes_{0};
+};
+
+TEST_F(PrefetcherTest, APrefetchedFileIsHandedOverWithoutASecondDecode) {
+  const QString next = folder_.WritePng(QStringLiteral("next.png"), 30, 20);
+  files::Prefetcher prefetcher(CountingDecode(), 1 << 20);
+  prefetcher.Prefetch({next});
+  prefetcher.WaitForIdle();
+  EXPECT_EQ(decodes_, 1);
+  const auto loaded = prefetcher.Take(next);
+  ASSERT_TRUE(loaded);
+  EXPECT_EQ(loaded->Picture.Width(), 30);
+  EXPECT_EQ(decodes_, 1);
+  EXPECT_EQ(prefetcher.PrefetchedCount(), 0);  // handed over, not kept twice
+}
+
+TEST_F(PrefetcherTest, AFileNotPrefetchedIsDecodedOnTheSpot) {
+  const QString other = folder_.WritePng(QStringLiteral("other.png"), 7, 5);
+  files::Prefetcher prefetcher(CountingDecode(), 1 << 20);
+  const auto loaded = prefetcher.Take(other);
+  ASSERT_TRUE(loaded);
+  EXPECT_EQ(loaded->Picture.Height(), 5);
+  EXPECT_EQ(decodes_, 1);
+}
+
+TEST_F(PrefetcherTest, AFileChangedAfterItsPrefetchIsDecodedAgain) {
+  const QString next = folder_.WritePng(QStringLiteral("next.png"), 30, 20);
+  files::Prefetcher prefetcher(CountingDecode(), 1 << 20);
+  prefetcher.Prefetch({next});
+  prefetcher.WaitForIdle();
+  QImage(12, 9, QImage::Format_RGB32).save(next, "PNG");  // another size, so another file length
+  const auto loaded = prefetcher.Take(next);
+  ASSERT_TRUE(loaded);
+  EXPECT_EQ(loaded->Picture.Width(), 12);
+  EXPECT_EQ(decodes_, 2);
+}
+
+TEST_F(PrefetcherTest, AnImageOverItsShareOfTheBudgetIsNeverDecodedAhead) {
+  const QString big = folder_.WritePng(QStringLiteral("big.png"), 100, 100);  // 40,000 bytes decoded
+  files::Prefetcher prefetcher(CountingDecode(), 30000);
+  prefetcher.Prefetch({big});
+  prefetcher.WaitForIdle();
+  EXPECT_EQ(decodes_, 0);
+  EXPECT_TRUE(prefetcher.Take(big));
+  EXPECT_EQ(decodes_, 1);
+}
+
+TEST_F(PrefetcherTest, ANewNeighbourhoodForgetsTheOldOneAndKeepsWhatItShares) {
+  const QString a = folder_.WritePng(QStringLiteral("a.png"));
+  const QString b = folder_.WritePng(QStringLiteral("b.png"));
+  const QString c = folder_.WritePng(QStringLiteral("c.png"));
+  files::Prefetcher prefetcher(CountingDecode(), 1 << 20);
+  prefetcher.Prefetch({a, b});
+  prefetcher.WaitForIdle();
+  prefetcher.Prefetch({b, c});
+  prefetcher.WaitForIdle();
+  EXPECT_EQ(decodes_, 3);  // b was not decoded twice
+  EXPECT_EQ(prefetcher.PrefetchedCount(), 2);
+  (void)prefetcher.Take(a);
+  EXPECT_EQ(decodes_, 4);  // a was forgotten
+}
+
+TEST_F(PrefetcherTest, TheWarmHookRunsOnEveryPrefetchedImageAndOnTheShownOne) {
+  const QString a = folder_.WritePng(QStringLiteral("a.png"));
+  std::atomic<int> warmed{0};
+  files::Prefetcher prefetcher(CountingDecode(), 1 << 20, [&](const imaging::Image&) { ++warmed; });
+  prefetcher.Prefetch({a});
+  prefetcher.Warm(files::LoadImageFile(a, {})->Picture);
+  prefetcher.WaitForIdle();
+  EXPECT_EQ(warmed, 2);
+}
+
+TEST_F(PrefetcherTest, AnUnreadableNeighbourCostsOnlyItsOwnFailure) {
+  const QString broken = folder_.WriteBytes(QStringLiteral("broken.png"), "not a png");
+  files::Prefetcher prefetcher(CountingDecode(), 1 << 20);
+  prefetcher.Prefetch({broken, folder_.File(QStringLiteral("missing.png"))});
+  prefetcher.WaitForIdle();
+  EXPECT_FALSE(prefetcher.Take(broken));
+  EXPECT_FALSE(prefetcher.Take(folder_.File(QStringLiteral("missing.png"))));
+}
+
+}  // namespace
