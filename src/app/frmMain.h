@@ -11,6 +11,8 @@
 
 #include <QMainWindow>
 
+#include <array>
+
 class QLabel;
 class QMenu;
 class QSplitter;
@@ -61,6 +63,8 @@ class frmMain : public QMainWindow, public SessionView {
   void BuildCommands();
   void BuildViewCommands();
   void BuildPendingMenus();
+  void BuildToolbar();
+  void BuildViewButton();
   void ZoomTo(int percentage, int pendingFlag);
   bool CanZoom() const;
   void BuildMenus();
@@ -84,9 +88,8 @@ class frmMain : public QMainWindow, public SessionView {
   QSplitter* splitter_ = nullptr;
   view::Viewport* picFondo_ = nullptr;
   QToolBar* ctlToolbar_ = nullptr;
-  QLabel* statusText_ = nullptr;
-  QLabel* statusPosition_ = nullptr;
-  QLabel* statusSize_ = nullptr;
+  // picEstado's panes: name (or a message), position, size, zoom, file size
+  std::array<QLabel*, 5> statusPanes_{};
   QMenu* mnuList_ = nullptr;
   QRect normalRect_;  // the restored rectangle, kept while maximized (the placement record)
 };

@@ -1,6 +1,6 @@
 // frmMain's widgets, commands, menus, toolbar and status bar.
 #include "app/Fonts.h"
-#include "app/Vb.h"
+#include "app/StatusBar.h"
 #include "app/frmMain.h"
 #include "browse/Paths.h"
 #include "browse/RecentFolders.h"
@@ -35,15 +35,19 @@ void frmMain::BuildWidgets() {
   ctlToolbar_ = addToolBar(QStringLiteral("Toolbar"));
   ctlToolbar_->setObjectName(QStringLiteral("ctlToolbar"));
   ctlToolbar_->setMovable(false);
-  ctlToolbar_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
 
   statusBar()->setObjectName(QStringLiteral("picEstado"));
-  statusText_ = new QLabel(this);
-  statusPosition_ = new QLabel(this);
-  statusSize_ = new QLabel(this);
-  statusBar()->addWidget(statusText_, 1);
-  statusBar()->addPermanentWidget(statusPosition_);
-  statusBar()->addPermanentWidget(statusSize_);
+  static const char* const kPaneNames[] = {"lblStatusName", "lblStatusPosition", "lblStatusSize", "lblStatusZoom",
+                                            "lblStatusFileSize"};
+  for (size_t i = 0; i < statusPanes_.size(); ++i) {
+    statusPanes_[i] = new QLabel(this);
+    statusPanes_[i]->setObjectName(QLatin1String(kPaneNames[i]));
+    if (i == 0) {
+      statusBar()->addWidget(statusPanes_[i], 1);
+    } else {
+      statusBar()->addPermanentWidget(statusPanes_[i]);
+    }
+  }
 }
 
 void frmMain::BuildCommands() {
@@ -124,34 +128,31 @@ void frmMain::BuildMenus() {
   add(mnuList_, "mnuListProperties");
   connect(mnuList_, &QMenu::aboutToShow, this, [this] { commands_.Refresh(); });
 
-  ctlToolbar_->addAction(commands_.Get(QStringLiteral("mnuFileOpenFolder")));
-  ctlToolbar_->addSeparator();
-  ctlToolbar_->addAction(commands_.Get(QStringLiteral("mnuViewImage")));
-  ctlToolbar_->addAction(commands_.Get(QStringLiteral("mnuViewListAndImage")));
-  commands_.Get(QStringLiteral("mnuFileOpenFolder"))->setIcon(QIcon::fromTheme(QStringLiteral("folder-open")));
+  BuildToolbar();
 }
 
 void frmMain::ApplyViewChecks() { commands_.Refresh(); }
 
 void frmMain::RefreshStatusBar(const QString& text) {
-  statusPosition_->clear();
-  statusSize_->clear();
-  if (!text.isEmpty() || !state_.ImageLoaded) {
-    statusText_->setText(text);
-    return;
+  StatusFacts facts;
+  facts.Message = text;
+  const auto& image = session_.CurrentImage();
+  if (state_.ImageLoaded && image) {
+    const QString path = session_.CurrentFilePath();
+    facts.DisplayName = browse::DisplayName(path);
+    if (state_.Settings.LastOpenKind == kOpenFolder) facts.Row = session_.ShownRow();
+    facts.Count = list_.Count();
+    facts.Width = image->Width();
+    facts.Height = image->Height();
+    facts.Percentage = picFondo_->Percentage();
+    const QFileInfo file(path);
+    if (file.isFile()) facts.FileBytes = file.size();
   }
-  const QString path = session_.CurrentFilePath();
-  statusText_->setText(browse::DisplayName(path));
-  if (state_.Settings.LastOpenKind == kOpenFolder && session_.ShownRow() >= 0) {
-    statusPosition_->setText(QStringLiteral("%1 / %2").arg(vb::FormatThousands(session_.ShownRow() + 1),
-                                                           vb::FormatThousands(list_.Count())));
-  }
-  if (const auto& image = session_.CurrentImage()) {
-    statusSize_->setText(QStringLiteral("%1 x %2    %3%    %4 KB")
-                             .arg(image->Width())
-                             .arg(image->Height())
-                             .arg(picFondo_->Percentage())
-                             .arg(vb::FormatThousands(double(QFileInfo(path).size()) / 1024.0)));
+  const StatusTexts texts = ComposeStatus(facts);
+  const QString* panes[] = {&texts.Name, &texts.Position, &texts.Size, &texts.Zoom, &texts.FileSize};
+  for (size_t i = 0; i < statusPanes_.size(); ++i) {
+    statusPanes_[i]->setText(*panes[i]);
+    statusPanes_[i]->setVisible(!panes[i]->isEmpty());
   }
 }
 

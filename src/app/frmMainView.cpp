@@ -67,6 +67,7 @@ void frmMain::BuildViewCommands() {
   connect(picFondo_, &view::Viewport::StepRequested, this, [this](int delta) { session_.Step(delta); });
   connect(picFondo_, &view::Viewport::FirstRequested, this, [this] { session_.StepTo(0); });
   connect(picFondo_, &view::Viewport::LastRequested, this, [this] { session_.StepTo(list_.Count() - 1); });
+  connect(picFondo_, &view::Viewport::ZoomChanged, this, [this] { RefreshStatusBar({}); });
   connect(picFondo_, &view::Viewport::SelectionChanged, this, [this] {
     commands_.Refresh();
     RefreshStatusBar({});

@@ -77,6 +77,7 @@ QSizeF Viewport::ControlTwips() const {
 }
 
 void Viewport::ApplyZoom(int percentage, Pending flag) {
+  const bool changed = percentage != percentage_;
   percentage_ = percentage;
   const QSizeF control = ControlTwips();
   imaImagen_->SetZoom(percentage);
@@ -85,6 +86,7 @@ void Viewport::ApplyZoom(int percentage, Pending flag) {
   ShowOutline();
   pending_ = flag;
   Place();
+  if (changed) Q_EMIT ZoomChanged(percentage_);
 }
 
 int Viewport::FitPercentage() const {

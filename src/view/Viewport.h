@@ -48,6 +48,8 @@ class Viewport : public QWidget {
 
  Q_SIGNALS:
   void SelectionChanged();
+  // The zoom percentage changed (a command, or Always Fit after a resize).
+  void ZoomChanged(int percentage);
   void FullScreenRequested();
   // Ctrl+wheel: +1 zooms in, -1 out (the View menu's commands).
   void ZoomStepRequested(int direction);

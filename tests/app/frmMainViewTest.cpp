@@ -1,6 +1,7 @@
 // The image view on the real frmMain (offscreen): zoom commands, scroll bars, the
 // selection drag, Zoom to Selection and Always Fit (Parts 3.1 and 3.2).
 #include "app/SettingsFile.h"
+#include "app/StatusBar.h"
 #include "app/frmMain.h"
 #include "support/DialogAnswerer.h"
 #include "support/TestFiles.h"
@@ -8,6 +9,11 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QFileInfo>
+#include <QLabel>
+#include <QMenu>
+#include <QToolBar>
+#include <QToolButton>
 #include <QScrollBar>
 #include <QTreeView>
 #include <QWheelEvent>
@@ -55,6 +61,24 @@ TEST_F(frmMainViewTest, ZoomCommandsStepByTwentyWithinTheLimits) {
   Trigger("mnuViewOriginalSize");
   EXPECT_EQ(View().Percentage(), 100);
   EXPECT_EQ(Canvas()->size(), QSize(2000, 1500));
+}
+
+TEST_F(frmMainViewTest, TheStatusBarTellsNamePlaceSizeZoomAndFileSize) {
+  const auto pane = [this](const char* name) { return window_->findChild<QLabel*>(QLatin1String(name))->text(); };
+  EXPECT_EQ(pane("lblStatusName"), QStringLiteral("big.png"));
+  EXPECT_EQ(pane("lblStatusPosition"), QStringLiteral("1 / 3"));
+  EXPECT_EQ(pane("lblStatusSize"), QStringLiteral("2000 x 1500"));
+  EXPECT_EQ(pane("lblStatusZoom"), QStringLiteral("100%"));
+  EXPECT_EQ(pane("lblStatusFileSize"), app::FormatFileSize(QFileInfo(pictures_.File(QStringLiteral("big.png"))).size()));
+  Trigger("mnuViewZoomOut");
+  EXPECT_EQ(pane("lblStatusZoom"), QStringLiteral("80%"));
+  Trigger("mnuViewAlwaysFit");
+  window_->resize(500, 400);  // Always Fit follows the window, and so does the status bar
+  QApplication::processEvents();
+  EXPECT_EQ(pane("lblStatusZoom"), QString::number(View().Percentage()) + u'%');
+  QTest::keyClick(&View(), Qt::Key_End);
+  EXPECT_EQ(pane("lblStatusName"), QStringLiteral("d.png"));
+  EXPECT_EQ(pane("lblStatusPosition"), QStringLiteral("3 / 3"));
 }
 
 TEST_F(frmMainViewTest, AtOneHundredPercentTheBarsStepByTwoAndTwentyFour) {
@@ -178,6 +202,39 @@ TEST_F(frmMainViewTest, TheMiddleButtonPans) {
   QTest::mouseRelease(Canvas(), Qt::MiddleButton, {}, QPoint(200, 250));
   EXPECT_EQ(Bar("hscImagen")->value(), 100);
   EXPECT_EQ(Bar("vscImagen")->value(), 50);
+}
+
+TEST_F(frmMainViewTest, TheToolbarHasTheCommonCommandsWithCaptionsTooltipsAndIcons) {
+  auto* toolbar = window_->findChild<QToolBar*>(QStringLiteral("ctlToolbar"));
+  ASSERT_NE(toolbar, nullptr);
+  QStringList captions;
+  for (QAction* action : toolbar->actions()) {
+    if (action->isSeparator()) continue;
+    captions << action->iconText();
+    EXPECT_FALSE(action->icon().pixmap(24, 24).isNull()) << action->objectName().toStdString();
+    EXPECT_EQ(action->toolTip(), action->iconText());
+  }
+  EXPECT_EQ(captions, (QStringList{"Open Folder", "Open", "Save", "Undo", "Redo", "Zoom In", "Zoom Out", "Fit", "View",
+                                   "Full Screen", "Slide Show"}));
+  // The buttons are the menu commands: the zoom buttons work as the menu's do.
+  auto* zoomIn = qobject_cast<QToolButton*>(toolbar->widgetForAction(window_->findChild<QAction*>(QStringLiteral("mnuViewZoomIn"))));
+  ASSERT_NE(zoomIn, nullptr);
+  QTest::mouseClick(zoomIn, Qt::LeftButton);
+  EXPECT_EQ(View().Percentage(), 120);
+}
+
+TEST_F(frmMainViewTest, TheViewButtonSwitchesModesAndItsPopupOffersThemAll) {
+  auto* popup = window_->findChild<QMenu*>(QStringLiteral("frmMenuBotonView"));
+  ASSERT_NE(popup, nullptr);
+  QStringList names;
+  for (QAction* action : popup->actions()) names << action->objectName();
+  EXPECT_EQ(names, (QStringList{"mnuViewImage", "mnuViewListAndImage", "mnuViewThumbnails"}));
+  EXPECT_EQ(window_->State().ViewMode, app::kViewListAndImage);
+  Trigger("mnuViewBoton");
+  EXPECT_EQ(window_->State().ViewMode, app::kViewImage);
+  EXPECT_TRUE(window_->findChild<QAction*>(QStringLiteral("mnuViewImage"))->isChecked());
+  Trigger("mnuViewBoton");
+  EXPECT_EQ(window_->State().ViewMode, app::kViewListAndImage);
 }
 
 }  // namespace
