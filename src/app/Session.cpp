@@ -100,7 +100,7 @@ bool Session::OpenSingleFile(const QString& path, bool reportFailure) {
     return false;
   }
   state_.ImageLoaded = true;
-  state_.ChangeLevel = 0;  // a new undo history starts with the image (Part 4.4)
+  StartHistory();
   view_.ShowImage(&*image_);
   return true;
 }
@@ -123,6 +123,8 @@ void Session::Load(const QString& path) {
 
 void Session::ClearCurrentImage() {
   state_.ChangeLevel = 0;
+  ClearUndoHistory();
+  view_.UpdateUndoCaptions();
   image_.reset();
   naturalSizeTag_.clear();
   view_.ShowImage(nullptr);

@@ -5,8 +5,10 @@
 
 #include "app/AppState.h"
 #include "browse/FileListModel.h"
+#include "edit/UndoHistory.h"
 #include "files/LoadImageFile.h"
 #include "imaging/Image.h"
+#include "imaging/PackedImage.h"
 
 #include <QStringList>
 
@@ -27,6 +29,10 @@ class SessionView {
   virtual void FitListColumn() = 0;
   virtual void ShowImage(const imaging::Image* image) = 0;  // nullptr hides the image
   virtual void RunOpenFolderCommand() = 0;
+  // The image changed by an edit, undo or redo: shown at the current zoom; the selection
+  // goes first when asked (an undone or redone Crop, Resize or Rotate).
+  virtual void ShowEditedImage(const imaging::Image& image, bool removeSelection) = 0;
+  virtual void UpdateUndoCaptions() = 0;
 };
 
 enum class StartupEnd { Normal, OpenFolderDialogRan };
@@ -62,6 +68,25 @@ class Session {
 
   static QString ForbiddenNameMessage();
 
+  // Part 4.4 (SessionHistory.cpp). The history holds packed states; the image shown is
+  // always unpacked in CurrentImage().
+  using History = edit::UndoHistory<imaging::PackedImage>;
+  const History& UndoHistory() const { return history_; }
+  // An edit's result becomes the image, recorded as a step named `undoName`.
+  void ApplyEdit(const imaging::Image& edited, const QString& undoName);
+  bool CanEdit() const { return state_.ViewMode != kViewThumbnails && state_.ImageLoaded; }
+  void Undo();
+  void Redo();
+
+  // Part 5.1 (SessionFiles.cpp).
+  // Open File with a chosen path: false (after "Can't open file") when it does not load.
+  bool OpenFile(const QString& path);
+  // Writes the image; on success the history starts again from it. No message here.
+  bool SaveImageTo(const QString& path);
+  // Save As into the current folder or elsewhere: `LastFile` follows in single-file mode,
+  // the list is rescanned and the new file selected in folder mode.
+  void AfterSaveAs(const QString& path);
+
  private:
   void OpenFolderFromCommandLine(const QString& folder);
   void OpenWhatWasOpenLastTime();
@@ -72,6 +97,9 @@ class Session {
   void ClearCurrentImage();
   void ForgetWhatIsOpen();
   void AnnounceNeighbours();
+  void ClearUndoHistory() { history_.Clear(); }
+  void StartHistory();  // ClearUndoHistory, then the base state with an empty name
+  void ShowState(const edit::UndoMove& move);
 
   AppState& state_;
   browse::FileListModel& list_;
@@ -82,6 +110,7 @@ class Session {
   int shownRow_ = -1;  // the entry-shown flag, with the entry it names
   std::optional<imaging::Image> image_;
   QString naturalSizeTag_;
+  History history_;
 };
 
 }  // namespace app

@@ -5,7 +5,6 @@
 #include "app/Colors.h"
 #include "app/SettingsFile.h"
 #include "app/Vb.h"
-#include "files/SaveChanges.h"
 #include "view/Viewport.h"
 
 #include <QApplication>
@@ -125,20 +124,6 @@ void frmMain::changeEvent(QEvent* event) {
 
 void frmMain::ShowExclamation(const QString& text) {
   QMessageBox::warning(isVisible() ? this : nullptr, QStringLiteral("Vistrel"), text);
-}
-
-bool frmMain::ConfirmSaveChanges() {
-  RestorePointer();
-  files::SaveChangesHooks hooks;
-  hooks.Ask = [this](const QString& question) {
-    const auto answer = QMessageBox::warning(this, QStringLiteral("Save Changes"), question,
-                                             QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
-    if (answer == QMessageBox::Yes) return files::SaveChangesAnswer::Yes;
-    if (answer == QMessageBox::No) return files::SaveChangesAnswer::No;
-    return files::SaveChangesAnswer::Cancel;
-  };
-  hooks.Save = [] { return false; };  // Save arrives with Part 5.1; until then Yes keeps the image
-  return files::ConfirmSaveChanges(state_, session_.CurrentFilePath(), hooks);
 }
 
 void frmMain::LayOut() {

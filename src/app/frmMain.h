@@ -4,6 +4,7 @@
 
 #include "app/AppState.h"
 #include "app/CommandRegistry.h"
+#include "app/FileChooser.h"
 #include "app/Session.h"
 #include "app/SettingsFile.h"
 #include "browse/FileListModel.h"
@@ -51,6 +52,11 @@ class frmMain : public QMainWindow, public SessionView {
   void FitListColumn() override;
   void ShowImage(const imaging::Image* image) override;
   void RunOpenFolderCommand() override;
+  void ShowEditedImage(const imaging::Image& image, bool removeSelection) override;
+  void UpdateUndoCaptions() override;
+
+  // Tests answer the open and save dialogs through this.
+  void SetFileChooser(FileChooser chooser) { chooseFile_ = std::move(chooser); }
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -63,6 +69,16 @@ class frmMain : public QMainWindow, public SessionView {
   void BuildCommands();
   void BuildViewCommands();
   void BuildPendingMenus();
+  void BuildFileCommands();
+  void BuildEditCommands();
+  bool CanSave() const;
+  bool CanSaveAs() const;
+  void RunOpenFile();
+  bool RunSave();
+  void RunSaveAs();
+  void ShowCantSave(const QString& path, const QString& title);
+  bool CanRunImageCommand() const;
+  void RunImageCommand(const QString& undoName, imaging::Image (*operation)(const imaging::Image&));
   void BuildToolbar();
   void BuildViewButton();
   void ZoomTo(int percentage, int pendingFlag);
@@ -91,6 +107,7 @@ class frmMain : public QMainWindow, public SessionView {
   // picEstado's panes: name (or a message), position, size, zoom, file size
   std::array<QLabel*, 5> statusPanes_{};
   QMenu* mnuList_ = nullptr;
+  FileChooser chooseFile_ = ShowFileDialog;
   QRect normalRect_;  // the restored rectangle, kept while maximized (the placement record)
 };
 

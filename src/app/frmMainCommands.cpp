@@ -74,6 +74,8 @@ void frmMain::BuildCommands() {
   connect(c.Add(QStringLiteral("mnuFileRename"), QStringLiteral("Re&name"), QKeySequence(Qt::Key_F2)),
           &QAction::triggered, this, [this] { lisLista_->edit(lisLista_->currentIndex()); });
   BuildViewCommands();
+  BuildFileCommands();
+  BuildEditCommands();
   c.Add(QStringLiteral("mnuListFullScreen"), QStringLiteral("&Full Screen"));
   c.Add(QStringLiteral("mnuListProperties"), QStringLiteral("P&roperties"));
   c.Add(QStringLiteral("mnuListSetWallpaper"), QStringLiteral("&Set Wallpaper"));

@@ -1,5 +1,6 @@
-// The commands of Parts not built yet: present in their menus under the spec's names and
-// disabled, so the menu bar is complete from the start and each Part only enables its own.
+// The menus' commands beyond File > Open Folder/Rename/Exit, Edit > Select None and View:
+// each goes in its menu in this order under the spec's name. A command built elsewhere is
+// placed as it is; one whose Part is not built yet is made here, present and disabled.
 #include "app/frmMain.h"
 
 #include <QMenu>
@@ -87,9 +88,11 @@ void frmMain::BuildPendingMenus() {
   QMenu* help = menuBar()->addMenu(QStringLiteral("&Help"));
   help->setObjectName(QStringLiteral("mnuHelp"));
   for (const PendingCommand& c : kPending) {
-    QAction* action = commands_.Add(QLatin1String(c.Name), QLatin1String(c.Caption),
-                                    QKeySequence(QLatin1String(c.Shortcut)));
-    commands_.NotBuiltYet(QLatin1String(c.Name));
+    QAction* action = commands_.Get(QLatin1String(c.Name));
+    if (!action) {
+      action = commands_.Add(QLatin1String(c.Name), QLatin1String(c.Caption), QKeySequence(QLatin1String(c.Shortcut)));
+      commands_.NotBuiltYet(QLatin1String(c.Name));
+    }
     if (QMenu* menu = findChild<QMenu*>(QLatin1String(c.Menu))) menu->addAction(action);
   }
 }

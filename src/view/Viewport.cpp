@@ -72,6 +72,13 @@ void Viewport::SetImage(const std::optional<imaging::Image>& image, const QStrin
   ApplyZoom(fit && image ? FitPercentage() : percentage_);
 }
 
+void Viewport::ReplaceImage(const imaging::Image& image, const QString& naturalSizeTag) {
+  image_ = image;
+  natural_ = files::ReadNaturalSizeRecord(naturalSizeTag);
+  imaImagen_->SetImage(image_);
+  ApplyZoom(alwaysFit_ ? FitPercentage() : percentage_);
+}
+
 QSizeF Viewport::ControlTwips() const {
   return QSizeF(float(percentage_) * natural_.WidthTwips / 100.0f, float(percentage_) * natural_.HeightTwips / 100.0f);
 }

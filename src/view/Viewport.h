@@ -30,6 +30,8 @@ class Viewport : public QWidget {
   // selection. `fit` applies the fit percentage at once (one zoom, one reduced copy).
   void SetImage(const std::optional<imaging::Image>& image, const QString& naturalSizeTag, bool fit = false);
   bool HasImage() const { return image_.has_value(); }
+  // An edited, undone or redone image: the zoom and any selection stay (Parts 4.3, 4.4).
+  void ReplaceImage(const imaging::Image& image, const QString& naturalSizeTag);
 
   int Percentage() const { return percentage_; }
   // The apply-zoom sequence: store, size the control, set the pending flag, lay out.

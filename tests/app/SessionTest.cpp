@@ -29,6 +29,14 @@ class FakeView : public app::SessionView {
   void FitListColumn() override {}
   void ShowImage(const imaging::Image* image) override { imageShown = image != nullptr; }
   void RunOpenFolderCommand() override { ++openFolderCommands; }
+  void ShowEditedImage(const imaging::Image&, bool removeSelection) override {
+    ++editedImagesShown;
+    selectionRemoved = removeSelection;
+  }
+  void UpdateUndoCaptions() override { ++captionUpdates; }
+  int editedImagesShown = 0;
+  bool selectionRemoved = false;
+  int captionUpdates = 0;
 };
 
 class SessionTest : public ::testing::Test {

@@ -1,0 +1,77 @@
+#include "imaging/PackedImage.h"
+
+#include "imaging/ImageInternal.h"
+
+#include <zstd.h>
+
+#include <cstring>
+#include <vector>
+
+namespace imaging {
+
+namespace {
+
+constexpr int kLevel = 1;  // the fastest; higher levels gain under 5 % on photographs
+
+// In place: each sample becomes its difference from the same band one pixel to the left.
+void DifferenceRows(unsigned char* pixels, size_t rowBytes, size_t rows, int bands) {
+  for (size_t r = 0; r < rows; ++r) {
+    unsigned char* row = pixels + r * rowBytes;
+    for (size_t i = rowBytes - 1; i >= static_cast<size_t>(bands); --i) row[i] = static_cast<unsigned char>(row[i] - row[i - bands]);
+  }
+}
+
+void AccumulateRows(unsigned char* pixels, size_t rowBytes, size_t rows, int bands) {
+  for (size_t r = 0; r < rows; ++r) {
+    unsigned char* row = pixels + r * rowBytes;
+    for (size_t i = static_cast<size_t>(bands); i < rowBytes; ++i) row[i] = static_cast<unsigned char>(row[i] + row[i - bands]);
+  }
+}
+
+}  // namespace
+
+PackedImage PackedImage::Pack(const Image& image) {
+  PackedImage packed;
+  packed.width_ = image.Width();
+  packed.height_ = image.Height();
+  packed.bands_ = image.Bands();
+  const vips::VImage& pixels = image.Internal().image;
+  const size_t rowBytes = size_t(packed.width_) * size_t(packed.bands_);
+  const size_t size = rowBytes * size_t(packed.height_);
+  std::vector<unsigned char> filtered(size);
+  std::memcpy(filtered.data(), pixels.data(), size);
+  DifferenceRows(filtered.data(), rowBytes, size_t(packed.height_), packed.bands_);
+
+  ZSTD_CCtx* context = ZSTD_createCCtx();
+  ZSTD_CCtx_setParameter(context, ZSTD_c_compressionLevel, kLevel);
+  ZSTD_CCtx_setParameter(context, ZSTD_c_nbWorkers, 2);
+  packed.data_.resize(qsizetype(ZSTD_compressBound(size)));
+  const size_t written = ZSTD_compress2(context, packed.data_.data(), size_t(packed.data_.size()), filtered.data(), size);
+  ZSTD_freeCCtx(context);
+  if (ZSTD_isError(written)) {
+    packed.data_ = QByteArray(reinterpret_cast<const char*>(pixels.data()), qsizetype(size));  // never happens: bound
+    packed.bands_ = -packed.bands_;                                                            // marks "stored raw"
+    return packed;
+  }
+  packed.data_.resize(qsizetype(written));
+  packed.data_.squeeze();
+  return packed;
+}
+
+Image PackedImage::Unpack() const {
+  const int bands = bands_ < 0 ? -bands_ : bands_;
+  const size_t rowBytes = size_t(width_) * size_t(bands);
+  const size_t size = rowBytes * size_t(height_);
+  auto* pixels = static_cast<unsigned char*>(g_malloc(size));  // handed to libvips, which frees it
+  if (bands_ < 0) {
+    std::memcpy(pixels, data_.constData(), size);
+  } else {
+    ZSTD_decompress(pixels, size, data_.constData(), size_t(data_.size()));
+    AccumulateRows(pixels, rowBytes, size_t(height_), bands);
+  }
+  // A 3- or 4-band uchar memory image is sRGB by libvips' default interpretation.
+  return Image::FromInternal(
+      Image::Pixels{vips::VImage::new_from_memory_steal(pixels, size, width_, height_, bands, VIPS_FORMAT_UCHAR)});
+}
+
+}  // namespace imaging
