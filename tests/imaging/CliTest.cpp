@@ -2,7 +2,15 @@
 #include "support/ImageCompare.h"
 #include "support/TestFiles.h"
 
+#include "imaging/Loader.h"
+#include "imaging/Saver.h"
+
+#include <QFile>
+#include <QImage>
 #include <QProcess>
+#include <QThread>
+
+#include <csignal>
 
 #include <gtest/gtest.h>
 
@@ -46,6 +54,50 @@ TEST(VistrelCli, ConvertSaysCantSaveFileAndLeavesNothing) {
   EXPECT_EQ(Cli({QStringLiteral("convert"), folder.File(QStringLiteral("missing.png")), folder.File(QStringLiteral("y.png"))}).Output,
             QStringLiteral("Can't open file\n"));
   EXPECT_EQ(Cli({QStringLiteral("nothing")}).ExitCode, 2);
+}
+
+}  // namespace
+
+namespace {
+
+// A save killed at any moment leaves the target either exactly as it was or complete:
+// never a half-written file (the bytes go to a temporary file that is renamed over it).
+TEST(InterruptedSave, AKilledSaveLeavesTheOriginalIntactOrTheNewFileWhole) {
+  testing_support::TempFolder folder;
+  QImage big(3000, 2000, QImage::Format_RGB888);
+  for (int y = 0; y < big.height(); ++y) {
+    for (int x = 0; x < big.width(); ++x) big.setPixel(x, y, qRgb(x % 251, y % 241, (x * y) % 239));
+  }
+  const QString input = folder.File(QStringLiteral("big.ppm"));
+  ASSERT_TRUE(big.save(input, "PPM"));
+  const QString target = folder.File(QStringLiteral("target.tif"));
+  QImage small(16, 16, QImage::Format_RGB888);
+  small.fill(Qt::red);
+  ASSERT_TRUE(imaging::SaveImage(imaging::Image::FromQImage(small), target));
+  const QByteArray original = testing_support::ReadAll(target);
+  int keptOriginal = 0, replacedWhole = 0;
+  for (const int delay : {0, 10, 30, 60, 100, 150, 250, 400}) {
+    QProcess saver;
+    saver.start(QStringLiteral(VISTREL_CLI_PATH), {QStringLiteral("convert"), input, target});
+    ASSERT_TRUE(saver.waitForStarted());
+    QThread::msleep(static_cast<unsigned long>(delay));
+    ::kill(static_cast<pid_t>(saver.processId()), SIGKILL);
+    saver.waitForFinished();
+    const QByteArray now = testing_support::ReadAll(target);
+    if (now == original) {
+      ++keptOriginal;
+      continue;
+    }
+    const auto back = imaging::LoadFile(target);  // anything else must be the whole new image
+    ASSERT_TRUE(back.has_value()) << "delay " << delay;
+    EXPECT_EQ(back->Width(), 3000);
+    ++replacedWhole;
+    QFile restore(target);
+    ASSERT_TRUE(restore.open(QIODevice::WriteOnly));
+    restore.write(original);
+  }
+  EXPECT_GT(keptOriginal, 0);  // at least one kill landed during the save
+  std::printf("kills: %d kept the original, %d after the rename\n", keptOriginal, replacedWhole);
 }
 
 }  // namespace

@@ -1,0 +1,218 @@
+// Part 5.1 on the real frmMain (offscreen): Open File, Save, Save As and the save-changes
+// prompt, with the file dialogs answered through the window's file chooser and the
+// message boxes by DialogAnswerer; Part 4.4's captions in the Edit menu.
+#include "app/SettingsFile.h"
+#include "app/frmMain.h"
+#include "support/DialogAnswerer.h"
+#include "support/TestFiles.h"
+
+#include <QAction>
+#include <QFile>
+#include <QImage>
+#include <QProcess>
+#include <QTreeView>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using testing_support::DialogAnswerer;
+using testing_support::ReadAll;
+using testing_support::TempFolder;
+
+QString WriteGradient(const TempFolder& folder, const QString& name) {
+  QImage image(30, 20, QImage::Format_RGB32);
+  for (int y = 0; y < 20; ++y) {
+    for (int x = 0; x < 30; ++x) image.setPixel(x, y, qRgb(x * 8, y * 12, 100));
+  }
+  image.save(folder.File(name));
+  return folder.File(name);
+}
+
+class frmMainFileTest : public ::testing::Test {
+ protected:
+  void Start(const QString& commandLine) {
+    app::WriteSettingsFile(config_.File(QStringLiteral("Ini.in")),
+                           app::WriteSettingsText(app::DefaultSettings({}), {}, {0, 0, 800, 600, false}));
+    window_ = std::make_unique<app::frmMain>(config_.File(QStringLiteral("Ini.in")));
+    window_->SetFileChooser([this](QWidget*, const app::FileDialogRequest& request) {
+      requests_.push_back(request);
+      return answer_;
+    });
+    window_->RunStartup(commandLine);
+  }
+  QAction* Command(const char* name) { return window_->findChild<QAction*>(QLatin1String(name)); }
+  void Trigger(const char* name) { Command(name)->trigger(); }
+
+  TempFolder config_;
+  TempFolder pictures_;
+  std::unique_ptr<app::frmMain> window_;
+  std::vector<app::FileDialogRequest> requests_;
+  app::FileDialogAnswer answer_;
+};
+
+TEST_F(frmMainFileTest, TheEditMenuNamesWhatUndoAndRedoWouldDo) {
+  Start(WriteGradient(pictures_, QStringLiteral("photo.png")));
+  EXPECT_FALSE(Command("mnuEditUndo")->isEnabled());
+  Trigger("mnuImageFiltersBlur");
+  EXPECT_EQ(Command("mnuEditUndo")->text(), QStringLiteral("&Undo Blur"));
+  EXPECT_EQ(Command("mnuEditUndo")->toolTip(), QStringLiteral("Undo Blur"));
+  EXPECT_EQ(Command("mnuEditRedo")->text(), QStringLiteral("&Redo"));
+  Trigger("mnuEditUndo");
+  EXPECT_EQ(Command("mnuEditUndo")->text(), QStringLiteral("&Undo"));
+  EXPECT_FALSE(Command("mnuEditUndo")->isEnabled());
+  EXPECT_EQ(Command("mnuEditRedo")->text(), QStringLiteral("&Redo Blur"));
+  EXPECT_EQ(Command("mnuEditRedo")->toolTip(), QStringLiteral("Redo Blur"));
+}
+
+TEST_F(frmMainFileTest, SaveOnAGifDoesNothingAtAll) {
+  const QString gif = pictures_.File(QStringLiteral("anim.gif"));
+  ASSERT_EQ(QProcess::execute(QStringLiteral("convert"), {QStringLiteral("-size"), QStringLiteral("10x10"),
+                                                           QStringLiteral("gradient:"), gif}),
+            0);  // Qt has no GIF writer
+  const QByteArray before = ReadAll(gif);
+  Start(gif);
+  Trigger("mnuImageFlip");
+  DialogAnswerer answerer;
+  Trigger("mnuFileSave");
+  EXPECT_EQ(answerer.Count(), 0);
+  EXPECT_EQ(ReadAll(gif), before);
+  EXPECT_EQ(window_->State().ChangeLevel, 1);
+}
+
+TEST_F(frmMainFileTest, SavingAReadOnlyFileSaysSoAndLeavesItAsItWas) {
+  const QString file = WriteGradient(pictures_, QStringLiteral("locked.png"));
+  const QByteArray before = ReadAll(file);
+  QFile::setPermissions(file, QFileDevice::ReadOwner | QFileDevice::ReadGroup);
+  Start(file);
+  Trigger("mnuImageMirror");
+  DialogAnswerer answerer;
+  Trigger("mnuFileSave");
+  EXPECT_EQ(answerer.LastText(), QStringLiteral("Can't save file. File is marked as read-only"));
+  EXPECT_EQ(answerer.LastTitle(), QStringLiteral("Save"));
+  EXPECT_EQ(ReadAll(file), before);
+  EXPECT_EQ(window_->State().ChangeLevel, 1);  // the image and its history stay
+  EXPECT_TRUE(Command("mnuEditUndo")->isEnabled());
+}
+
+TEST_F(frmMainFileTest, AfterASuccessfulSaveUndoIsDisabledAndLeavingAsksNothing) {
+  const QString file = WriteGradient(pictures_, QStringLiteral("photo.png"));
+  Start(file);
+  Trigger("mnuImageFlip");
+  Trigger("mnuFileSave");
+  EXPECT_FALSE(Command("mnuEditUndo")->isEnabled());
+  EXPECT_EQ(window_->State().ChangeLevel, 0);
+  EXPECT_EQ(QImage(file).pixel(0, 0), qRgb(0, 19 * 12, 100));  // flipped on disk
+  DialogAnswerer answerer;
+  EXPECT_TRUE(window_->close());
+  EXPECT_EQ(answerer.Count(), 0);
+}
+
+TEST_F(frmMainFileTest, SaveAsOfAJpegFileProposesEntryFourOfTheTwelveFormats) {
+  const QString file = pictures_.File(QStringLiteral("photo.jpeg"));
+  QImage(12, 8, QImage::Format_RGB32).save(file, "JPEG");
+  Start(file);
+  Trigger("mnuFileSaveAs");
+  ASSERT_EQ(requests_.size(), 1u);
+  const app::FileDialogRequest& request = requests_.front();
+  EXPECT_EQ(request.Title, QStringLiteral("Save As"));
+  EXPECT_EQ(request.SelectedFilter, 4);
+  ASSERT_EQ(request.NameFilters.size(), 12);
+  EXPECT_EQ(request.NameFilters.front(), QStringLiteral("Bitmap (*.bmp) (*.bmp)"));
+  EXPECT_EQ(request.NameFilters[3], QStringLiteral("Jpeg (*.jpg) (*.jpg)"));
+  EXPECT_EQ(request.NameFilters.back(), QStringLiteral("Word Perfect graphic bitmap (*.wpg) (*.wpg)"));
+}
+
+TEST_F(frmMainFileTest, SaveAsTakesTheChosenFormatsExtensionAndBecomesTheOpenFile) {
+  Start(WriteGradient(pictures_, QStringLiteral("photo.png")));
+  Trigger("mnuImageFlip");
+  answer_ = {pictures_.File(QStringLiteral("copy")), 11};  // "Tiff (*.tif)", no extension typed
+  Trigger("mnuFileSaveAs");
+  const QString saved = pictures_.File(QStringLiteral("copy.tif"));
+  ASSERT_TRUE(QFile::exists(saved));
+  EXPECT_EQ(window_->State().Settings.LastFile, saved);
+  EXPECT_EQ(window_->State().ChangeLevel, 0);
+  EXPECT_FALSE(Command("mnuEditUndo")->isEnabled());
+}
+
+TEST_F(frmMainFileTest, SaveAsInFolderModeRescansAndSelectsTheNewFile) {
+  WriteGradient(pictures_, QStringLiteral("a.png"));
+  WriteGradient(pictures_, QStringLiteral("c.png"));
+  Start(pictures_.Path());
+  answer_ = {pictures_.File(QStringLiteral("b.bmp")), 1};
+  Trigger("mnuFileSaveAs");
+  auto* list = window_->findChild<QTreeView*>(QStringLiteral("lisLista"));
+  ASSERT_EQ(list->model()->rowCount(), 3);
+  EXPECT_EQ(list->currentIndex().row(), 1);
+  EXPECT_EQ(list->currentIndex().data().toString(), QStringLiteral("b.bmp"));
+  EXPECT_EQ(window_->CurrentSession().ShownRow(), 1);
+}
+
+TEST_F(frmMainFileTest, OpenFileShowsEveryTypeAndOpensTheChosenFileAlone) {
+  WriteGradient(pictures_, QStringLiteral("a.png"));
+  Start(pictures_.Path());
+  const QString other = WriteGradient(config_, QStringLiteral("other.png"));
+  answer_ = {other, 1};
+  Trigger("mnuFileOpenFile");
+  ASSERT_EQ(requests_.size(), 1u);
+  EXPECT_EQ(requests_[0].Title, QStringLiteral("Open File"));
+  ASSERT_EQ(requests_[0].NameFilters.size(), 19);
+  EXPECT_TRUE(requests_[0].NameFilters.front().startsWith(QStringLiteral("All image files (*.bmp *.cal *.cur")));
+  EXPECT_EQ(requests_[0].NameFilters[7], QStringLiteral("Jpeg image (*.jpg, *.jpeg, *.jpe, *.jif) (*.jpg *.jpeg *.jpe *.jif)"));
+  EXPECT_EQ(requests_[0].NameFilters.back(), QStringLiteral("All files (*)"));
+  EXPECT_EQ(window_->State().Settings.LastOpenKind, app::kOpenFile);
+  EXPECT_EQ(window_->State().Settings.LastFile, other);
+  EXPECT_EQ(window_->State().ViewMode, app::kViewImage);
+  EXPECT_EQ(window_->State().ChangeLevel, 0);
+}
+
+TEST_F(frmMainFileTest, OpenFileThatDoesNotLoadSaysSoAndLeavesNothingOpen) {
+  Start(WriteGradient(pictures_, QStringLiteral("a.png")));
+  answer_ = {pictures_.WriteBytes(QStringLiteral("bad.png"), "garbage"), 1};
+  DialogAnswerer answerer;
+  Trigger("mnuFileOpenFile");
+  EXPECT_EQ(answerer.LastText(), QStringLiteral("Can't open file"));
+  EXPECT_FALSE(window_->State().ImageLoaded);
+  EXPECT_EQ(window_->State().Settings.LastOpenKind, app::kOpenNothing);
+}
+
+TEST_F(frmMainFileTest, OpenFileAsksAboutAChangedImageAndCancelKeepsIt) {
+  const QString file = WriteGradient(pictures_, QStringLiteral("photo.png"));
+  Start(file);
+  Trigger("mnuColorsNegative");
+  answer_ = {WriteGradient(pictures_, QStringLiteral("other.png")), 1};
+  DialogAnswerer answerer(QMessageBox::Cancel);
+  Trigger("mnuFileOpenFile");
+  EXPECT_EQ(answerer.LastText(), QStringLiteral("'photo.png' has changed. Do you want to save changes?"));
+  EXPECT_EQ(answerer.LastTitle(), QStringLiteral("Save Changes"));
+  EXPECT_TRUE(requests_.empty());  // the dialog never opened
+  EXPECT_EQ(window_->State().Settings.LastFile, file);
+  EXPECT_EQ(window_->State().ChangeLevel, 1);
+}
+
+TEST_F(frmMainFileTest, YesWithAFailingSaveKeepsTheImageAndTheWindowOpen) {
+  const QString file = WriteGradient(pictures_, QStringLiteral("locked.png"));
+  QFile::setPermissions(file, QFileDevice::ReadOwner);
+  Start(file);
+  Trigger("mnuColorsGrayScale");
+  DialogAnswerer answerer(QMessageBox::Yes);  // Yes to the question, then OK to "Can't save file"
+  EXPECT_FALSE(window_->close());
+  EXPECT_EQ(answerer.Count(), 2);
+  EXPECT_EQ(answerer.LastText(), QStringLiteral("Can't save file. File is marked as read-only"));
+  EXPECT_TRUE(window_->State().ImageLoaded);
+  EXPECT_EQ(window_->State().ChangeLevel, 1);
+}
+
+TEST_F(frmMainFileTest, YesSavesBeforeSteppingToTheNextEntry) {
+  const QString first = WriteGradient(pictures_, QStringLiteral("a.png"));
+  WriteGradient(pictures_, QStringLiteral("b.png"));
+  Start(pictures_.Path());
+  Trigger("mnuImageFlip");
+  DialogAnswerer answerer(QMessageBox::Yes);
+  window_->CurrentSession().Step(1);
+  EXPECT_EQ(window_->CurrentSession().ShownRow(), 1);
+  EXPECT_EQ(QImage(first).pixel(0, 0), qRgb(0, 19 * 12, 100));  // a.png was saved flipped
+  EXPECT_EQ(window_->State().ChangeLevel, 0);
+}
+
+}  // namespace
