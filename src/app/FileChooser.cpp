@@ -15,7 +15,17 @@ FileDialogAnswer ShowFileDialog(QWidget* parent, const FileDialogRequest& reques
   }
   if (request.Save) dialog.selectFile(request.ProposedPath);
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
-  return {dialog.selectedFiles().constFirst(), int(request.NameFilters.indexOf(dialog.selectedNameFilter())) + 1};
+  return {dialog.selectedFiles().constFirst(), ChosenFilterIndex(request.NameFilters, dialog.selectedNameFilter())};
+}
+
+// With HideNameFilterDetails the dialog may report the entry as shown, without the
+// hidden pattern part; either form names the same entry.
+int ChosenFilterIndex(const QStringList& nameFilters, const QString& selected) {
+  for (int i = 0; i < nameFilters.size(); ++i) {
+    const QString& full = nameFilters.at(i);
+    if (full == selected || full.left(full.lastIndexOf(QStringLiteral(" ("))) == selected) return i + 1;
+  }
+  return 0;
 }
 
 }  // namespace app

@@ -26,6 +26,9 @@ struct FileDialogAnswer {
 
 using FileChooser = std::function<FileDialogAnswer(QWidget* parent, const FileDialogRequest& request)>;
 
+// The 1-based entry of `nameFilters` that the dialog reports as `selected`, 0 when none.
+int ChosenFilterIndex(const QStringList& nameFilters, const QString& selected);
+
 // Qt's own file dialog (not the platform's, so it is the same everywhere).
 FileDialogAnswer ShowFileDialog(QWidget* parent, const FileDialogRequest& request);
 

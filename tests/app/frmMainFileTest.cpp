@@ -216,3 +216,14 @@ TEST_F(frmMainFileTest, YesSavesBeforeSteppingToTheNextEntry) {
 }
 
 }  // namespace
+
+namespace {
+
+TEST(FileChooser, TheChosenEntryIsFoundWithOrWithoutItsHiddenPatterns) {
+  const QStringList filters = {QStringLiteral("Bitmap (*.bmp) (*.bmp)"), QStringLiteral("Jpeg (*.jpg) (*.jpg)")};
+  EXPECT_EQ(app::ChosenFilterIndex(filters, QStringLiteral("Jpeg (*.jpg) (*.jpg)")), 2);
+  EXPECT_EQ(app::ChosenFilterIndex(filters, QStringLiteral("Jpeg (*.jpg)")), 2);
+  EXPECT_EQ(app::ChosenFilterIndex(filters, QStringLiteral("Tiff (*.tif)")), 0);
+}
+
+}  // namespace
