@@ -53,8 +53,6 @@ void frmMain::UpdateUndoCaptions() {
   if (!undo || !redo) return;
   undo->setText(history.UndoCaption());
   redo->setText(history.RedoCaption());
-  undo->setIconText(QStringLiteral("Undo"));
-  redo->setIconText(QStringLiteral("Redo"));
   undo->setToolTip(history.UndoTooltip());
   redo->setToolTip(history.RedoTooltip());
   commands_.Refresh();

@@ -67,7 +67,7 @@ void Image::WarmDisplayLevels(int smallestSide) const {
     vips::VImage last;
     {
       std::lock_guard lock(cache.mutex);
-      last = BaseLevel(*this, cache);
+      BaseLevel(*this, cache);
       last = cache.levels.back();
     }
     // Each level is made without the lock, so a paint never waits for the warming.

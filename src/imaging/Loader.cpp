@@ -70,16 +70,22 @@ std::optional<Image> LoadFile(const QString& path) {
   return loaded->Picture;
 }
 
-std::optional<QSize> ReadImageSizeCheaply(const QString& path) {
-  const Decision decision = DecisionFor(path);
+namespace {
+
+std::optional<QSize> HeaderSize(const QString& path, const Decision& decision) {
   if (decision.Via == Route::Vips) return VipsHeaderSize(path);
   if (decision.Via == Route::Qt) return QtHeaderSize(path);
   return std::nullopt;
 }
 
+}  // namespace
+
+std::optional<QSize> ReadImageSizeCheaply(const QString& path) { return HeaderSize(path, DecisionFor(path)); }
+
 std::optional<QSize> ReadImageSize(const QString& path) {
-  if (auto size = ReadImageSizeCheaply(path)) return size;
-  if (DecisionFor(path).Via == Route::Vips) return std::nullopt;
+  const Decision decision = DecisionFor(path);
+  if (auto size = HeaderSize(path, decision)) return size;
+  if (decision.Via == Route::Vips) return std::nullopt;
   if (const auto image = LoadFile(path)) return QSize(image->Width(), image->Height());
   return std::nullopt;
 }

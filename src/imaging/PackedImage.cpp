@@ -65,8 +65,8 @@ PackedImage PackedImage::Pack(const Image& image) {
   const size_t written = ZSTD_compress2(context, packed.data_.data(), size_t(packed.data_.size()), filtered.data(), size);
   ZSTD_freeCCtx(context);
   if (ZSTD_isError(written)) {
-    packed.data_ = QByteArray(reinterpret_cast<const char*>(pixels.data()), qsizetype(size));  // never happens: bound
-    packed.bands_ = -packed.bands_;                                                            // marks "stored raw"
+    packed.data_ = QByteArray(reinterpret_cast<const char*>(pixels.data()), qsizetype(size));
+    packed.compressed_ = false;
     return packed;
   }
   packed.data_.resize(qsizetype(written));
@@ -75,19 +75,19 @@ PackedImage PackedImage::Pack(const Image& image) {
 }
 
 Image PackedImage::Unpack() const {
-  const int bands = bands_ < 0 ? -bands_ : bands_;
-  const size_t rowBytes = size_t(width_) * size_t(bands);
+  const size_t rowBytes = size_t(width_) * size_t(bands_);
   const size_t size = rowBytes * size_t(height_);
   auto* pixels = static_cast<unsigned char*>(g_malloc(size));  // handed to libvips, which frees it
-  if (bands_ < 0) {
+  if (!compressed_) {
     std::memcpy(pixels, data_.constData(), size);
+  } else if (ZSTD_isError(ZSTD_decompress(pixels, size, data_.constData(), size_t(data_.size())))) {
+    std::memset(pixels, 255, size);  // unreachable for our own data; never show uninitialised memory
   } else {
-    ZSTD_decompress(pixels, size, data_.constData(), size_t(data_.size()));
-    AccumulateRows(pixels, rowBytes, size_t(height_), bands);
+    AccumulateRows(pixels, rowBytes, size_t(height_), bands_);
   }
   // A 3- or 4-band uchar memory image is sRGB by libvips' default interpretation.
   return Image::FromInternal(
-      Image::Pixels{vips::VImage::new_from_memory_steal(pixels, size, width_, height_, bands, VIPS_FORMAT_UCHAR)});
+      Image::Pixels{vips::VImage::new_from_memory_steal(pixels, size, width_, height_, bands_, VIPS_FORMAT_UCHAR)});
 }
 
 }  // namespace imaging

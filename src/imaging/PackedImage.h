@@ -23,6 +23,7 @@ class PackedImage {
  private:
   QByteArray data_;
   int width_ = 0, height_ = 0, bands_ = 3;
+  bool compressed_ = true;  // false only if Zstandard failed: the pixels are kept as they are
 };
 
 }  // namespace imaging

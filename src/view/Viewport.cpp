@@ -65,18 +65,19 @@ void Viewport::SetBackground(const QColor& color) {
 
 void Viewport::SetImage(const std::optional<imaging::Image>& image, const QString& naturalSizeTag, bool fit) {
   SelectNone();
+  Show(image, naturalSizeTag, fit);
+}
+
+void Viewport::ReplaceImage(const imaging::Image& image, const QString& naturalSizeTag) {
+  Show(image, naturalSizeTag, alwaysFit_);
+}
+
+void Viewport::Show(const std::optional<imaging::Image>& image, const QString& naturalSizeTag, bool fit) {
   image_ = image;
   natural_ = image ? files::ReadNaturalSizeRecord(naturalSizeTag) : files::NaturalSize{};
   imaImagen_->SetImage(image);
   imaImagen_->setVisible(image.has_value());
   ApplyZoom(fit && image ? FitPercentage() : percentage_);
-}
-
-void Viewport::ReplaceImage(const imaging::Image& image, const QString& naturalSizeTag) {
-  image_ = image;
-  natural_ = files::ReadNaturalSizeRecord(naturalSizeTag);
-  imaImagen_->SetImage(image_);
-  ApplyZoom(alwaysFit_ ? FitPercentage() : percentage_);
 }
 
 QSizeF Viewport::ControlTwips() const {

@@ -67,6 +67,7 @@ class Viewport : public QWidget {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  void Show(const std::optional<imaging::Image>& image, const QString& naturalSizeTag, bool fit);
   float TwipsX() const;
   float TwipsY() const;
   QSizeF ControlTwips() const;

@@ -2,6 +2,7 @@
 // Edit menu shows and the change level.
 #include "app/Session.h"
 #include "imaging/Operations.h"
+#include "support/FakeSessionView.h"
 #include "support/ImageCompare.h"
 #include "support/TestFiles.h"
 
@@ -11,21 +12,6 @@ namespace {
 
 using testing_support::MeanAbsoluteDifference;
 
-class HistoryView : public app::SessionView {
- public:
-  bool selectionRemoved = false;
-  void ShowExclamation(const QString&) override {}
-  bool ConfirmSaveChanges() override { return true; }
-  void LayOut() override {}
-  void ApplyViewChecks() override {}
-  void RefreshStatusBar(const QString&) override {}
-  void SelectListRow(int) override {}
-  void FitListColumn() override {}
-  void ShowImage(const imaging::Image*) override {}
-  void RunOpenFolderCommand() override {}
-  void ShowEditedImage(const imaging::Image&, bool removeSelection) override { selectionRemoved = removeSelection; }
-  void UpdateUndoCaptions() override {}
-};
 
 class SessionHistoryTest : public ::testing::Test {
  protected:
@@ -44,7 +30,7 @@ class SessionHistoryTest : public ::testing::Test {
   testing_support::TempFolder folder_;
   app::AppState state_;
   browse::FileListModel list_;
-  HistoryView view_;
+  testing_support::FakeSessionView view_;
   app::Session session_;
   imaging::Image original_ = imaging::Image::FromQImage(QImage(1, 1, QImage::Format_RGB888));
 };
@@ -93,13 +79,24 @@ TEST_F(SessionHistoryTest, SavingStartsAFreshHistoryWithNothingToUndo) {
   EXPECT_EQ(state_.ChangeLevel, 0);
 }
 
-TEST_F(SessionHistoryTest, UndoingARotateRestoresTheSizeAndRemovesTheSelectionFirst) {
+TEST_F(SessionHistoryTest, UndoingACropRestoresTheFullSizeAndRemovesTheSelectionFirst) {
+  const QImage cropped = Shown().ToQImage().copy(5, 5, 10, 8);
+  session_.ApplyEdit(imaging::Image::FromQImage(cropped), QStringLiteral("Crop"));
+  EXPECT_EQ(Shown().Width(), 10);
+  view_.selectionRemoved = false;
+  session_.Undo();
+  EXPECT_TRUE(view_.selectionRemoved);
+  EXPECT_EQ(Shown().Width(), 40);
+  EXPECT_EQ(Shown().Height(), 30);
+  EXPECT_EQ(session_.NaturalSizeTag(), QStringLiteral("600 450"));
+}
+
+TEST_F(SessionHistoryTest, UndoAndRedoOfRotateRemoveTheSelectionAndOtherStepsKeepIt) {
   session_.ApplyEdit(imaging::ops::RotateQuarter(Shown(), 1), QStringLiteral("Rotate"));
   EXPECT_EQ(Shown().Width(), 30);
   session_.Undo();
   EXPECT_TRUE(view_.selectionRemoved);
   EXPECT_EQ(Shown().Width(), 40);
-  EXPECT_EQ(session_.NaturalSizeTag(), QStringLiteral("600 450"));
   session_.Redo();
   EXPECT_TRUE(view_.selectionRemoved);
   Edit("Brightness");

@@ -1,6 +1,7 @@
 // Part 1.1's command line, start options, item click and rename, on the logic alone.
 #include "app/Session.h"
 #include "imaging/Loader.h"
+#include "support/FakeSessionView.h"
 #include "support/TestFiles.h"
 
 #include <QFile>
@@ -12,32 +13,7 @@ namespace {
 using app::Session;
 using testing_support::TempFolder;
 
-class FakeView : public app::SessionView {
- public:
-  QStringList messages;
-  bool answerSaveChanges = true;
-  int selectedRow = -2;
-  int openFolderCommands = 0;
-  bool imageShown = false;
-
-  void ShowExclamation(const QString& text) override { messages << text; }
-  bool ConfirmSaveChanges() override { return answerSaveChanges; }
-  void LayOut() override {}
-  void ApplyViewChecks() override {}
-  void RefreshStatusBar(const QString&) override {}
-  void SelectListRow(int row) override { selectedRow = row; }
-  void FitListColumn() override {}
-  void ShowImage(const imaging::Image* image) override { imageShown = image != nullptr; }
-  void RunOpenFolderCommand() override { ++openFolderCommands; }
-  void ShowEditedImage(const imaging::Image&, bool removeSelection) override {
-    ++editedImagesShown;
-    selectionRemoved = removeSelection;
-  }
-  void UpdateUndoCaptions() override { ++captionUpdates; }
-  int editedImagesShown = 0;
-  bool selectionRemoved = false;
-  int captionUpdates = 0;
-};
+using FakeView = testing_support::FakeSessionView;
 
 class SessionTest : public ::testing::Test {
  protected:
