@@ -13,7 +13,14 @@ QAction* CommandRegistry::Add(const QString& name, const QString& caption, const
 QAction* CommandRegistry::Get(const QString& name) const { return actions_.value(name); }
 
 void CommandRegistry::EnableWhen(const QString& name, std::function<bool()> predicate) {
-  enabledRules_.push_back({Get(name), std::move(predicate)});
+  QAction* action = Get(name);
+  for (Rule& rule : enabledRules_) {
+    if (rule.action == action) {
+      rule.predicate = std::move(predicate);
+      return;
+    }
+  }
+  enabledRules_.push_back({action, std::move(predicate)});
 }
 
 void CommandRegistry::CheckWhen(const QString& name, std::function<bool()> predicate) {

@@ -19,7 +19,7 @@ class CommandRegistry {
   QAction* Add(const QString& name, const QString& caption, const QKeySequence& shortcut = {});
   QAction* Get(const QString& name) const;
 
-  // Without a predicate a command is always enabled.
+  // Without a predicate a command is always enabled; a later predicate replaces an earlier one.
   void EnableWhen(const QString& name, std::function<bool()> predicate);
   void CheckWhen(const QString& name, std::function<bool()> predicate);
   // A command whose Part is not built yet: present, and disabled until it is.

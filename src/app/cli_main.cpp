@@ -3,6 +3,8 @@
 //   vistrel-cli info FILE...   one line a file: PATH<TAB>FORMAT<TAB>WIDTHxHEIGHT
 //   vistrel-cli convert IN OUT load IN as the viewer does, save OUT by its extension
 //   vistrel-cli thumbnail IN OUT WIDTHxHEIGHT   the same, reduced to fit the box
+//   vistrel-cli apply IN OUT OPERATION [VALUE...]...   Part 4.3's operations in turn, then save
+#include "edit/Catalogue.h"
 #include "imaging/Loader.h"
 #include "imaging/Saver.h"
 
@@ -15,7 +17,8 @@ namespace {
 int Usage() {
   std::fprintf(stderr,
                "usage: vistrel-cli info FILE...\n       vistrel-cli convert IN OUT\n"
-               "       vistrel-cli thumbnail IN OUT WIDTHxHEIGHT\n");
+               "       vistrel-cli thumbnail IN OUT WIDTHxHEIGHT\n"
+               "       vistrel-cli apply IN OUT OPERATION [VALUE...] [OPERATION [VALUE...]]...\n");
   return 2;
 }
 
@@ -51,6 +54,25 @@ int Convert(const QString& input, const QString& output, const QString& box = {}
   return 0;
 }
 
+int Apply(const QString& input, const QString& output, const QStringList& words) {
+  const edit::OperationChain chain = edit::ParseOperationChain(words);
+  if (!chain.Error.isEmpty()) {
+    std::fprintf(stderr, "%s\n", chain.Error.toLocal8Bit().constData());
+    return 2;
+  }
+  auto image = imaging::LoadFile(input);
+  if (!image) {
+    Print(QStringLiteral("Can't open file"));
+    return 1;
+  }
+  for (const edit::OperationStep& step : chain.Steps) image = edit::Apply(*step.Command, *image, step.Values);
+  if (!imaging::SaveImage(*image, output)) {
+    Print(QStringLiteral("Can't save file"));
+    return 1;
+  }
+  return 0;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -61,6 +83,9 @@ int main(int argc, char** argv) {
   if (arguments.size() == 3 && arguments[0] == QLatin1String("convert")) return Convert(arguments[1], arguments[2]);
   if (arguments.size() == 4 && arguments[0] == QLatin1String("thumbnail")) {
     return Convert(arguments[1], arguments[2], arguments[3]);
+  }
+  if (arguments.size() >= 4 && arguments[0] == QLatin1String("apply")) {
+    return Apply(arguments[1], arguments[2], arguments.mid(3));
   }
   return Usage();
 }

@@ -8,6 +8,7 @@
 #include "app/Session.h"
 #include "app/SettingsFile.h"
 #include "browse/FileListModel.h"
+#include "edit/Catalogue.h"
 #include "files/Prefetcher.h"
 
 #include <QMainWindow>
@@ -24,7 +25,14 @@ namespace view {
 class Viewport;
 }
 
+namespace edit {
+class frmDiseno;
+}
+
 namespace app {
+
+// Shows the parameter dialog modally: true for OK.
+bool RunParameterDialog(edit::frmDiseno& dialog);
 
 class frmMain : public QMainWindow, public SessionView {
   Q_OBJECT
@@ -57,6 +65,9 @@ class frmMain : public QMainWindow, public SessionView {
 
   // Tests answer the open and save dialogs through this.
   void SetFileChooser(FileChooser chooser) { chooseFile_ = std::move(chooser); }
+  // ... and the parameter dialog through this: true for OK, false for Cancel.
+  using ParameterDialogRunner = std::function<bool(edit::frmDiseno& dialog)>;
+  void SetParameterDialogRunner(ParameterDialogRunner runner) { runParameterDialog_ = std::move(runner); }
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -77,8 +88,12 @@ class frmMain : public QMainWindow, public SessionView {
   bool RunSave();
   void RunSaveAs();
   void ShowCantSave(const QString& path, const QString& title);
+  void ConnectCatalogueCommands();
   bool CanRunImageCommand() const;
-  void RunImageCommand(const QString& undoName, imaging::Image (*operation)(const imaging::Image&));
+  QRect SelectionPixels() const;
+  void RunCatalogueCommand(const edit::CatalogueCommand& command);
+  std::optional<edit::Arguments> AskParameters(const edit::CatalogueCommand& command);
+  void CopyToClipboard();
   void BuildToolbar();
   void BuildViewButton();
   void ZoomTo(int percentage, int pendingFlag);
@@ -108,6 +123,7 @@ class frmMain : public QMainWindow, public SessionView {
   std::array<QLabel*, 5> statusPanes_{};
   QMenu* mnuList_ = nullptr;
   FileChooser chooseFile_ = ShowFileDialog;
+  ParameterDialogRunner runParameterDialog_ = RunParameterDialog;
   QRect normalRect_;  // the restored rectangle, kept while maximized (the placement record)
 };
 

@@ -118,6 +118,7 @@ void frmMain::BuildMenus() {
   add(viewMenu, "mnuViewStatusBar");
 
   BuildPendingMenus();
+  ConnectCatalogueCommands();
   file->addSeparator();
   add(file, "mnuFileExit");
 

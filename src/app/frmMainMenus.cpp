@@ -1,6 +1,7 @@
 // The menus' commands beyond File > Open Folder/Rename/Exit, Edit > Select None and View:
 // each goes in its menu in this order under the spec's name. A command built elsewhere is
-// placed as it is; one whose Part is not built yet is made here, present and disabled.
+// placed as it is; one made here is disabled until its Part connects it (the catalogue's
+// commands right after, in ConnectCatalogueCommands).
 #include "app/frmMain.h"
 
 #include <QMenu>
@@ -39,7 +40,11 @@ constexpr PendingCommand kPending[] = {
     {"mnuColors", "mnuColorsEqualize", "&Equalize", ""},
     {"mnuColors", "mnuColorsNegative", "&Negative", ""},
     {"mnuColors", "mnuColorsGrayScale", "Gr&ay Scale", ""},
-    {"mnuColors", "mnuColorsColorDepth", "Color &Depth...", ""},
+    {"mnuColors", "@mnuColorsColorDepth", "Color &Depth", ""},
+    {"mnuColorsColorDepth", "mnuColorsColorDepth1Bit", "&1 Bit (2 Colors)", ""},
+    {"mnuColorsColorDepth", "mnuColorsColorDepth4Bits", "&4 Bits (16 Colors)", ""},
+    {"mnuColorsColorDepth", "mnuColorsColorDepth8Bits", "&8 Bits (256 Colors)", ""},
+    {"mnuColorsColorDepth", "mnuColorsColorDepth24Bits", "&24 Bits (True Color)", ""},
     {"mnuColors", "mnuColorsConcaveParabolic", "Conca&ve Parabolic", ""},
     {"mnuColors", "mnuColorsConvexParabolic", "Con&vex Parabolic", ""},
     {"mnuColors", "mnuColorsRedEye", "Red E&ye Removal", ""},
@@ -88,6 +93,12 @@ void frmMain::BuildPendingMenus() {
   QMenu* help = menuBar()->addMenu(QStringLiteral("&Help"));
   help->setObjectName(QStringLiteral("mnuHelp"));
   for (const PendingCommand& c : kPending) {
+    if (c.Name[0] == '@') {  // a submenu, named after the '@'
+      if (QMenu* menu = findChild<QMenu*>(QLatin1String(c.Menu))) {
+        menu->addMenu(QLatin1String(c.Caption))->setObjectName(QLatin1String(c.Name + 1));
+      }
+      continue;
+    }
     QAction* action = commands_.Get(QLatin1String(c.Name));
     if (!action) {
       action = commands_.Add(QLatin1String(c.Name), QLatin1String(c.Caption), QKeySequence(QLatin1String(c.Shortcut)));

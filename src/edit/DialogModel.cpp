@@ -122,7 +122,11 @@ std::optional<ValidationFailure> DialogModel::Validate() const {
 DialogValues DialogModel::Values() const {
   DialogValues values;
   const int boxes = layout_.Count(ControlKind::TextBox);
-  for (int i = 1; i <= boxes; ++i) values.Numbers.push_back(vb::CLngText(Text(i)).value_or(0));
+  for (int i = 1; i <= boxes; ++i) {
+    const auto number = vb::CLngText(Text(i));
+    values.Numbers.push_back(number.value_or(0));
+    values.AllConverted = values.AllConverted && number.has_value();
+  }
   values.SelectedOption = selectedOption_;
   const int checks = layout_.Count(ControlKind::Check);
   for (int i = 1; i <= checks; ++i) values.Checks.push_back(Checked(i));

@@ -27,6 +27,7 @@ struct DialogValues {
   std::vector<int> Numbers;   // text box n at [n - 1]; a text that does not convert reads 0
   int SelectedOption = 0;     // 1-based; 0 when none is selected
   std::vector<bool> Checks;   // check box n at [n - 1]
+  bool AllConverted = true;   // false when some text box's text is not a whole number
 
   int Number(int textBox) const;
 };

@@ -167,7 +167,8 @@ TEST(frmMainMenus, EveryCommandOfTheSpecIsThereAndUnbuiltOnesAreDisabled) {
   testing_support::TempFolder config;
   app::frmMain window(config.File(QStringLiteral("Ini.in")));
   const QStringList names = QStringLiteral(
-      "mnuColorsBrightness mnuColorsColorDepth mnuColorsConcaveParabolic mnuColorsContrast mnuColorsConvexParabolic "
+      "mnuColorsBrightness mnuColorsColorDepth1Bit mnuColorsColorDepth4Bits mnuColorsColorDepth8Bits "
+      "mnuColorsColorDepth24Bits mnuColorsConcaveParabolic mnuColorsContrast mnuColorsConvexParabolic "
       "mnuColorsEqualize mnuColorsGamma mnuColorsGrayScale mnuColorsHSL mnuColorsNegative mnuColorsRGB mnuColorsRedEye "
       "mnuColorsSolarize mnuEditCopy mnuEditRedo mnuEditSelectNone mnuEditUndo mnuFileClose mnuFileCopyTo "
       "mnuFileDelete mnuFileMoveTo mnuFileOpenFile mnuFileOpenFolder mnuFileProperties mnuFileRename mnuFileSave "
@@ -186,6 +187,7 @@ TEST(frmMainMenus, EveryCommandOfTheSpecIsThereAndUnbuiltOnesAreDisabled) {
   EXPECT_TRUE(window.findChild<QAction*>(QStringLiteral("mnuFileOpenFolder"))->isEnabled());
   EXPECT_EQ(window.findChild<QAction*>(QStringLiteral("mnuEditUndo"))->text(), QStringLiteral("&Undo"));
   EXPECT_NE(window.findChild<QMenu*>(QStringLiteral("mnuImageFilters")), nullptr);
+  EXPECT_NE(window.findChild<QMenu*>(QStringLiteral("mnuColorsColorDepth")), nullptr);
 }
 
 }  // namespace

@@ -1,0 +1,114 @@
+// Part 4.3's operations on a 24-megapixel photo made by ImageMagick at bench time.
+// For each: the operation alone in process (best of 2), its preview on the dialog's
+// reduced copy, and the whole command (load the JPEG, apply, write a PPM) through
+// `vistrel-cli apply` next to the closest `convert` of ImageMagick, in the same run.
+// Usage: bench_operations PATH_TO_VISTREL_CLI SOURCE_PHOTO [OPERATION...]
+#include "BenchClock.h"
+#include "edit/Catalogue.h"
+#include "imaging/Loader.h"
+
+#include <QCoreApplication>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <algorithm>
+
+namespace {
+
+struct Case {
+  const char* Words;   // vistrel-cli apply's words
+  const char* Magick;  // convert's options between the input and the output
+};
+
+// The closest ImageMagick equivalent of each operation on a 6000 x 4000 photo.
+const Case kCases[] = {
+    {"Brightness 20", "-brightness-contrast 20x0"},
+    {"Contrast 20", "-brightness-contrast 0x20"},
+    {"Gamma 150", "-gamma 1.5"},
+    {"Hsl 20 20 20", "-modulate 120,120,120"},
+    {"Rgb 20 -10 5", "-channel R -evaluate add 51 -channel G -evaluate subtract 25 -channel B -evaluate add 13 +channel"},
+    {"Solarize 128", "-solarize 50%"},
+    {"Equalize", "-equalize"},
+    {"Negative", "-negate"},
+    {"GrayScale", "-grayscale Rec601Luma"},
+    {"ColorDepth 1", "-dither FloydSteinberg -colors 2"},
+    {"ColorDepth 4", "-dither FloydSteinberg -colors 16"},
+    {"ColorDepth 8", "-dither FloydSteinberg -colors 256"},
+    {"ColorDepth 24", "-alpha off"},
+    {"ConcaveParabolic", "-function Polynomial -1,2,0"},
+    {"ConvexParabolic", "-function Polynomial 1,0,0"},
+    {"RedEyeRemoval 2500 1500 1000 1000", "-region 1000x1000+2500+1500 -channel R -fx (r>1.5*(g+b)/2)?(g+b)/2:r"},
+    {"Blend 50", "-morphology Convolve 3x3:0.0556,0.0556,0.0556,0.0556,0.5556,0.0556,0.0556,0.0556,0.0556"},
+    {"Blur", "-gaussian-blur 0x1"},
+    {"Diffuse", "-spread 2"},
+    {"Dilate", "-morphology Dilate Square:1"},
+    {"Erode", "-morphology Erode Square:1"},
+    {"Median", "-statistic Median 3x3"},
+    {"Mosaic 8", "-scale 750x500! -scale 6000x4000!"},
+    {"MotionBlur 5 5 10", "-motion-blur 0x3+45"},
+    {"Noise 10 50", "-attenuate 0.4 +noise Uniform"},
+    {"Sharpen 4", "-unsharp 0x1+1.0+0"},
+    {"Soften 4", "-gaussian-blur 0x2"},
+    {"Flip", "-flip"},
+    {"Mirror", "-flop"},
+    {"Perspective 50 1", "-virtual-pixel white -distort Perspective 0,0,1200,0,5999,0,4799,0,0,3999,0,3999,5999,3999,5999,3999"},
+    {"Pinch 50", "-implode 0.5"},
+    {"Ripple 10 20 1", "-background white -wave 80x600"},
+    {"Swirl 300", "-swirl 300"},
+    {"Rotate 30", "-background white -rotate 30"},
+    {"Resize 2000 1500", "-resize 2000x1500!"},
+    {"Crop 1000 1000 2000 1500", "-crop 2000x1500+1000+1000 +repage"},
+};
+
+QStringList Words(const char* text) { return QString::fromLatin1(text).split(u' ', Qt::SkipEmptyParts); }
+
+bool Run(const QString& program, const QStringList& arguments) {
+  QProcess process;
+  process.start(program, arguments);
+  return process.waitForFinished(600000) && process.exitCode() == 0;
+}
+
+double CommandMilliseconds(const QString& program, const QStringList& arguments) {
+  return bench::BestMilliseconds(2, [&] { Run(program, arguments); });
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  QCoreApplication application(argc, argv);
+  if (argc < 3) return 2;
+  imaging::Initialize();
+  const QString cli = QString::fromLocal8Bit(argv[1]);
+  const QStringList only = QCoreApplication::arguments().mid(3);
+  QTemporaryDir work;
+  const QString photo = work.filePath(QStringLiteral("24mp.jpg"));
+  if (!Run(QStringLiteral("convert"), {QString::fromLocal8Bit(argv[2]), QStringLiteral("-resize"), QStringLiteral("6000x4000!"),
+                                      QStringLiteral("-quality"), QStringLiteral("90"), photo})) {
+    return 1;
+  }
+  const imaging::Image image = imaging::LoadFile(photo).value();
+  const imaging::Image preview = image.FitWithin(112, 112);  // the dialog's panel at 96 DPI
+  const QString out = work.filePath(QStringLiteral("out.ppm"));
+  std::printf("operations_source: 6000x4000 jpeg\n");
+  std::printf("%-34s %9s %9s %11s %11s %7s\n", "operation", "op ms", "preview", "vistrel ms", "magick ms", "ratio");
+  std::vector<double> ratios;
+  for (const Case& c : kCases) {
+    const QStringList words = Words(c.Words);
+    if (!only.isEmpty() && !only.contains(words[0])) continue;
+    const edit::OperationChain chain = edit::ParseOperationChain(words);
+    if (chain.Steps.size() != 1) return 1;
+    const edit::OperationStep& step = chain.Steps.front();
+    const double alone = bench::BestMilliseconds(2, [&] { (void)edit::Apply(*step.Command, image, step.Values); });
+    const double small = bench::BestMilliseconds(5, [&] { (void)edit::Apply(*step.Command, preview, step.Values); });
+    const double ours = CommandMilliseconds(cli, QStringList{QStringLiteral("apply"), photo, out} + words);
+    const double magick = CommandMilliseconds(QStringLiteral("convert"), QStringList{photo} + Words(c.Magick) + QStringList{out});
+    ratios.push_back(magick / ours);
+    std::printf("%-34s %9.1f %9.2f %11.1f %11.1f %7.2f\n", c.Words, alone, small, ours, magick, magick / ours);
+    std::fflush(stdout);
+  }
+  if (ratios.empty()) return 0;
+  std::sort(ratios.begin(), ratios.end());
+  bench::PrintRatio("operations imagemagick vs vistrel_cli, lowest", ratios.front());
+  bench::PrintRatio("operations imagemagick vs vistrel_cli, median", ratios[ratios.size() / 2]);
+  return 0;
+}

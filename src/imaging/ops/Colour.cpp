@@ -1,0 +1,101 @@
+// The Colors menu's operations. The tone curves go through one lookup table per band,
+// so each costs one pass over the pixels whatever its formula.
+#include "imaging/Operations.h"
+#include "imaging/ops/OpsInternal.h"
+
+#include <cmath>
+
+namespace imaging::ops {
+
+using detail::Clamp;
+
+Image Brightness(const Image& image, int amount) {
+  const double offset = Clamp(amount, -100, 100) * 2.55;
+  return detail::ThroughCurve(image, [offset](int, int v) { return v + offset; });
+}
+
+Image Contrast(const Image& image, int amount) {
+  amount = Clamp(amount, -100, 100);
+  // Flat grey at -100, a threshold at mid-grey at 100.
+  const double slope = amount <= 0 ? 1 + amount / 100.0 : amount == 100 ? 255.0 : 100.0 / (100 - amount);
+  return detail::ThroughCurve(image, [slope](int, int v) { return (v - 127.5) * slope + 127.5; });
+}
+
+Image Gamma(const Image& image, double gamma) {
+  const double exponent = 1 / Clamp(gamma, 0.01, 10.0);
+  return detail::ThroughCurve(image, [exponent](int, int v) { return 255 * std::pow(v / 255.0, exponent); });
+}
+
+Image RedGreenBlue(const Image& image, int red, int green, int blue) {
+  const double offsets[] = {Clamp(red, -100, 100) * 2.55, Clamp(green, -100, 100) * 2.55, Clamp(blue, -100, 100) * 2.55};
+  return detail::ThroughCurve(image, [&offsets](int band, int v) { return v + offsets[band]; });
+}
+
+Image Solarize(const Image& image, int level) {
+  const int threshold = 256 - Clamp(level, 0, 255);
+  return detail::ThroughCurve(image, [threshold](int, int v) { return v >= threshold ? 255 - v : v; });
+}
+
+Image Negative(const Image& image) {
+  return detail::ThroughCurve(image, [](int, int v) { return 255 - v; });
+}
+
+Image Parabolic(const Image& image, bool concave) {
+  return detail::ThroughCurve(image, [concave](int, int v) {
+    const double t = v / 255.0;
+    return 255 * (concave ? 1 - (1 - t) * (1 - t) : t * t);
+  });
+}
+
+Image HueSaturationLuminance(const Image& image, int hue, int saturation, int luminance) {
+  const double shift = Clamp(hue, -100, 100) * 1.28;  // 100 is half a turn of libvips' 256-step hue
+  const double chroma = 1 + Clamp(saturation, -100, 100) / 100.0;
+  const double light = Clamp(luminance, -100, 100) / 100.0;
+  return detail::OnColourBands(image, [=](const vips::VImage& rgb) {
+    vips::VImage out = rgb;
+    if (shift != 0 || chroma != 1) {  // skipped at neutral: the HSV round trip is not exact
+      const vips::VImage lut = detail::CurveLut(
+          [=](int band, int v) {
+            if (band == 0) return std::fmod(std::round(v + shift) + 512, 256.0);
+            return band == 1 ? v * chroma : double(v);
+          },
+          3);
+      out = rgb.colourspace(VIPS_INTERPRETATION_HSV)
+                .maplut(lut)
+                .copy(vips::VImage::option()->set("interpretation", VIPS_INTERPRETATION_HSV))
+                .colourspace(VIPS_INTERPRETATION_sRGB);
+    }
+    if (light != 0) {  // towards white or black, as GIMP's lightness
+      out = out.maplut(detail::CurveLut([light](int, int v) { return light > 0 ? v + (255 - v) * light : v * (1 + light); }, 3));
+    }
+    return out;
+  });
+}
+
+Image Equalize(const Image& image) {
+  return detail::OnColourBands(image, [](const vips::VImage& rgb) { return rgb.hist_equal(); });
+}
+
+Image GrayScale(const Image& image) {
+  return detail::OnColourBands(image, [](const vips::VImage& rgb) {
+    const vips::VImage luma = rgb.recomb(vips::VImage::new_matrixv(1, 3, 0.299, 0.587, 0.114)).round(VIPS_OPERATION_ROUND_RINT);
+    return luma.bandjoin({luma, luma});
+  });
+}
+
+Image RedEyeRemoval(const Image& image, const QRect& area) {
+  const QRect inside = area.intersected(QRect(0, 0, image.Width(), image.Height()));
+  if (inside.isEmpty()) return image;
+  return detail::OnWholeImage(image, [&inside](const vips::VImage& in) {
+    const vips::VImage part = in.extract_area(inside.x(), inside.y(), inside.width(), inside.height());
+    const vips::VImage red = part.extract_band(0).cast(VIPS_FORMAT_FLOAT);
+    const vips::VImage rest = (part.extract_band(1).cast(VIPS_FORMAT_FLOAT) + part.extract_band(2)) / 2;
+    // A pixel is red-eye where red clearly dominates the mean of green and blue.
+    const vips::VImage eye = (red > rest * 1.5) & (red > 40);
+    vips::VImage fixed = eye.ifthenelse(rest.round(VIPS_OPERATION_ROUND_RINT), red).cast(VIPS_FORMAT_UCHAR);
+    fixed = fixed.bandjoin(part.extract_band(1, vips::VImage::option()->set("n", part.bands() - 1)));
+    return in.insert(fixed, inside.x(), inside.y());
+  });
+}
+
+}  // namespace imaging::ops

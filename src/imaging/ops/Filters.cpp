@@ -1,0 +1,92 @@
+// The Filters submenu: neighbourhood operations on the colour bands.
+#include "imaging/Operations.h"
+#include "imaging/ops/OpsInternal.h"
+
+#include <cmath>
+
+namespace imaging::ops {
+
+using detail::Clamp;
+
+namespace {
+
+vips::VImage Rounded(const vips::VImage& image) { return image.round(VIPS_OPERATION_ROUND_RINT); }
+
+vips::VImage IntegerConvolution(const vips::VImage& in, vips::VImage mask, double scale) {
+  mask.set("scale", scale);
+  return in.conv(mask, vips::VImage::option()->set("precision", VIPS_PRECISION_INTEGER));
+}
+
+Image RankFilter(const Image& image, int index) {
+  return detail::OnColourBands(image, [index](const vips::VImage& rgb) { return rgb.rank(3, 3, index); });
+}
+
+// The trail of Motion Blur: a one-pixel line `length` long from the centre against
+// the direction of motion, every cell on it weighted equally.
+vips::VImage LineMask(double dx, double dy, int length) {
+  const int size = 2 * length + 1;
+  std::vector<double> cells(static_cast<size_t>(size * size), 0.0);
+  const double norm = std::hypot(dx, dy);
+  for (int k = 0; k <= length; ++k) {
+    const int x = length - static_cast<int>(std::lround(k * dx / norm));
+    const int y = length - static_cast<int>(std::lround(k * dy / norm));
+    cells[static_cast<size_t>(y * size + x)] = 1;
+  }
+  return vips::VImage::new_matrix(size, size, cells.data(), static_cast<int>(cells.size()));
+}
+
+}  // namespace
+
+Image Blend(const Image& image, int amount) {
+  const int a = Clamp(amount, 0, 100);
+  if (a == 0) return image;
+  // (100 - a) % of the pixel plus a % of its 3 x 3 mean, in whole numbers over 900.
+  const double n = a, c = 900 - 8 * a;
+  return detail::OnColourBands(image, [=](const vips::VImage& rgb) {
+    return IntegerConvolution(rgb, vips::VImage::new_matrixv(3, 3, n, n, n, n, c, n, n, n, n), 900);
+  });
+}
+
+Image Blur(const Image& image) {
+  return detail::OnColourBands(image, [](const vips::VImage& rgb) { return rgb.gaussblur(1.0); });
+}
+
+Image Dilate(const Image& image) { return RankFilter(image, 8); }
+Image Erode(const Image& image) { return RankFilter(image, 0); }
+Image Median(const Image& image) { return RankFilter(image, 4); }
+
+Image Mosaic(const Image& image, int block) {
+  const int b = Clamp(block, 1, 63);
+  if (b == 1) return image;
+  return detail::OnWholeImage(image, [b](const vips::VImage& in) {
+    const int width = (in.width() + b - 1) / b * b;
+    const int height = (in.height() + b - 1) / b * b;
+    const vips::VImage padded = in.embed(0, 0, width, height, vips::VImage::option()->set("extend", VIPS_EXTEND_COPY));
+    return padded.shrink(b, b).zoom(b, b).extract_area(0, 0, in.width(), in.height());
+  });
+}
+
+Image MotionBlur(const Image& image, int horizontal, int vertical, int intensity) {
+  const double dx = Clamp(horizontal, -10, 10), dy = Clamp(vertical, -10, 10);
+  const int length = static_cast<int>(std::lround(Clamp(intensity, 1, 25) * std::hypot(dx, dy) / 10));
+  if (length < 1) return image;
+  const vips::VImage mask = LineMask(dx, dy, length);
+  return detail::OnColourBands(image, [&mask](const vips::VImage& rgb) {
+    return IntegerConvolution(rgb, mask, mask.avg() * mask.width() * mask.height());
+  });
+}
+
+Image Sharpen(const Image& image, int level) {
+  const double amount = Clamp(level, 1, 9) / 4.0;
+  return detail::OnColourBands(image, [amount](const vips::VImage& rgb) {
+    const vips::VImage blurred = rgb.gaussblur(1.0);
+    return Rounded(rgb * (1 + amount) - blurred * amount);
+  });
+}
+
+Image Soften(const Image& image, int level) {
+  const double sigma = Clamp(level, 1, 9) / 2.0;
+  return detail::OnColourBands(image, [sigma](const vips::VImage& rgb) { return rgb.gaussblur(sigma); });
+}
+
+}  // namespace imaging::ops

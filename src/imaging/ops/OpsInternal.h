@@ -1,0 +1,34 @@
+// What the operation files share: running a libvips pipeline safely and the form of
+// its result.
+#pragma once
+
+#include "imaging/ImageInternal.h"
+
+#include <algorithm>
+#include <array>
+#include <functional>
+
+namespace imaging::ops::detail {
+
+// The pipeline's result as an Image: 8-bit sRGB, evaluated into memory.
+Image Finish(const vips::VImage& result);
+
+// Runs `pipeline` on the whole image; on a libvips error the image comes back unchanged.
+Image OnWholeImage(const Image& image, const std::function<vips::VImage(const vips::VImage&)>& pipeline);
+
+// The same on the colour bands only; alpha is carried over untouched.
+Image OnColourBands(const Image& image, const std::function<vips::VImage(const vips::VImage&)>& pipeline);
+
+// A tone curve per colour band: curve(band, value) for value 0 .. 255, rounded and clamped.
+using ToneCurve = std::function<double(int band, int value)>;
+Image ThroughCurve(const Image& image, const ToneCurve& curve);
+vips::VImage CurveLut(const ToneCurve& curve, int bands);
+
+// A warp: `source(x, y)` gives, for the float coordinate images x and y of the result,
+// the two-band float image of where each result pixel comes from. Bilinear, white beyond.
+Image Warp(const Image& image, const std::function<vips::VImage(const vips::VImage& x, const vips::VImage& y)>& source);
+
+inline int Clamp(int value, int low, int high) { return std::clamp(value, low, high); }
+inline double Clamp(double value, double low, double high) { return std::clamp(value, low, high); }
+
+}  // namespace imaging::ops::detail
