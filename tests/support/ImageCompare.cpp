@@ -53,6 +53,31 @@ int ColourCount(const imaging::Image& image) {
   return static_cast<int>(colours.size());
 }
 
+SampleStatistics Statistics(const imaging::Image& image) {
+  const QImage x = image.ToQImage();
+  double sum = 0, squares = 0;
+  for (int row = 0; row < x.height(); ++row) {
+    const uchar* p = x.constScanLine(row);
+    for (int i = 0; i < x.width() * 3; ++i) {
+      sum += p[i];
+      squares += double(p[i]) * p[i];
+    }
+  }
+  const double count = double(x.width()) * x.height() * 3;
+  const double mean = sum / count;
+  return {mean, squares / count - mean * mean};
+}
+
+QColor PixelAt(const imaging::Image& image, int x, int y) { return image.ToQImage().pixelColor(x, y); }
+
+imaging::Image Painted(int width, int height, const std::function<QColor(int x, int y)>& colour, bool alpha) {
+  QImage picture(width, height, alpha ? QImage::Format_ARGB32 : QImage::Format_RGB32);
+  for (int y = 0; y < height; ++y) {
+    for (int x = 0; x < width; ++x) picture.setPixelColor(x, y, colour(x, y));
+  }
+  return imaging::Image::FromQImage(picture);
+}
+
 QString CorpusPath(const QString& relative) { return QStringLiteral(VISTREL_CORPUS_DIR "/") + relative; }
 
 }  // namespace testing_support

@@ -3,7 +3,10 @@
 
 #include "imaging/Image.h"
 
+#include <QColor>
 #include <QImage>
+
+#include <functional>
 
 namespace testing_support {
 
@@ -15,6 +18,19 @@ double Psnr(const imaging::Image& a, const imaging::Image& b);
 
 // The number of distinct colours.
 int ColourCount(const imaging::Image& image);
+
+// Mean and variance of all colour samples (alpha composited onto white).
+struct SampleStatistics {
+  double Mean = 0;
+  double Variance = 0;
+};
+SampleStatistics Statistics(const imaging::Image& image);
+
+// One pixel's colour, alpha composited onto white.
+QColor PixelAt(const imaging::Image& image, int x, int y);
+
+// An image filled by `colour(x, y)`; with alpha when asked.
+imaging::Image Painted(int width, int height, const std::function<QColor(int x, int y)>& colour, bool alpha = false);
 
 QString CorpusPath(const QString& relative);
 

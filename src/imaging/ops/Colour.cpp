@@ -78,8 +78,8 @@ Image Equalize(const Image& image) {
 
 Image GrayScale(const Image& image) {
   return detail::OnColourBands(image, [](const vips::VImage& rgb) {
-    const vips::VImage luma = rgb.recomb(vips::VImage::new_matrixv(1, 3, 0.299, 0.587, 0.114)).round(VIPS_OPERATION_ROUND_RINT);
-    return luma.bandjoin({luma, luma});
+    const vips::VImage luma = rgb.recomb(vips::VImage::new_matrixv(3, 1, 0.299, 0.587, 0.114)).round(VIPS_OPERATION_ROUND_RINT);
+    return luma.bandjoin(luma).bandjoin(luma);
   });
 }
 

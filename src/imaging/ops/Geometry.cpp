@@ -27,8 +27,8 @@ Image Rotate(const Image& image, double degrees) {
   if (quarters == std::round(quarters)) return RotateQuarter(image, static_cast<int>(quarters));  // exact, no resampling
   return detail::OnWholeImage(image, [degrees](const vips::VImage& in) {
     const std::vector<double> white(static_cast<size_t>(in.bands()), 255.0);
-    // libvips turns anticlockwise for a positive angle on screen; the dialog's "Right" is positive.
-    return in.rotate(-degrees, vips::VImage::option()
+    // A positive angle turns clockwise on screen in libvips as in the dialog ("Right").
+    return in.rotate(degrees, vips::VImage::option()
                                    ->set("interpolate", vips::VInterpolate::new_from_name("bicubic"))
                                    ->set("background", white));
   });

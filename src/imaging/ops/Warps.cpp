@@ -41,7 +41,7 @@ Image Perspective(const Image& image, PerspectiveDirection direction, int amount
 }
 
 Image Pinch(const Image& image, int amount) {
-  const double power = Clamp(amount, -100, 100) / 100.0;
+  const double power = Clamp(amount, -100, 100) / 200.0;  // half of GIMP's range: no singularity at the centre
   if (power == 0) return image;
   return detail::Warp(image, [=](const VImage& x, const VImage& y) {
     const Centre c = CentreOf(x, y);

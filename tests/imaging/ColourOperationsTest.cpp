@@ -1,0 +1,160 @@
+// Part 4.3's Colors operations: each has a property that fails if the operation is wrong.
+#include "imaging/Loader.h"
+#include "imaging/Operations.h"
+#include "imaging/Saver.h"
+#include "support/ImageCompare.h"
+
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+namespace ops = imaging::ops;
+using testing_support::ColourCount;
+using testing_support::CorpusPath;
+using testing_support::MeanAbsoluteDifference;
+using testing_support::Painted;
+using testing_support::PixelAt;
+using testing_support::Statistics;
+
+imaging::Image Photo() { return imaging::LoadFile(CorpusPath(QStringLiteral("formats/hopper.png"))).value(); }
+
+imaging::Image Grey(int value) { return Painted(4, 3, [value](int, int) { return QColor(value, value, value); }); }
+
+bool ChannelsEqual(const imaging::Image& image) {
+  const QImage picture = image.ToQImage();
+  for (int y = 0; y < picture.height(); ++y) {
+    for (int x = 0; x < picture.width(); ++x) {
+      const QColor c = picture.pixelColor(x, y);
+      if (c.red() != c.green() || c.green() != c.blue()) return false;
+    }
+  }
+  return true;
+}
+
+TEST(ColourOperations, NeutralValuesLeaveThePhotoUnchanged) {
+  const imaging::Image photo = Photo();
+  EXPECT_EQ(MeanAbsoluteDifference(ops::Brightness(photo, 0), photo), 0);
+  EXPECT_EQ(MeanAbsoluteDifference(ops::Contrast(photo, 0), photo), 0);
+  EXPECT_EQ(MeanAbsoluteDifference(ops::Gamma(photo, 1.0), photo), 0);
+  EXPECT_EQ(MeanAbsoluteDifference(ops::RedGreenBlue(photo, 0, 0, 0), photo), 0);
+  EXPECT_EQ(MeanAbsoluteDifference(ops::Solarize(photo, 0), photo), 0);
+  EXPECT_EQ(MeanAbsoluteDifference(ops::HueSaturationLuminance(photo, 0, 0, 0), photo), 0);
+  EXPECT_EQ(MeanAbsoluteDifference(ops::ColorDepth(photo, 24), photo), 0);
+}
+
+TEST(ColourOperations, BrightnessAddsTwoPointFiveFivePerStep) {
+  EXPECT_EQ(PixelAt(ops::Brightness(Grey(100), 20), 1, 1), QColor(151, 151, 151));
+  EXPECT_EQ(PixelAt(ops::Brightness(Grey(100), -100), 1, 1), QColor(0, 0, 0));
+  EXPECT_EQ(PixelAt(ops::Brightness(Grey(100), 100), 1, 1), QColor(255, 255, 255));
+}
+
+TEST(ColourOperations, ContrastFlattensToGreyAtMinusHundredAndSpreadsAbove) {
+  const imaging::Image photo = Photo();
+  EXPECT_LT(Statistics(ops::Contrast(photo, -100)).Variance, 1.0);
+  EXPECT_GT(Statistics(ops::Contrast(photo, 40)).Variance, Statistics(photo).Variance * 1.5);
+  EXPECT_LT(Statistics(ops::Contrast(photo, -40)).Variance, Statistics(photo).Variance);
+}
+
+TEST(ColourOperations, GammaAboveOneBrightensBelowOneDarkens) {
+  EXPECT_EQ(PixelAt(ops::Gamma(Grey(64), 2.0), 0, 0), QColor(128, 128, 128));  // 255 (64/255)^0.5
+  EXPECT_LT(PixelAt(ops::Gamma(Grey(64), 0.5), 0, 0).red(), 64);
+  EXPECT_EQ(PixelAt(ops::Gamma(Grey(255), 0.01), 0, 0).red(), 255);  // the extremes keep white and black
+  EXPECT_EQ(PixelAt(ops::Gamma(Grey(0), 10.0), 0, 0).red(), 0);
+}
+
+TEST(ColourOperations, RedGreenBlueMovesEachChannelOnItsOwn) {
+  EXPECT_EQ(PixelAt(ops::RedGreenBlue(Grey(100), 20, -20, 0), 0, 0), QColor(151, 49, 100));
+}
+
+TEST(ColourOperations, SolarizeInvertsTheValuesAtAndAboveItsThreshold) {
+  const imaging::Image ramp = Painted(256, 1, [](int x, int) { return QColor(x, x, x); });
+  const imaging::Image solarized = ops::Solarize(ramp, 100);  // threshold 156
+  EXPECT_EQ(PixelAt(solarized, 155, 0).red(), 155);
+  EXPECT_EQ(PixelAt(solarized, 156, 0).red(), 99);
+  EXPECT_EQ(PixelAt(solarized, 255, 0).red(), 0);
+}
+
+TEST(ColourOperations, NegativeTwiceIsTheIdentityAndKeepsAlpha) {
+  const imaging::Image photo = Photo();
+  EXPECT_EQ(PixelAt(ops::Negative(Grey(10)), 0, 0), QColor(245, 245, 245));
+  EXPECT_EQ(MeanAbsoluteDifference(ops::Negative(ops::Negative(photo)), photo), 0);
+  const imaging::Image clear = Painted(2, 2, [](int x, int) { return QColor(10, 20, 30, x * 200); }, true);
+  const imaging::Image negated = ops::Negative(clear);
+  ASSERT_EQ(negated.Bands(), 4);
+  QTemporaryDir folder;
+  ASSERT_TRUE(imaging::SaveImage(negated, folder.filePath(QStringLiteral("n.png"))));
+  const QColor pixel = QImage(folder.filePath(QStringLiteral("n.png"))).pixelColor(1, 0);
+  EXPECT_EQ(pixel.alpha(), 200);
+  EXPECT_EQ(pixel.red(), 245);
+}
+
+TEST(ColourOperations, GrayScaleHasEqualChannels) {
+  EXPECT_TRUE(ChannelsEqual(ops::GrayScale(Photo())));
+  EXPECT_FALSE(ChannelsEqual(Photo()));
+  EXPECT_EQ(PixelAt(ops::GrayScale(Painted(1, 1, [](int, int) { return QColor(255, 0, 0); })), 0, 0).red(), 76);
+}
+
+TEST(ColourOperations, ParabolicCurvesKeepTheEndsAndBendTheMiddle) {
+  EXPECT_EQ(PixelAt(ops::Parabolic(Grey(128), true), 0, 0).red(), 192);   // 255 (1 - (1 - t)^2)
+  EXPECT_EQ(PixelAt(ops::Parabolic(Grey(128), false), 0, 0).red(), 64);   // 255 t^2
+  for (const bool concave : {true, false}) {
+    EXPECT_EQ(PixelAt(ops::Parabolic(Grey(0), concave), 0, 0).red(), 0);
+    EXPECT_EQ(PixelAt(ops::Parabolic(Grey(255), concave), 0, 0).red(), 255);
+  }
+}
+
+TEST(ColourOperations, HueSaturationLuminanceMovesWhatItNames) {
+  EXPECT_TRUE(ChannelsEqual(ops::HueSaturationLuminance(Photo(), 0, -100, 0)));
+  EXPECT_EQ(PixelAt(ops::HueSaturationLuminance(Photo(), 0, 0, 100), 5, 5), QColor(255, 255, 255));
+  EXPECT_EQ(PixelAt(ops::HueSaturationLuminance(Photo(), 0, 0, -100), 5, 5), QColor(0, 0, 0));
+  const QColor cyan = PixelAt(ops::HueSaturationLuminance(Painted(1, 1, [](int, int) { return QColor(255, 0, 0); }), 100, 0, 0), 0, 0);
+  EXPECT_LT(cyan.red(), 10);  // half a turn from red
+  EXPECT_GT(cyan.green(), 245);
+  EXPECT_GT(cyan.blue(), 245);
+}
+
+TEST(ColourOperations, EqualizeSpreadsANarrowHistogram) {
+  const imaging::Image narrow = Painted(64, 64, [](int x, int y) {
+    const int v = 100 + (x + y) % 21;
+    return QColor(v, v, v);
+  });
+  const imaging::Image equalized = ops::Equalize(narrow);
+  int low = 255, high = 0;
+  for (int x = 0; x < 64; ++x) {
+    low = std::min(low, PixelAt(equalized, x, 0).red());
+    high = std::max(high, PixelAt(equalized, x, 0).red());
+  }
+  EXPECT_LT(low, 30);
+  EXPECT_EQ(high, 255);
+}
+
+TEST(ColourOperations, ColorDepthLeavesAtMostTheColoursOfItsBits) {
+  const imaging::Image photo = Photo();
+  ASSERT_GT(ColourCount(photo), 256);
+  EXPECT_LE(ColourCount(ops::ColorDepth(photo, 1)), 2);
+  EXPECT_GE(ColourCount(ops::ColorDepth(photo, 1)), 2);
+  EXPECT_LE(ColourCount(ops::ColorDepth(photo, 4)), 16);
+  EXPECT_LE(ColourCount(ops::ColorDepth(photo, 8)), 256);
+  EXPECT_GT(testing_support::Psnr(ops::ColorDepth(photo, 8), photo), 30);  // dithered, still the photo
+}
+
+TEST(ColourOperations, ColorDepthTwentyFourBitsDropsAlphaOntoWhite) {
+  const imaging::Image clear = Painted(2, 1, [](int, int) { return QColor(0, 0, 0, 0); }, true);
+  const imaging::Image flat = ops::ColorDepth(clear, 24);
+  EXPECT_EQ(flat.Bands(), 3);
+  EXPECT_EQ(PixelAt(flat, 0, 0), QColor(255, 255, 255));
+}
+
+TEST(ColourOperations, RedEyeRemovalFixesRedPixelsInsideTheAreaOnly) {
+  const imaging::Image eyes = Painted(10, 4, [](int, int) { return QColor(220, 40, 60); });
+  const imaging::Image fixed = ops::RedEyeRemoval(eyes, QRect(0, 0, 5, 4));
+  EXPECT_EQ(PixelAt(fixed, 2, 2), QColor(50, 40, 60));
+  EXPECT_EQ(PixelAt(fixed, 7, 2), QColor(220, 40, 60));
+  const imaging::Image skin = Painted(4, 4, [](int, int) { return QColor(200, 150, 120); });
+  EXPECT_EQ(MeanAbsoluteDifference(ops::RedEyeRemoval(skin, QRect(0, 0, 4, 4)), skin), 0);
+  EXPECT_EQ(MeanAbsoluteDifference(ops::RedEyeRemoval(eyes, QRect(50, 50, 5, 5)), eyes), 0);  // outside the image
+}
+
+}  // namespace

@@ -1,0 +1,132 @@
+// Part 4.3's Filters operations and Noise and Diffuse.
+#include "imaging/Loader.h"
+#include "imaging/Operations.h"
+#include "support/ImageCompare.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+namespace ops = imaging::ops;
+using testing_support::CorpusPath;
+using testing_support::MeanAbsoluteDifference;
+using testing_support::Painted;
+using testing_support::PixelAt;
+using testing_support::Statistics;
+
+imaging::Image Photo() { return imaging::LoadFile(CorpusPath(QStringLiteral("formats/hopper.png"))).value(); }
+
+// Grey noise from a fixed linear congruential sequence.
+imaging::Image NoisyGrey() {
+  unsigned state = 12345;
+  return Painted(64, 64, [&state](int, int) {
+    state = state * 1103515245u + 12345u;
+    const int v = int((state >> 16) % 256);
+    return QColor(v, v, v);
+  });
+}
+
+// A white dot on black.
+imaging::Image Dot() { return Painted(9, 9, [](int x, int y) { return x == 4 && y == 4 ? Qt::white : Qt::black; }); }
+
+int CountChanged(const imaging::Image& a, const imaging::Image& b) {
+  int changed = 0;
+  const QImage x = a.ToQImage(), y = b.ToQImage();
+  for (int row = 0; row < x.height(); ++row) {
+    for (int col = 0; col < x.width(); ++col) changed += x.pixel(col, row) != y.pixel(col, row);
+  }
+  return changed;
+}
+
+TEST(FilterOperations, NeutralValuesLeaveThePhotoUnchanged) {
+  const imaging::Image photo = Photo();
+  EXPECT_EQ(MeanAbsoluteDifference(ops::Blend(photo, 0), photo), 0);
+  EXPECT_EQ(MeanAbsoluteDifference(ops::Mosaic(photo, 1), photo), 0);
+  EXPECT_EQ(MeanAbsoluteDifference(ops::MotionBlur(photo, 0, 0, 25), photo), 0);
+}
+
+TEST(FilterOperations, BlurSoftenAndBlendLowerTheVarianceOfNoise) {
+  const imaging::Image noise = NoisyGrey();
+  const double before = Statistics(noise).Variance;
+  EXPECT_LT(Statistics(ops::Blur(noise)).Variance, before / 3);
+  EXPECT_LT(Statistics(ops::Blend(noise, 100)).Variance, before / 3);
+  EXPECT_LT(Statistics(ops::Blend(noise, 50)).Variance, before);
+  EXPECT_LT(Statistics(ops::Soften(noise, 9)).Variance, Statistics(ops::Soften(noise, 1)).Variance);
+  EXPECT_NEAR(Statistics(ops::Blur(noise)).Mean, Statistics(noise).Mean, 3);
+}
+
+TEST(FilterOperations, SharpenRaisesTheVarianceMoreAtHigherLevels) {
+  const imaging::Image photo = Photo();
+  const double one = Statistics(ops::Sharpen(photo, 1)).Variance;
+  EXPECT_GT(one, Statistics(photo).Variance);
+  EXPECT_GT(Statistics(ops::Sharpen(photo, 9)).Variance, one);
+}
+
+TEST(FilterOperations, DilateGrowsAndErodeShrinksABrightDot) {
+  const imaging::Image grown = ops::Dilate(Dot());
+  EXPECT_EQ(PixelAt(grown, 3, 3), QColor(Qt::white));
+  EXPECT_EQ(PixelAt(grown, 5, 5), QColor(Qt::white));
+  EXPECT_EQ(PixelAt(grown, 2, 2), QColor(Qt::black));
+  EXPECT_EQ(PixelAt(ops::Erode(grown), 4, 4), QColor(Qt::white));
+  EXPECT_EQ(PixelAt(ops::Erode(grown), 3, 3), QColor(Qt::black));
+  EXPECT_EQ(PixelAt(ops::Erode(Dot()), 4, 4), QColor(Qt::black));
+}
+
+TEST(FilterOperations, MedianRemovesALoneSpeck) {
+  EXPECT_EQ(PixelAt(ops::Median(Dot()), 4, 4), QColor(Qt::black));
+  const imaging::Image flat = Painted(5, 5, [](int, int) { return QColor(90, 90, 90); });
+  EXPECT_EQ(MeanAbsoluteDifference(ops::Median(flat), flat), 0);
+}
+
+TEST(FilterOperations, MosaicMakesConstantBlocksOfTheBlockSize) {
+  const imaging::Image photo = Photo();  // 128 x 128
+  const imaging::Image tiles = ops::Mosaic(photo, 5);
+  ASSERT_EQ(tiles.Width(), 128);
+  ASSERT_EQ(tiles.Height(), 128);
+  const QImage picture = tiles.ToQImage();
+  for (int y = 0; y < 128; ++y) {
+    for (int x = 0; x < 128; ++x) {
+      ASSERT_EQ(picture.pixel(x, y), picture.pixel(x / 5 * 5, y / 5 * 5)) << x << "," << y;
+    }
+  }
+  EXPECT_NE(picture.pixel(0, 0), picture.pixel(5, 0));
+}
+
+TEST(FilterOperations, HorizontalMotionBlurSpreadsAlongRowsOnly) {
+  const imaging::Image stripes = Painted(40, 40, [](int, int y) { return y % 2 ? Qt::white : Qt::black; });
+  EXPECT_EQ(MeanAbsoluteDifference(ops::MotionBlur(stripes, 10, 0, 10), stripes), 0);
+  const imaging::Image columns = Painted(40, 40, [](int x, int) { return x % 2 ? Qt::white : Qt::black; });
+  const imaging::Image blurred = ops::MotionBlur(columns, 10, 0, 10);
+  EXPECT_LT(Statistics(blurred).Variance, Statistics(columns).Variance / 10);
+  EXPECT_EQ(MeanAbsoluteDifference(ops::MotionBlur(columns, 0, 10, 10), columns), 0);  // vertical: columns stay
+}
+
+TEST(FilterOperations, NoiseTouchesAboutItsFrequencyOfPixelsAndRepeats) {
+  const imaging::Image grey = Painted(100, 100, [](int, int) { return QColor(128, 128, 128); });
+  const int few = CountChanged(ops::Noise(grey, 2, 100), grey);    // 10 %
+  const int all = CountChanged(ops::Noise(grey, 20, 100), grey);   // every pixel, bar a zero draw
+  EXPECT_NEAR(few, 1000, 250);
+  EXPECT_GT(all, 9800);
+  EXPECT_EQ(MeanAbsoluteDifference(ops::Noise(grey, 5, 50), ops::Noise(grey, 5, 50)), 0);
+  const QColor touched = PixelAt(ops::Noise(grey, 20, 1), 50, 50);
+  EXPECT_LE(std::abs(touched.red() - 128), 1);
+  EXPECT_EQ(touched.red(), touched.green());  // the same noise in the three bands
+}
+
+TEST(FilterOperations, DiffuseMovesPixelsTwoAtMost) {
+  const imaging::Image spread = ops::Diffuse(Dot());
+  const QImage picture = spread.ToQImage();
+  int whites = 0;
+  for (int y = 0; y < 9; ++y) {
+    for (int x = 0; x < 9; ++x) {
+      if (picture.pixelColor(x, y) != QColor(Qt::white)) continue;
+      ++whites;
+      EXPECT_LE(std::abs(x - 4), 2);
+      EXPECT_LE(std::abs(y - 4), 2);
+    }
+  }
+  EXPECT_LE(whites, 25);
+  EXPECT_GT(MeanAbsoluteDifference(ops::Diffuse(Photo()), Photo()), 1);
+}
+
+}  // namespace

@@ -1,0 +1,135 @@
+// Part 4.3's Image menu: Flip, Mirror, Rotate, Resize, Crop and the warps.
+#include "imaging/Loader.h"
+#include "imaging/Operations.h"
+#include "support/ImageCompare.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+namespace {
+
+namespace ops = imaging::ops;
+using testing_support::CorpusPath;
+using testing_support::MeanAbsoluteDifference;
+using testing_support::Painted;
+using testing_support::PixelAt;
+
+imaging::Image Photo() { return imaging::LoadFile(CorpusPath(QStringLiteral("formats/hopper.png"))).value(); }
+
+// 30 x 20 with a red top-left pixel and a blue bottom-right one on grey.
+imaging::Image Marked() {
+  return Painted(30, 20, [](int x, int y) {
+    if (x == 0 && y == 0) return QColor(255, 0, 0);
+    if (x == 29 && y == 19) return QColor(0, 0, 255);
+    return QColor(128, 128, 128);
+  });
+}
+
+TEST(GeometryOperations, FlipAndMirrorAreInvolutionsThatMoveTheCorners) {
+  const imaging::Image photo = Photo();
+  EXPECT_EQ(MeanAbsoluteDifference(ops::Flip(ops::Flip(photo)), photo), 0);
+  EXPECT_EQ(MeanAbsoluteDifference(ops::Mirror(ops::Mirror(photo)), photo), 0);
+  EXPECT_GT(MeanAbsoluteDifference(ops::Flip(photo), photo), 1);
+  EXPECT_EQ(PixelAt(ops::Flip(Marked()), 0, 19), QColor(255, 0, 0));
+  EXPECT_EQ(PixelAt(ops::Mirror(Marked()), 29, 0), QColor(255, 0, 0));
+}
+
+TEST(GeometryOperations, RotateZeroIsTheIdentityAndNinetySwapsTheSides) {
+  const imaging::Image marked = Marked();
+  EXPECT_EQ(MeanAbsoluteDifference(ops::Rotate(marked, 0), marked), 0);
+  const imaging::Image right = ops::Rotate(marked, 90);
+  EXPECT_EQ(right.Width(), 20);
+  EXPECT_EQ(right.Height(), 30);
+  EXPECT_EQ(PixelAt(right, 19, 0), QColor(255, 0, 0));  // clockwise: the top-left goes top-right
+  const imaging::Image left = ops::Rotate(marked, -90);
+  EXPECT_EQ(PixelAt(left, 0, 29), QColor(255, 0, 0));
+  EXPECT_EQ(MeanAbsoluteDifference(ops::Rotate(marked, 180), ops::Flip(ops::Mirror(marked))), 0);
+  EXPECT_EQ(MeanAbsoluteDifference(ops::Rotate(marked, -180), ops::Rotate(marked, 180)), 0);
+}
+
+TEST(GeometryOperations, AnyAngleGrowsTheCanvasWithWhiteCorners) {
+  const imaging::Image photo = Photo();  // 128 x 128
+  const imaging::Image turned = ops::Rotate(photo, 30);
+  const double side = 128 * (std::cos(M_PI / 6) + std::sin(M_PI / 6));
+  EXPECT_NEAR(turned.Width(), side, 2);
+  EXPECT_NEAR(turned.Height(), side, 2);
+  EXPECT_EQ(PixelAt(turned, 0, 0), QColor(255, 255, 255));
+  EXPECT_EQ(PixelAt(turned, turned.Width() - 1, turned.Height() - 1), QColor(255, 255, 255));
+  // Clockwise, as 90 is: a wide bar's left end rises, so the bottom-left and the
+  // top-right corners are white and the bar's left end lies near the top.
+  const imaging::Image wide = Painted(60, 10, [](int, int) { return QColor(0, 0, 0); });
+  const imaging::Image tilted = ops::Rotate(wide, 10);
+  EXPECT_EQ(PixelAt(tilted, 3, tilted.Height() - 2), QColor(255, 255, 255));
+  EXPECT_EQ(PixelAt(tilted, tilted.Width() - 3, 1), QColor(255, 255, 255));
+  EXPECT_LT(PixelAt(tilted, 3, 4).red(), 60);
+}
+
+TEST(GeometryOperations, ResizeGivesTheAskedSizeAndTheSameSizeIsTheIdentity) {
+  const imaging::Image photo = Photo();
+  EXPECT_EQ(MeanAbsoluteDifference(ops::Resize(photo, 128, 128), photo), 0);
+  for (const QSize size : {QSize(64, 32), QSize(300, 129), QSize(1, 1), QSize(2048, 7)}) {
+    const imaging::Image resized = ops::Resize(photo, size.width(), size.height());
+    EXPECT_EQ(resized.Width(), size.width());
+    EXPECT_EQ(resized.Height(), size.height());
+  }
+}
+
+TEST(GeometryOperations, CropGivesTheSelectionCutBackToTheImage) {
+  const imaging::Image marked = Marked();
+  const imaging::Image part = ops::Crop(marked, QRect(0, 0, 10, 5));
+  EXPECT_EQ(part.Width(), 10);
+  EXPECT_EQ(part.Height(), 5);
+  EXPECT_EQ(PixelAt(part, 0, 0), QColor(255, 0, 0));
+  const imaging::Image corner = ops::Crop(marked, QRect(25, 15, 40, 40));
+  EXPECT_EQ(corner.Width(), 5);
+  EXPECT_EQ(corner.Height(), 5);
+  EXPECT_EQ(PixelAt(corner, 4, 4), QColor(0, 0, 255));
+}
+
+TEST(GeometryOperations, WarpsAtZeroLeaveTheImageUnchanged) {
+  const imaging::Image photo = Photo();
+  EXPECT_EQ(MeanAbsoluteDifference(ops::Pinch(photo, 0), photo), 0);
+  EXPECT_EQ(MeanAbsoluteDifference(ops::Swirl(photo, 0), photo), 0);
+  for (int d = 0; d < 4; ++d) {
+    EXPECT_EQ(MeanAbsoluteDifference(ops::Perspective(photo, ops::PerspectiveDirection(d), 0), photo), 0);
+  }
+}
+
+TEST(GeometryOperations, PinchAndSwirlChangeOnlyTheCentralCircle) {
+  const imaging::Image photo = ops::Crop(Photo(), QRect(0, 0, 101, 101));  // its centre is pixel (50, 50)
+  for (const imaging::Image& warped : {ops::Pinch(photo, 100), ops::Pinch(photo, -100), ops::Swirl(photo, 1000)}) {
+    EXPECT_GT(MeanAbsoluteDifference(warped, photo), 3);
+    EXPECT_EQ(PixelAt(warped, 0, 0), PixelAt(photo, 0, 0));
+    EXPECT_EQ(PixelAt(warped, 100, 100), PixelAt(photo, 100, 100));
+    EXPECT_EQ(PixelAt(warped, 50, 50), PixelAt(photo, 50, 50));
+  }
+}
+
+TEST(GeometryOperations, PerspectiveNarrowsTheFarEdgeAndKeepsTheNearOne) {
+  const imaging::Image black = Painted(50, 40, [](int, int) { return QColor(0, 0, 0); });
+  const imaging::Image bottomToTop = ops::Perspective(black, ops::PerspectiveDirection::BottomToTop, 100);
+  EXPECT_EQ(PixelAt(bottomToTop, 0, 0), QColor(255, 255, 255));
+  EXPECT_EQ(PixelAt(bottomToTop, 25, 0), QColor(0, 0, 0));
+  EXPECT_EQ(PixelAt(bottomToTop, 0, 39), QColor(0, 0, 0));
+  const imaging::Image leftToRight = ops::Perspective(black, ops::PerspectiveDirection::LeftToRight, 100);
+  EXPECT_EQ(PixelAt(leftToRight, 49, 0), QColor(255, 255, 255));
+  EXPECT_EQ(PixelAt(leftToRight, 0, 0), QColor(0, 0, 0));
+  const imaging::Image rightToLeft = ops::Perspective(black, ops::PerspectiveDirection::RightToLeft, 100);
+  EXPECT_EQ(PixelAt(rightToLeft, 0, 39), QColor(255, 255, 255));
+  const imaging::Image topToBottom = ops::Perspective(black, ops::PerspectiveDirection::TopToBottom, 100);
+  EXPECT_EQ(PixelAt(topToBottom, 49, 39), QColor(255, 255, 255));
+  EXPECT_EQ(PixelAt(topToBottom, 49, 0), QColor(0, 0, 0));
+}
+
+TEST(GeometryOperations, RippleDisplacesAcrossItsDirection) {
+  // Horizontal bands: a horizontal ripple moves them up and down; a vertical one, along
+  // the bands, changes nothing inside.
+  const imaging::Image bands = Painted(100, 100, [](int, int y) { return QColor(y * 2, y * 2, y * 2); });
+  EXPECT_GT(MeanAbsoluteDifference(ops::Ripple(bands, 3, 100, ops::RippleDirection::Horizontal), bands), 2);
+  const imaging::Image along = ops::Ripple(bands, 3, 100, ops::RippleDirection::Vertical);
+  EXPECT_EQ(PixelAt(along, 50, 50), PixelAt(bands, 50, 50));
+  EXPECT_EQ(along.Width(), 100);
+}
+
+}  // namespace
