@@ -1,0 +1,208 @@
+// Part 4.3's common command frame on the real frmMain (offscreen), with the parameter
+// dialog driven through the window's dialog runner: the Part's edge cases.
+#include "app/SettingsFile.h"
+#include "app/frmMain.h"
+#include "edit/Catalogue.h"
+#include "edit/frmDiseno.h"
+#include "imaging/Operations.h"
+#include "support/DialogAnswerer.h"
+#include "support/ImageCompare.h"
+#include "support/TestFiles.h"
+#include "view/Viewport.h"
+
+#include <QAction>
+#include <QClipboard>
+#include <QFile>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QSlider>
+#include <QtTest/QTest>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using testing_support::DialogAnswerer;
+using testing_support::MeanAbsoluteDifference;
+using testing_support::TempFolder;
+
+class frmMainCatalogueTest : public ::testing::Test {
+ protected:
+  // An 800 x 600 window at 100 % showing `file` (a 120 x 90 photo unless told).
+  void Start(QString file = {}) {
+    app::SettingsStore s = app::DefaultSettings({});
+    s.FitToWindow = false;
+    app::WriteSettingsFile(config_.File(QStringLiteral("Ini.in")), app::WriteSettingsText(s, {}, {0, 0, 800, 600, false}));
+    if (file.isEmpty()) {
+      file = pictures_.File(QStringLiteral("photo.png"));
+      QImage(QStringLiteral(VISTREL_CORPUS_DIR "/formats/hopper.png")).scaled(120, 90).save(file);
+    }
+    window_ = std::make_unique<app::frmMain>(config_.File(QStringLiteral("Ini.in")));
+    window_->SetParameterDialogRunner([this](edit::frmDiseno& dialog) {
+      ++dialogsShown_;
+      return answer_ ? answer_(dialog) : false;
+    });
+    window_->RunStartup(file);
+  }
+  QAction* Command(const char* name) { return window_->findChild<QAction*>(QLatin1String(name)); }
+  void Trigger(const char* name) { Command(name)->trigger(); }
+  const imaging::Image& Shown() { return *window_->CurrentSession().CurrentImage(); }
+  int Steps() { return window_->CurrentSession().UndoHistory().Count(); }
+  void Select(QPoint from, QPoint to) {
+    QWidget* canvas = window_->findChild<QWidget*>(QStringLiteral("imaImagen"));
+    QTest::mousePress(canvas, Qt::LeftButton, {}, from);
+    QTest::mouseMove(canvas, to);
+    QTest::mouseRelease(canvas, Qt::LeftButton, {}, to);
+  }
+
+  TempFolder config_;
+  TempFolder pictures_;
+  std::unique_ptr<app::frmMain> window_;
+  std::function<bool(edit::frmDiseno&)> answer_;
+  int dialogsShown_ = 0;
+};
+
+TEST_F(frmMainCatalogueTest, InTheThumbnailsViewEveryCommandDoesNothing) {
+  Start();
+  const imaging::Image before = Shown();
+  window_->State().ViewMode = app::kViewThumbnails;  // the actions stay enabled: the frame itself must refuse
+  answer_ = [](edit::frmDiseno&) { return true; };
+  DialogAnswerer answerer;
+  for (const edit::CatalogueCommand& command : edit::Catalogue()) Trigger(command.Command);
+  QGuiApplication::clipboard()->clear();
+  Trigger("mnuEditCopy");
+  EXPECT_TRUE(QGuiApplication::clipboard()->image().isNull());
+  EXPECT_EQ(dialogsShown_, 0);
+  EXPECT_EQ(answerer.Count(), 0);
+  EXPECT_EQ(Steps(), 1);  // the base state alone
+  EXPECT_EQ(MeanAbsoluteDifference(Shown(), before), 0);
+}
+
+TEST_F(frmMainCatalogueTest, AMetafileRefusesEditingButCopies) {
+  const QString wmf = pictures_.File(QStringLiteral("drawing.wmf"));
+  QFile::copy(QStringLiteral(VISTREL_CORPUS_DIR "/formats/drawing.wmf"), wmf);
+  Start(wmf);
+  ASSERT_TRUE(window_->State().ImageLoaded);
+  EXPECT_FALSE(Command("mnuColorsNegative")->isEnabled());
+  EXPECT_TRUE(Command("mnuEditCopy")->isEnabled());
+  Command("mnuColorsNegative")->setEnabled(true);  // the frame refuses even if reached
+  Trigger("mnuColorsNegative");
+  EXPECT_EQ(Steps(), 1);
+  QGuiApplication::clipboard()->clear();
+  Trigger("mnuEditCopy");
+  EXPECT_EQ(QGuiApplication::clipboard()->image().size(), QSize(Shown().Width(), Shown().Height()));
+}
+
+TEST_F(frmMainCatalogueTest, CropAndRedEyeWithoutASelectionOnlyTellTheUser) {
+  Start();
+  DialogAnswerer answerer;
+  Trigger("mnuImageCrop");
+  EXPECT_EQ(answerer.LastTitle(), QStringLiteral("Crop"));
+  EXPECT_EQ(answerer.LastText(), QStringLiteral("Select an area before cropping"));
+  Trigger("mnuColorsRedEye");
+  EXPECT_EQ(answerer.LastTitle(), QStringLiteral("Red Eye Removal"));
+  EXPECT_EQ(answerer.LastText(), QStringLiteral("Select an area to apply red eye removal"));
+  EXPECT_EQ(Steps(), 1);
+  EXPECT_EQ(window_->State().ChangeLevel, 0);
+}
+
+TEST_F(frmMainCatalogueTest, CropTakesTheSelectionAndRefreshesTheGeometry) {
+  Start();
+  Select(QPoint(10, 20), QPoint(49, 39));  // 40 x 20 pixels at 100 %
+  Trigger("mnuImageCrop");
+  EXPECT_EQ(Shown().Width(), 40);
+  EXPECT_EQ(Shown().Height(), 20);
+  EXPECT_EQ(window_->CurrentSession().NaturalSizeTag(), QStringLiteral("600 300"));
+  EXPECT_FALSE(window_->ImageView().Selection().Exists());
+  EXPECT_EQ(window_->ImageView().Percentage(), 100);
+  EXPECT_EQ(window_->findChild<QLabel*>(QStringLiteral("lblStatusSize"))->text(), QStringLiteral("40 x 20"));
+  EXPECT_EQ(Command("mnuEditUndo")->text(), QStringLiteral("&Undo Crop"));
+}
+
+TEST_F(frmMainCatalogueTest, CancellingADialogLeavesImageAndHistoryAlone) {
+  Start();
+  const imaging::Image before = Shown();
+  answer_ = [](edit::frmDiseno& dialog) {
+    if (auto* slider = dialog.findChild<QSlider*>(QStringLiteral("sliControl(1)"))) slider->setValue(80);
+    return false;
+  };
+  for (const char* name : {"mnuColorsBrightness", "mnuImageRotate", "mnuImageResize", "mnuImageFiltersMosaic"}) {
+    Trigger(name);
+  }
+  EXPECT_EQ(dialogsShown_, 4);
+  EXPECT_TRUE(window_->State().DialogCancelled);
+  EXPECT_EQ(Steps(), 1);
+  EXPECT_EQ(MeanAbsoluteDifference(Shown(), before), 0);
+}
+
+TEST_F(frmMainCatalogueTest, GammaAtOneHundredChangesNothingAndAtOnePassesOneHundredth) {
+  Start();
+  const imaging::Image before = Shown();
+  answer_ = [](edit::frmDiseno&) { return true; };
+  Trigger("mnuColorsGamma");
+  EXPECT_EQ(MeanAbsoluteDifference(Shown(), before), 0);
+  EXPECT_EQ(Command("mnuEditUndo")->text(), QStringLiteral("&Undo Gamma"));
+  answer_ = [](edit::frmDiseno& dialog) {
+    dialog.findChild<QSlider*>(QStringLiteral("sliControl(1)"))->setValue(1);
+    return true;
+  };
+  Trigger("mnuColorsGamma");
+  EXPECT_EQ(MeanAbsoluteDifference(Shown(), imaging::ops::Gamma(before, 0.01)), 0);
+}
+
+TEST_F(frmMainCatalogueTest, AnUnreadableValueFallsBackToTheDialogsDefault) {
+  Start();
+  const imaging::Image before = Shown();
+  answer_ = [](edit::frmDiseno& dialog) {
+    auto* box = dialog.findChild<QLineEdit*>(QStringLiteral("txtTexto(1)"));
+    box->setFocus();
+    box->selectAll();
+    QTest::keyClicks(box, QStringLiteral("5-"));  // not a whole number, yet not empty
+    return true;
+  };
+  Trigger("mnuColorsBrightness");
+  EXPECT_EQ(MeanAbsoluteDifference(Shown(), before), 0);  // the fallback 0
+  EXPECT_EQ(Steps(), 2);
+}
+
+TEST_F(frmMainCatalogueTest, DepthCommandsAndGrayScaleEachRecordAStep) {
+  Start();
+  Trigger("mnuColorsGrayScale");
+  EXPECT_EQ(Command("mnuEditUndo")->text(), QStringLiteral("&Undo Gray Scale"));
+  for (const char* name : {"mnuColorsColorDepth1Bit", "mnuColorsColorDepth4Bits", "mnuColorsColorDepth8Bits",
+                           "mnuColorsColorDepth24Bits"}) {
+    const int before = Steps();
+    Trigger(name);
+    EXPECT_EQ(Steps(), before + 1) << name;
+    EXPECT_EQ(Command("mnuEditUndo")->text(), QStringLiteral("&Undo Color Depth")) << name;
+  }
+}
+
+TEST_F(frmMainCatalogueTest, RotateNinetyThroughItsButtonSwapsTheSides) {
+  Start();
+  answer_ = [](edit::frmDiseno& dialog) {
+    QTest::mouseClick(dialog.findChild<QWidget*>(QStringLiteral("cmdBoton(2)")), Qt::LeftButton);
+    return true;
+  };
+  Trigger("mnuImageRotate");
+  EXPECT_EQ(Shown().Width(), 90);
+  EXPECT_EQ(Shown().Height(), 120);
+  EXPECT_EQ(window_->findChild<QLabel*>(QStringLiteral("lblStatusSize"))->text(), QStringLiteral("90 x 120"));
+  Trigger("mnuEditUndo");
+  EXPECT_EQ(Shown().Width(), 120);
+}
+
+TEST_F(frmMainCatalogueTest, CopyExportsTheSelectionAndLeavesTheImage) {
+  Start();
+  Select(QPoint(1, 1), QPoint(30, 10));  // QTest takes (0, 0) for the widget's centre
+  ASSERT_EQ(window_->ImageView().Selection().Pixels(15, 15), QRect(1, 1, 30, 10));
+  QGuiApplication::clipboard()->clear();
+  Trigger("mnuEditCopy");
+  EXPECT_EQ(QGuiApplication::clipboard()->image().size(), QSize(30, 10));
+  EXPECT_EQ(Shown().Width(), 120);
+  EXPECT_EQ(Steps(), 1);
+  EXPECT_TRUE(window_->ImageView().Selection().Exists());
+}
+
+}  // namespace
