@@ -3,6 +3,7 @@
 #include "support/TestFiles.h"
 
 #include "imaging/Loader.h"
+#include "imaging/Operations.h"
 #include "imaging/Saver.h"
 
 #include <QFile>
@@ -54,6 +55,33 @@ TEST(VistrelCli, ConvertSaysCantSaveFileAndLeavesNothing) {
   EXPECT_EQ(Cli({QStringLiteral("convert"), folder.File(QStringLiteral("missing.png")), folder.File(QStringLiteral("y.png"))}).Output,
             QStringLiteral("Can't open file\n"));
   EXPECT_EQ(Cli({QStringLiteral("nothing")}).ExitCode, 2);
+}
+
+TEST(VistrelCli, ApplyRunsOperationsInTurnAsTheViewerDoes) {
+  testing_support::TempFolder folder;
+  const QString photo = CorpusPath(QStringLiteral("formats/hopper.png"));
+  const QString out = folder.File(QStringLiteral("out.png"));
+  const QStringList chain = {QStringLiteral("Brightness"), QStringLiteral("20"), QStringLiteral("Negative"),
+                             QStringLiteral("Rotate"), QStringLiteral("90"), QStringLiteral("Crop"), QStringLiteral("10"),
+                             QStringLiteral("10"), QStringLiteral("100"), QStringLiteral("50")};
+  ASSERT_EQ(Cli(QStringList{QStringLiteral("apply"), photo, out} + chain).ExitCode, 0);
+  const imaging::Image expected = imaging::ops::Crop(
+      imaging::ops::Rotate(imaging::ops::Negative(imaging::ops::Brightness(imaging::LoadFile(photo).value(), 20)), 90),
+      QRect(10, 10, 100, 50));
+  EXPECT_EQ(testing_support::MeanAbsoluteDifference(imaging::LoadFile(out).value(), expected), 0);
+}
+
+TEST(VistrelCli, ApplyNamesTheAllowedRangeOfABadValue) {
+  testing_support::TempFolder folder;
+  const QString photo = CorpusPath(QStringLiteral("formats/hopper.png"));
+  const QString out = folder.File(QStringLiteral("out.png"));
+  QProcess process;
+  process.start(QStringLiteral(VISTREL_CLI_PATH), {QStringLiteral("apply"), photo, out, QStringLiteral("Brightness"), QStringLiteral("250")});
+  process.waitForFinished(60000);
+  EXPECT_EQ(process.exitCode(), 2);
+  EXPECT_EQ(QString::fromLocal8Bit(process.readAllStandardError()),
+            QStringLiteral("Brightness: value must be from -100 to 100, not 250\n"));
+  EXPECT_FALSE(QFile::exists(out));
 }
 
 }  // namespace

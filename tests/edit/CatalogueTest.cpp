@@ -1,0 +1,143 @@
+// Part 4.3's command table: names, dialogs, parameters against the descriptions, the
+// value reading with its fallbacks, and vistrel-cli's operation words.
+#include "edit/Catalogue.h"
+#include "edit/DialogDescription.h"
+#include "edit/DialogDescriptions.h"
+
+#include <QSet>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using edit::Catalogue;
+using edit::FindCatalogueCommand;
+using edit::ParseOperationChain;
+
+QStringList Words(const char* text) { return QString::fromLatin1(text).split(u' ', Qt::SkipEmptyParts); }
+
+edit::DialogValues AtLoad(const char* command, const edit::DialogContext& context = {800 * 15, 600 * 15, 15, 15}) {
+  edit::DialogModel model(edit::ParseDialogDescription(edit::DialogDescriptionFor(QLatin1String(command))), context);
+  model.Initialize();
+  return model.Values();
+}
+
+TEST(Catalogue, HasTheThirtySixImageCommandsOnceEach) {
+  QSet<QString> names;
+  for (const edit::CatalogueCommand& c : Catalogue()) names.insert(QLatin1String(c.Command));
+  EXPECT_EQ(Catalogue().size(), 36u);
+  EXPECT_EQ(names.size(), 36);
+}
+
+TEST(Catalogue, DialogCommandsAreExactlyThoseWithADescriptionOfTheirClass) {
+  for (const edit::CatalogueCommand& c : Catalogue()) {
+    const QString description = edit::DialogDescriptionFor(QLatin1String(c.Command));
+    EXPECT_EQ(description.isEmpty(), *c.DialogClass == 0) << c.Command;
+    if (!description.isEmpty()) {
+      EXPECT_EQ(edit::ParseDialogDescription(description).DialogClass, QLatin1String(c.DialogClass)) << c.Command;
+    }
+  }
+}
+
+TEST(Catalogue, EachBoxsRangeIsItsOwnSlidersRange) {
+  for (const edit::CatalogueCommand& c : Catalogue()) {
+    const edit::DialogLayout layout = edit::ParseDialogDescription(edit::DialogDescriptionFor(QLatin1String(c.Command)));
+    for (const edit::Parameter& p : c.Parameters) {
+      if (p.From != edit::Source::TextBox) continue;
+      const edit::DialogControl* slider = layout.Find(edit::ControlKind::Slider, p.Index);
+      if (!slider) continue;  // Resize has none
+      EXPECT_EQ(p.Minimum, slider->Minimum) << c.Command << " " << p.Name;
+      EXPECT_EQ(p.Maximum, slider->Maximum) << c.Command << " " << p.Name;
+    }
+  }
+}
+
+TEST(Catalogue, UndoNamesAndSelectionMessagesAreThePartsTexts) {
+  EXPECT_STREQ(FindCatalogueCommand(QStringLiteral("mnuColorsHSL"))->UndoName, "Hue / Saturation / Luminance");
+  EXPECT_STREQ(FindCatalogueCommand(QStringLiteral("mnuImageFiltersMotionBlur"))->UndoName, "Motion Blur");
+  for (const char* depth : {"mnuColorsColorDepth1Bit", "mnuColorsColorDepth4Bits", "mnuColorsColorDepth8Bits",
+                            "mnuColorsColorDepth24Bits"}) {
+    EXPECT_STREQ(FindCatalogueCommand(QLatin1String(depth))->UndoName, "Color Depth");
+  }
+  EXPECT_STREQ(FindCatalogueCommand(QStringLiteral("mnuImageCrop"))->SelectionMessage, "Select an area before cropping");
+  EXPECT_STREQ(FindCatalogueCommand(QStringLiteral("mnuColorsRedEye"))->SelectionMessage,
+               "Select an area to apply red eye removal");
+  int geometry = 0;
+  for (const edit::CatalogueCommand& c : Catalogue()) geometry += c.ChangesGeometry;
+  EXPECT_EQ(geometry, 3);
+}
+
+TEST(Catalogue, ArgumentsComeFromTheBoxesTheOptionAndTheSelection) {
+  edit::DialogValues values = AtLoad("mnuImagePerspective");
+  values.Numbers = {40};
+  values.SelectedOption = 3;
+  EXPECT_EQ(edit::ArgumentsFrom(*FindCatalogueCommand(QStringLiteral("mnuImagePerspective")), values), (edit::Arguments{40, 3}));
+  EXPECT_EQ(edit::ArgumentsFrom(*FindCatalogueCommand(QStringLiteral("mnuImageResize")), AtLoad("mnuImageResize")),
+            (edit::Arguments{800, 600}));
+  EXPECT_EQ(edit::ArgumentsFrom(*FindCatalogueCommand(QStringLiteral("mnuImageCrop")), {}, QRect(3, 4, 5, 6)),
+            (edit::Arguments{3, 4, 5, 6}));
+  EXPECT_EQ(edit::ArgumentsFrom(*FindCatalogueCommand(QStringLiteral("mnuColorsGamma")), AtLoad("mnuColorsGamma")),
+            (edit::Arguments{100}));
+}
+
+TEST(Catalogue, PreviewValuesOutsideTheRangeAreClamped) {
+  edit::DialogValues values;
+  values.Numbers = {0};  // Gamma's box, emptied: reads 0
+  EXPECT_EQ(edit::ArgumentsFrom(*FindCatalogueCommand(QStringLiteral("mnuColorsGamma")), values), (edit::Arguments{1}));
+}
+
+TEST(Catalogue, AValueThatDoesNotConvertGivesTheTablesFallbacks) {
+  edit::DialogValues typed;
+  typed.Numbers = {0, 0};
+  typed.SelectedOption = 2;
+  typed.AllConverted = false;
+  const auto fallback = [&typed](const char* command) {
+    return edit::CommandArguments(*FindCatalogueCommand(QLatin1String(command)), typed, AtLoad(command));
+  };
+  EXPECT_EQ(fallback("mnuColorsBrightness"), (edit::Arguments{0}));
+  EXPECT_EQ(fallback("mnuImagePerspective"), (edit::Arguments{0, 1}));    // "0, 0": amount 0, direction code 0
+  EXPECT_EQ(fallback("mnuImageRipple"), (edit::Arguments{1, 1, 1}));      // "1, 1, 0"
+  EXPECT_EQ(fallback("mnuImageRotate"), (edit::Arguments{0}));
+  EXPECT_EQ(fallback("mnuImageFiltersMotionBlur"), (edit::Arguments{0, 0, 1}));  // the sliders' defaults
+  typed.AllConverted = true;
+  typed.Numbers = {30};
+  EXPECT_EQ(edit::CommandArguments(*FindCatalogueCommand(QStringLiteral("mnuColorsBrightness")), typed,
+                                   AtLoad("mnuColorsBrightness")),
+            (edit::Arguments{30}));
+}
+
+TEST(OperationChain, ReadsSeveralOperationsByUndoNameOrClassInAnyCase) {
+  const edit::OperationChain chain = ParseOperationChain(
+      Words("Brightness 20 negative Rotate 12.5 Resize 800 600 Crop 10 10 100 50 hsl 1 2 3 Hue/Saturation/Luminance 4 5 6"));
+  ASSERT_TRUE(chain.Error.isEmpty()) << chain.Error.toStdString();
+  ASSERT_EQ(chain.Steps.size(), 7u);
+  EXPECT_STREQ(chain.Steps[1].Command->Command, "mnuColorsNegative");
+  EXPECT_EQ(chain.Steps[2].Values, (edit::Arguments{12.5}));
+  EXPECT_EQ(chain.Steps[4].Values, (edit::Arguments{10, 10, 100, 50}));
+  EXPECT_STREQ(chain.Steps[5].Command->Command, "mnuColorsHSL");
+  EXPECT_STREQ(chain.Steps[6].Command->Command, "mnuColorsHSL");
+}
+
+TEST(OperationChain, ColorDepthPicksTheCommandOfItsBits) {
+  EXPECT_STREQ(ParseOperationChain(Words("ColorDepth 4")).Steps.at(0).Command->Command, "mnuColorsColorDepth4Bits");
+  EXPECT_STREQ(ParseOperationChain(Words("colordepth 24")).Steps.at(0).Command->Command, "mnuColorsColorDepth24Bits");
+  EXPECT_EQ(ParseOperationChain(Words("ColorDepth 5")).Error, QStringLiteral("ColorDepth takes 1 value: bits (1, 4, 8 or 24)"));
+}
+
+TEST(OperationChain, BadWordsGetAMessageNamingWhatIsAllowed) {
+  EXPECT_EQ(ParseOperationChain(Words("Brightness 250")).Error,
+            QStringLiteral("Brightness: value must be from -100 to 100, not 250"));
+  EXPECT_EQ(ParseOperationChain(Words("Gamma 0")).Error,
+            QStringLiteral("Gamma: value in hundredths must be from 1 to 1000, not 0"));
+  EXPECT_EQ(ParseOperationChain(Words("Brightness 2.5")).Error,
+            QStringLiteral("Brightness: value must be a whole number, not 2.5"));
+  EXPECT_EQ(ParseOperationChain(Words("Noise 5")).Error,
+            QStringLiteral("Noise takes 2 value(s): frequency (from 1 to 20), intensity (from 1 to 128)"));
+  EXPECT_EQ(ParseOperationChain(Words("Crop 0 0 0 5")).Error, QStringLiteral("Crop: width must be at least 1, not 0"));
+  EXPECT_EQ(ParseOperationChain(Words("Sharpen x")).Error, QStringLiteral("Sharpen: \"x\" is not a number"));
+  EXPECT_TRUE(ParseOperationChain(Words("Sepia")).Error.startsWith(QStringLiteral("Unknown operation \"Sepia\"; known: Brightness")));
+  EXPECT_FALSE(ParseOperationChain({}).Error.isEmpty());
+  EXPECT_TRUE(ParseOperationChain(Words("Negative Sepia")).Steps.empty());
+}
+
+}  // namespace
