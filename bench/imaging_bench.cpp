@@ -2,23 +2,16 @@
 // decode, decode-to-fit for a 1920x1080 panel and header-only, in process; then the same
 // fit as whole commands next to vipsthumbnail and ImageMagick's convert -resize.
 // Usage: bench_imaging PATH_TO_VISTREL_CLI SOURCE_PHOTO
-#include "BenchClock.h"
+#include "BenchCommand.h"
 #include "imaging/Loader.h"
 
 #include <QCoreApplication>
-#include <QProcess>
 #include <QTemporaryDir>
 
 namespace {
 
-bool Command(const QString& program, const QStringList& arguments) {
-  QProcess process;
-  process.start(program, arguments);
-  return process.waitForFinished(120000) && process.exitCode() == 0;
-}
-
 double CommandMilliseconds(const QString& program, const QStringList& arguments) {
-  return bench::BestMilliseconds(3, [&] { Command(program, arguments); });
+  return bench::CommandMilliseconds(3, program, arguments);
 }
 
 }  // namespace
@@ -30,10 +23,7 @@ int main(int argc, char** argv) {
   const QString cli = QString::fromLocal8Bit(argv[1]);
   QTemporaryDir work;
   const QString photo = work.filePath(QStringLiteral("24mp.jpg"));
-  if (!Command(QStringLiteral("convert"), {QString::fromLocal8Bit(argv[2]), QStringLiteral("-resize"),
-                                          QStringLiteral("6000x4000!"), QStringLiteral("-quality"), QStringLiteral("90"), photo})) {
-    return 1;
-  }
+  if (!bench::Make24MegapixelJpeg(QString::fromLocal8Bit(argv[2]), photo)) return 1;
   std::printf("imaging_source: 6000x4000 jpeg\n");
   bench::PrintFigure("decode_full", bench::BestMilliseconds(3, [&] { (void)imaging::LoadFile(photo); }), "ms");
   const double fit = bench::BestMilliseconds(3, [&] { (void)imaging::LoadFitting(photo, 1920, 1080); });

@@ -3,12 +3,11 @@
 // reduced copy, and the whole command (load the JPEG, apply, write a PPM) through
 // `vistrel-cli apply` next to the closest `convert` of ImageMagick, in the same run.
 // Usage: bench_operations PATH_TO_VISTREL_CLI SOURCE_PHOTO [OPERATION...]
-#include "BenchClock.h"
+#include "BenchCommand.h"
 #include "edit/Catalogue.h"
 #include "imaging/Loader.h"
 
 #include <QCoreApplication>
-#include <QProcess>
 #include <QTemporaryDir>
 
 #include <algorithm>
@@ -62,16 +61,6 @@ const Case kCases[] = {
 
 QStringList Words(const char* text) { return QString::fromLatin1(text).split(u' ', Qt::SkipEmptyParts); }
 
-bool Run(const QString& program, const QStringList& arguments) {
-  QProcess process;
-  process.start(program, arguments);
-  return process.waitForFinished(600000) && process.exitCode() == 0;
-}
-
-double CommandMilliseconds(const QString& program, const QStringList& arguments) {
-  return bench::BestMilliseconds(2, [&] { Run(program, arguments); });
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -82,10 +71,7 @@ int main(int argc, char** argv) {
   const QStringList only = QCoreApplication::arguments().mid(3);
   QTemporaryDir work;
   const QString photo = work.filePath(QStringLiteral("24mp.jpg"));
-  if (!Run(QStringLiteral("convert"), {QString::fromLocal8Bit(argv[2]), QStringLiteral("-resize"), QStringLiteral("6000x4000!"),
-                                      QStringLiteral("-quality"), QStringLiteral("90"), photo})) {
-    return 1;
-  }
+  if (!bench::Make24MegapixelJpeg(QString::fromLocal8Bit(argv[2]), photo)) return 1;
   const imaging::Image image = imaging::LoadFile(photo).value();
   const imaging::Image preview = image.FitWithin(112, 112);  // the dialog's panel at 96 DPI
   const QString out = work.filePath(QStringLiteral("out.ppm"));
@@ -100,8 +86,8 @@ int main(int argc, char** argv) {
     const edit::OperationStep& step = chain.Steps.front();
     const double alone = bench::BestMilliseconds(2, [&] { (void)edit::Apply(*step.Command, image, step.Values); });
     const double small = bench::BestMilliseconds(5, [&] { (void)edit::Apply(*step.Command, preview, step.Values); });
-    const double ours = CommandMilliseconds(cli, QStringList{QStringLiteral("apply"), photo, out} + words);
-    const double magick = CommandMilliseconds(QStringLiteral("convert"), QStringList{photo} + Words(c.Magick) + QStringList{out});
+    const double ours = bench::CommandMilliseconds(2, cli, QStringList{QStringLiteral("apply"), photo, out} + words);
+    const double magick = bench::CommandMilliseconds(2, QStringLiteral("convert"), QStringList{photo} + Words(c.Magick) + QStringList{out});
     ratios.push_back(magick / ours);
     std::printf("%-34s %9.1f %9.2f %11.1f %11.1f %7.2f\n", c.Words, alone, small, ours, magick, magick / ours);
     std::fflush(stdout);

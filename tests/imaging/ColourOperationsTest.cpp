@@ -1,5 +1,4 @@
 // Part 4.3's Colors operations: each has a property that fails if the operation is wrong.
-#include "imaging/Loader.h"
 #include "imaging/Operations.h"
 #include "imaging/Saver.h"
 #include "support/ImageCompare.h"
@@ -11,14 +10,7 @@
 namespace {
 
 namespace ops = imaging::ops;
-using testing_support::ColourCount;
-using testing_support::CorpusPath;
-using testing_support::MeanAbsoluteDifference;
-using testing_support::Painted;
-using testing_support::PixelAt;
-using testing_support::Statistics;
-
-imaging::Image Photo() { return imaging::LoadFile(CorpusPath(QStringLiteral("formats/hopper.png"))).value(); }
+using namespace testing_support;
 
 imaging::Image Grey(int value) { return Painted(4, 3, [value](int, int) { return QColor(value, value, value); }); }
 
@@ -34,7 +26,7 @@ bool ChannelsEqual(const imaging::Image& image) {
 }
 
 TEST(ColourOperations, NeutralValuesLeaveThePhotoUnchanged) {
-  const imaging::Image photo = Photo();
+  const imaging::Image photo = Hopper();
   EXPECT_EQ(MeanAbsoluteDifference(ops::Brightness(photo, 0), photo), 0);
   EXPECT_EQ(MeanAbsoluteDifference(ops::Contrast(photo, 0), photo), 0);
   EXPECT_EQ(MeanAbsoluteDifference(ops::Gamma(photo, 1.0), photo), 0);
@@ -51,7 +43,7 @@ TEST(ColourOperations, BrightnessAddsTwoPointFiveFivePerStep) {
 }
 
 TEST(ColourOperations, ContrastFlattensToGreyAtMinusHundredAndSpreadsAbove) {
-  const imaging::Image photo = Photo();
+  const imaging::Image photo = Hopper();
   EXPECT_LT(Statistics(ops::Contrast(photo, -100)).Variance, 1.0);
   EXPECT_GT(Statistics(ops::Contrast(photo, 40)).Variance, Statistics(photo).Variance * 1.5);
   EXPECT_LT(Statistics(ops::Contrast(photo, -40)).Variance, Statistics(photo).Variance);
@@ -77,7 +69,7 @@ TEST(ColourOperations, SolarizeInvertsTheValuesAtAndAboveItsThreshold) {
 }
 
 TEST(ColourOperations, NegativeTwiceIsTheIdentityAndKeepsAlpha) {
-  const imaging::Image photo = Photo();
+  const imaging::Image photo = Hopper();
   EXPECT_EQ(PixelAt(ops::Negative(Grey(10)), 0, 0), QColor(245, 245, 245));
   EXPECT_EQ(MeanAbsoluteDifference(ops::Negative(ops::Negative(photo)), photo), 0);
   const imaging::Image clear = Painted(2, 2, [](int x, int) { return QColor(10, 20, 30, x * 200); }, true);
@@ -91,8 +83,8 @@ TEST(ColourOperations, NegativeTwiceIsTheIdentityAndKeepsAlpha) {
 }
 
 TEST(ColourOperations, GrayScaleHasEqualChannels) {
-  EXPECT_TRUE(ChannelsEqual(ops::GrayScale(Photo())));
-  EXPECT_FALSE(ChannelsEqual(Photo()));
+  EXPECT_TRUE(ChannelsEqual(ops::GrayScale(Hopper())));
+  EXPECT_FALSE(ChannelsEqual(Hopper()));
   EXPECT_EQ(PixelAt(ops::GrayScale(Painted(1, 1, [](int, int) { return QColor(255, 0, 0); })), 0, 0).red(), 76);
 }
 
@@ -106,9 +98,9 @@ TEST(ColourOperations, ParabolicCurvesKeepTheEndsAndBendTheMiddle) {
 }
 
 TEST(ColourOperations, HueSaturationLuminanceMovesWhatItNames) {
-  EXPECT_TRUE(ChannelsEqual(ops::HueSaturationLuminance(Photo(), 0, -100, 0)));
-  EXPECT_EQ(PixelAt(ops::HueSaturationLuminance(Photo(), 0, 0, 100), 5, 5), QColor(255, 255, 255));
-  EXPECT_EQ(PixelAt(ops::HueSaturationLuminance(Photo(), 0, 0, -100), 5, 5), QColor(0, 0, 0));
+  EXPECT_TRUE(ChannelsEqual(ops::HueSaturationLuminance(Hopper(), 0, -100, 0)));
+  EXPECT_EQ(PixelAt(ops::HueSaturationLuminance(Hopper(), 0, 0, 100), 5, 5), QColor(255, 255, 255));
+  EXPECT_EQ(PixelAt(ops::HueSaturationLuminance(Hopper(), 0, 0, -100), 5, 5), QColor(0, 0, 0));
   const QColor cyan = PixelAt(ops::HueSaturationLuminance(Painted(1, 1, [](int, int) { return QColor(255, 0, 0); }), 100, 0, 0), 0, 0);
   EXPECT_LT(cyan.red(), 10);  // half a turn from red
   EXPECT_GT(cyan.green(), 245);
@@ -131,7 +123,7 @@ TEST(ColourOperations, EqualizeSpreadsANarrowHistogram) {
 }
 
 TEST(ColourOperations, ColorDepthLeavesAtMostTheColoursOfItsBits) {
-  const imaging::Image photo = Photo();
+  const imaging::Image photo = Hopper();
   ASSERT_GT(ColourCount(photo), 256);
   EXPECT_LE(ColourCount(ops::ColorDepth(photo, 1)), 2);
   EXPECT_GE(ColourCount(ops::ColorDepth(photo, 1)), 2);

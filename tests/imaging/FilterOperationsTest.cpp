@@ -1,5 +1,4 @@
 // Part 4.3's Filters operations and Noise and Diffuse.
-#include "imaging/Loader.h"
 #include "imaging/Operations.h"
 #include "support/ImageCompare.h"
 
@@ -8,13 +7,7 @@
 namespace {
 
 namespace ops = imaging::ops;
-using testing_support::CorpusPath;
-using testing_support::MeanAbsoluteDifference;
-using testing_support::Painted;
-using testing_support::PixelAt;
-using testing_support::Statistics;
-
-imaging::Image Photo() { return imaging::LoadFile(CorpusPath(QStringLiteral("formats/hopper.png"))).value(); }
+using namespace testing_support;
 
 // Grey noise from a fixed linear congruential sequence.
 imaging::Image NoisyGrey() {
@@ -39,7 +32,7 @@ int CountChanged(const imaging::Image& a, const imaging::Image& b) {
 }
 
 TEST(FilterOperations, NeutralValuesLeaveThePhotoUnchanged) {
-  const imaging::Image photo = Photo();
+  const imaging::Image photo = Hopper();
   EXPECT_EQ(MeanAbsoluteDifference(ops::Blend(photo, 0), photo), 0);
   EXPECT_EQ(MeanAbsoluteDifference(ops::Mosaic(photo, 1), photo), 0);
   EXPECT_EQ(MeanAbsoluteDifference(ops::MotionBlur(photo, 0, 0, 25), photo), 0);
@@ -56,7 +49,7 @@ TEST(FilterOperations, BlurSoftenAndBlendLowerTheVarianceOfNoise) {
 }
 
 TEST(FilterOperations, SharpenRaisesTheVarianceMoreAtHigherLevels) {
-  const imaging::Image photo = Photo();
+  const imaging::Image photo = Hopper();
   const double one = Statistics(ops::Sharpen(photo, 1)).Variance;
   EXPECT_GT(one, Statistics(photo).Variance);
   EXPECT_GT(Statistics(ops::Sharpen(photo, 9)).Variance, one);
@@ -79,7 +72,7 @@ TEST(FilterOperations, MedianRemovesALoneSpeck) {
 }
 
 TEST(FilterOperations, MosaicMakesConstantBlocksOfTheBlockSize) {
-  const imaging::Image photo = Photo();  // 128 x 128
+  const imaging::Image photo = Hopper();  // 128 x 128
   const imaging::Image tiles = ops::Mosaic(photo, 5);
   ASSERT_EQ(tiles.Width(), 128);
   ASSERT_EQ(tiles.Height(), 128);
@@ -126,7 +119,7 @@ TEST(FilterOperations, DiffuseMovesPixelsTwoAtMost) {
     }
   }
   EXPECT_LE(whites, 25);
-  EXPECT_GT(MeanAbsoluteDifference(ops::Diffuse(Photo()), Photo()), 1);
+  EXPECT_GT(MeanAbsoluteDifference(ops::Diffuse(Hopper()), Hopper()), 1);
 }
 
 }  // namespace

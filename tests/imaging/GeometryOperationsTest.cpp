@@ -1,5 +1,4 @@
 // Part 4.3's Image menu: Flip, Mirror, Rotate, Resize, Crop and the warps.
-#include "imaging/Loader.h"
 #include "imaging/Operations.h"
 #include "support/ImageCompare.h"
 
@@ -10,12 +9,7 @@
 namespace {
 
 namespace ops = imaging::ops;
-using testing_support::CorpusPath;
-using testing_support::MeanAbsoluteDifference;
-using testing_support::Painted;
-using testing_support::PixelAt;
-
-imaging::Image Photo() { return imaging::LoadFile(CorpusPath(QStringLiteral("formats/hopper.png"))).value(); }
+using namespace testing_support;
 
 // 30 x 20 with a red top-left pixel and a blue bottom-right one on grey.
 imaging::Image Marked() {
@@ -27,7 +21,7 @@ imaging::Image Marked() {
 }
 
 TEST(GeometryOperations, FlipAndMirrorAreInvolutionsThatMoveTheCorners) {
-  const imaging::Image photo = Photo();
+  const imaging::Image photo = Hopper();
   EXPECT_EQ(MeanAbsoluteDifference(ops::Flip(ops::Flip(photo)), photo), 0);
   EXPECT_EQ(MeanAbsoluteDifference(ops::Mirror(ops::Mirror(photo)), photo), 0);
   EXPECT_GT(MeanAbsoluteDifference(ops::Flip(photo), photo), 1);
@@ -49,7 +43,7 @@ TEST(GeometryOperations, RotateZeroIsTheIdentityAndNinetySwapsTheSides) {
 }
 
 TEST(GeometryOperations, AnyAngleGrowsTheCanvasWithWhiteCorners) {
-  const imaging::Image photo = Photo();  // 128 x 128
+  const imaging::Image photo = Hopper();  // 128 x 128
   const imaging::Image turned = ops::Rotate(photo, 30);
   const double side = 128 * (std::cos(M_PI / 6) + std::sin(M_PI / 6));
   EXPECT_NEAR(turned.Width(), side, 2);
@@ -66,7 +60,7 @@ TEST(GeometryOperations, AnyAngleGrowsTheCanvasWithWhiteCorners) {
 }
 
 TEST(GeometryOperations, ResizeGivesTheAskedSizeAndTheSameSizeIsTheIdentity) {
-  const imaging::Image photo = Photo();
+  const imaging::Image photo = Hopper();
   EXPECT_EQ(MeanAbsoluteDifference(ops::Resize(photo, 128, 128), photo), 0);
   for (const QSize size : {QSize(64, 32), QSize(300, 129), QSize(1, 1), QSize(2048, 7)}) {
     const imaging::Image resized = ops::Resize(photo, size.width(), size.height());
@@ -88,7 +82,7 @@ TEST(GeometryOperations, CropGivesTheSelectionCutBackToTheImage) {
 }
 
 TEST(GeometryOperations, WarpsAtZeroLeaveTheImageUnchanged) {
-  const imaging::Image photo = Photo();
+  const imaging::Image photo = Hopper();
   EXPECT_EQ(MeanAbsoluteDifference(ops::Pinch(photo, 0), photo), 0);
   EXPECT_EQ(MeanAbsoluteDifference(ops::Swirl(photo, 0), photo), 0);
   for (int d = 0; d < 4; ++d) {
@@ -97,7 +91,7 @@ TEST(GeometryOperations, WarpsAtZeroLeaveTheImageUnchanged) {
 }
 
 TEST(GeometryOperations, PinchAndSwirlChangeOnlyTheCentralCircle) {
-  const imaging::Image photo = ops::Crop(Photo(), QRect(0, 0, 101, 101));  // its centre is pixel (50, 50)
+  const imaging::Image photo = ops::Crop(Hopper(), QRect(0, 0, 101, 101));  // its centre is pixel (50, 50)
   for (const imaging::Image& warped : {ops::Pinch(photo, 100), ops::Pinch(photo, -100), ops::Swirl(photo, 1000)}) {
     EXPECT_GT(MeanAbsoluteDifference(warped, photo), 3);
     EXPECT_EQ(PixelAt(warped, 0, 0), PixelAt(photo, 0, 0));

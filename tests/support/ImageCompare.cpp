@@ -1,5 +1,7 @@
 #include "support/ImageCompare.h"
 
+#include "imaging/Loader.h"
+
 #include <QSet>
 
 #include <cmath>
@@ -79,5 +81,7 @@ imaging::Image Painted(int width, int height, const std::function<QColor(int x, 
 }
 
 QString CorpusPath(const QString& relative) { return QStringLiteral(VISTREL_CORPUS_DIR "/") + relative; }
+
+imaging::Image Hopper() { return imaging::LoadFile(CorpusPath(QStringLiteral("formats/hopper.png"))).value(); }
 
 }  // namespace testing_support

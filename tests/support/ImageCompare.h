@@ -34,4 +34,7 @@ imaging::Image Painted(int width, int height, const std::function<QColor(int x, 
 
 QString CorpusPath(const QString& relative);
 
+// The corpus's 128 x 128 colour photo (formats/hopper.png).
+imaging::Image Hopper();
+
 }  // namespace testing_support
