@@ -42,6 +42,25 @@ std::optional<QByteArray> WithQt(const Image& image, const char* format) {
   return bytes;
 }
 
+// Binary PPM: a header, then the RGB samples as they lie in memory.
+QByteArray PpmHeader(const Image& rgb) { return QStringLiteral("P6\n%1 %2\n255\n").arg(rgb.Width()).arg(rgb.Height()).toLatin1(); }
+QByteArrayView PpmSamples(const Image& rgb) {
+  return {static_cast<const char*>(rgb.Internal().image.data()), qsizetype(rgb.Width()) * rgb.Height() * 3};
+}
+
+// A temporary file beside the target, renamed over it once complete (QSaveFile).
+bool WriteAtomically(const QString& path, std::initializer_list<QByteArrayView> pieces) {
+  QSaveFile file(path);
+  if (!file.open(QIODevice::WriteOnly)) return false;
+  for (const QByteArrayView piece : pieces) {
+    if (file.write(piece.data(), piece.size()) != piece.size()) {
+      file.cancelWriting();
+      return false;
+    }
+  }
+  return file.commit();
+}
+
 }  // namespace
 
 int SaveOptions::JpegQuality() const { return std::clamp(100 - JpegLuminanceFactor, 1, 100); }
@@ -53,7 +72,11 @@ std::optional<QByteArray> EncodeImage(const Image& image, const QString& ext, co
   if (ext == "png") return WithVips(image, ".png", vips::VImage::option());
   if (ext == "tif" || ext == "tiff") return WithVips(image, ".tif", vips::VImage::option()->set("compression", "lzw"));
   if (ext == "bmp" || ext == "dib") return WithQt(image, "bmp");
-  if (ext == "pbm" || ext == "pgm" || ext == "ppm") return WithQt(image, ext.toLatin1().constData());
+  if (ext == "ppm") {
+    const Image rgb = image.OnWhite();
+    return PpmHeader(rgb) + PpmSamples(rgb).toByteArray();
+  }
+  if (ext == "pbm" || ext == "pgm") return WithQt(image, ext.toLatin1().constData());
   if (ext == "tga" || ext == "pcx" || ext == "dcx") return HelperDecoder().Encode(image, ext.toUpper());
   if (ext == "wpg") return EncodeWpg(image);
   return std::nullopt;
@@ -61,15 +84,12 @@ std::optional<QByteArray> EncodeImage(const Image& image, const QString& ext, co
 
 bool SaveImage(const Image& image, const QString& path, const SaveOptions& options) {
   const QString ext = QFileInfo(path).suffix().toLower();
-  const auto bytes = EncodeImage(image, ext, options);
-  if (!bytes) return false;
-  QSaveFile file(path);
-  if (!file.open(QIODevice::WriteOnly)) return false;
-  if (file.write(*bytes) != bytes->size()) {
-    file.cancelWriting();
-    return false;
+  if (ext == "ppm") {  // straight from the pixels: no encoded copy
+    const Image rgb = image.OnWhite();
+    return WriteAtomically(path, {PpmHeader(rgb), PpmSamples(rgb)});
   }
-  return file.commit();
+  const auto bytes = EncodeImage(image, ext, options);
+  return bytes && WriteAtomically(path, {*bytes});
 }
 
 }  // namespace imaging

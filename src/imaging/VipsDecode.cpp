@@ -27,6 +27,9 @@ std::optional<Image> DecodeWithVips(const QString& path, int maxWidth, int maxHe
       auto options = vips::VImage::option()->set("height", maxHeight)->set("size", VIPS_SIZE_DOWN);
       return Wrap(vips::VImage::thumbnail(name.constData(), maxWidth, options));
     }
+    // One sequential pass straight into memory; turning upright needs random access.
+    const vips::VImage image = vips::VImage::new_from_file(name.constData(), vips::VImage::option()->set("access", "sequential"));
+    if (vips_image_get_orientation(image.get_image()) <= 1) return Wrap(image);
     return Wrap(vips::VImage::new_from_file(name.constData()).autorot());
   } catch (const vips::VError&) {
     vips_error_clear();
