@@ -1,0 +1,38 @@
+#!/usr/bin/env bash
+# Part 4.3 through the whole program under Xvfb, as a user would: open a photo, Colors >
+# Negative and Image > Rotate... 90 from the keyboard, File > Save, File > Exit; the saved
+# file must hold exactly what `vistrel-cli apply` makes of the original.
+# Usage: edit_and_save.sh PATH_TO_VISTREL PATH_TO_VISTREL_CLI PHOTO
+set -euo pipefail
+binary=$1
+cli=$2
+photo=$3
+
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+cp "$binary" "$work/vistrel"
+cp "$photo" "$work/photo.png"
+"$cli" apply "$photo" "$work/expected.png" Negative Rotate 90
+
+xvfb-run -a -s '-screen 0 1280x800x24' bash -c '
+  "$1" "$2" 2>/dev/null &
+  pid=$!
+  wid=$(timeout 20 xdotool search --sync --onlyvisible --name "^Vistrel$" | head -n 1) || { kill $pid; exit 3; }
+  sleep 0.5
+  xdotool windowfocus --sync "$wid" key --clearmodifiers alt+c n
+  sleep 0.5
+  xdotool key --clearmodifiers alt+i r
+  timeout 10 xdotool search --sync --onlyvisible --name "^Rotate$" >/dev/null || { kill $pid; exit 4; }
+  xdotool key --clearmodifiers ctrl+a type 90
+  xdotool key --clearmodifiers Return
+  sleep 0.5
+  xdotool windowfocus --sync "$wid" key --clearmodifiers ctrl+s
+  sleep 0.5
+  xdotool key --clearmodifiers ctrl+q
+  for _ in $(seq 100); do kill -0 $pid 2>/dev/null || break; sleep 0.1; done
+  if kill -0 $pid 2>/dev/null; then kill $pid; exit 5; fi
+  wait $pid' _ "$work/vistrel" "$work/photo.png" || { echo "FAIL: the program did not edit, save and close (exit $?)"; exit 1; }
+
+differing=$(compare -metric AE "$work/photo.png" "$work/expected.png" null: 2>&1 || true)
+[ "$differing" = "0" ] || { echo "FAIL: the saved photo differs from vistrel-cli's in $differing pixels"; exit 1; }
+echo "e2e edit and save: 1 passed, 0 failed"
