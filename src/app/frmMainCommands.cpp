@@ -77,7 +77,7 @@ void frmMain::BuildCommands() {
   BuildFileCommands();
   BuildEditCommands();
   c.Add(QStringLiteral("mnuListFullScreen"), QStringLiteral("&Full Screen"));
-  c.Add(QStringLiteral("mnuListProperties"), QStringLiteral("P&roperties"));
+  c.Add(QStringLiteral("mnuListProperties"), QStringLiteral("Pr&operties..."));
   c.Add(QStringLiteral("mnuListSetWallpaper"), QStringLiteral("&Set Wallpaper"));
 
   c.NotBuiltYet(QStringLiteral("mnuViewThumbnails"));

@@ -23,8 +23,9 @@ Image Equalize(const Image& image);                    // each colour band's his
 Image GrayScale(const Image& image);                   // Rec. 601 luma in all three bands
 Image RedEyeRemoval(const Image& image, const QRect& area);  // in pixels, cut to the image
 
-// Colour depth (ops/Depth.cpp): 1, 4 or 8 bits reduce to 2, 16 or 256 colours chosen by
-// libimagequant with Floyd-Steinberg dithering; 24 bits drops alpha onto white.
+// Colour depth (ops/Depth.cpp): 1 bit reduces to black and white, 4 or 8 bits to 16 or
+// 256 colours chosen by libimagequant, with Floyd-Steinberg dithering; 24 bits drops
+// alpha onto white.
 Image ColorDepth(const Image& image, int bits);
 
 // Filters (ops/Filters.cpp).

@@ -191,3 +191,27 @@ TEST(frmMainMenus, EveryCommandOfTheSpecIsThereAndUnbuiltOnesAreDisabled) {
 }
 
 }  // namespace
+
+namespace {
+
+// Within the editing menus every command has its own access key, so a key press always
+// runs it; the captions the spec gives stay as they are.
+TEST(frmMainMenus, TheEditingMenusAccessKeysAreUnique) {
+  testing_support::TempFolder config;
+  app::frmMain window(config.File(QStringLiteral("Ini.in")));
+  for (const char* name : {"mnuEdit", "mnuColors", "mnuColorsColorDepth", "mnuImage", "mnuImageFilters", "mnuTools"}) {
+    const QMenu* menu = window.findChild<QMenu*>(QLatin1String(name));
+    ASSERT_NE(menu, nullptr) << name;
+    QSet<QChar> keys;
+    for (const QAction* action : menu->actions()) {
+      const QString text = action->text();
+      const qsizetype amp = text.indexOf(u'&');
+      if (action->isSeparator() || amp < 0 || amp + 1 >= text.size()) continue;
+      const QChar key = text[amp + 1].toLower();
+      EXPECT_FALSE(keys.contains(key)) << menu->objectName().toStdString() << ": " << text.toStdString();
+      keys.insert(key);
+    }
+  }
+}
+
+}  // namespace

@@ -125,8 +125,13 @@ TEST(ColourOperations, EqualizeSpreadsANarrowHistogram) {
 TEST(ColourOperations, ColorDepthLeavesAtMostTheColoursOfItsBits) {
   const imaging::Image photo = Hopper();
   ASSERT_GT(ColourCount(photo), 256);
-  EXPECT_LE(ColourCount(ops::ColorDepth(photo, 1)), 2);
-  EXPECT_GE(ColourCount(ops::ColorDepth(photo, 1)), 2);
+  const imaging::Image twoColours = ops::ColorDepth(photo, 1);
+  EXPECT_EQ(ColourCount(twoColours), 2);
+  for (const QPoint p : {QPoint(0, 0), QPoint(64, 64), QPoint(100, 30)}) {
+    const QColor c = PixelAt(twoColours, p.x(), p.y());
+    EXPECT_TRUE(c == QColor(Qt::black) || c == QColor(Qt::white));
+  }
+  EXPECT_NEAR(Statistics(twoColours).Mean, Statistics(ops::GrayScale(photo)).Mean, 8);  // dithered to the same tone
   EXPECT_LE(ColourCount(ops::ColorDepth(photo, 4)), 16);
   EXPECT_LE(ColourCount(ops::ColorDepth(photo, 8)), 256);
   EXPECT_GT(testing_support::Psnr(ops::ColorDepth(photo, 8), photo), 30);  // dithered, still the photo

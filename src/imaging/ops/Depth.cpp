@@ -1,5 +1,6 @@
-// Color Depth: a palette chosen by libimagequant (the quantiser of pngquant) from a copy
-// of about a megapixel, then the whole image diffused onto it with Floyd-Steinberg. The
+// Color Depth: black and white for 1 bit, else a palette chosen by libimagequant (the
+// quantiser of pngquant) from a copy of about a megapixel; then the whole image diffused
+// onto it with Floyd-Steinberg. The
 // image stays 24-bit RGB, showing only the palette's colours.
 //
 // The diffusion is ours: libimagequant's own remapping searches its palette for every
@@ -147,7 +148,8 @@ Image ColorDepth(const Image& image, int bits) {
   if (bits != 1 && bits != 4 && bits != 8) return flat;
   return detail::OnWholeImage(flat, [bits](const vips::VImage& rgb) {
     const vips::VImage pixels = rgb.copy_memory();
-    return Diffused(pixels, ChoosePalette(pixels, 1 << bits));
+    // One bit is black and white, as every viewer's 2-colour reduction; more get a palette.
+    return Diffused(pixels, bits == 1 ? Palette{{0, 0, 0}, {255, 255, 255}} : ChoosePalette(pixels, 1 << bits));
   });
 }
 
