@@ -5,6 +5,8 @@
 // Usage: bench_operations PATH_TO_VISTREL_CLI SOURCE_PHOTO [OPERATION...]
 #include "BenchCommand.h"
 #include "edit/Catalogue.h"
+#include "edit/DialogDescription.h"
+#include "edit/DialogDescriptions.h"
 #include "imaging/Loader.h"
 
 #include <QCoreApplication>
@@ -59,6 +61,10 @@ const Case kCases[] = {
     {"Crop 1000 1000 2000 1500", "-crop 2000x1500+1000+1000 +repage"},
 };
 
+bool HasPreview(const edit::CatalogueCommand& command) {
+  return edit::ParseDialogDescription(edit::DialogDescriptionFor(QLatin1String(command.Command))).HasPreview();
+}
+
 QStringList Words(const char* text) { return QString::fromLatin1(text).split(u' ', Qt::SkipEmptyParts); }
 
 }  // namespace
@@ -81,7 +87,7 @@ int main(int argc, char** argv) {
   struct Row {
     const Case* Source;
     QStringList Words;
-    double Alone = 0, Preview = 0;
+    double Alone = 0, Preview = -1;  // -1: the command has no preview
   };
   std::vector<Row> rows;
   for (const Case& c : kCases) {
@@ -92,7 +98,9 @@ int main(int argc, char** argv) {
     const edit::OperationStep& step = chain.Steps.front();
     Row row{&c, words};
     row.Alone = bench::BestMilliseconds(2, [&] { (void)edit::Apply(*step.Command, image, step.Values); });
-    row.Preview = bench::BestMilliseconds(5, [&] { (void)edit::Apply(*step.Command, preview, step.Values); });
+    if (HasPreview(*step.Command)) {
+      row.Preview = bench::BestMilliseconds(5, [&] { (void)edit::Apply(*step.Command, preview, step.Values); });
+    }
     rows.push_back(row);
   }
   std::printf("%-34s %9s %9s %11s %11s %7s\n", "operation", "op ms", "preview", "vistrel ms", "magick ms", "ratio");
@@ -102,7 +110,9 @@ int main(int argc, char** argv) {
     const double magick = bench::CommandMilliseconds(
         2, QStringLiteral("convert"), QStringList{photo} + Words(row.Source->Magick) + QStringList{out});
     ratios.push_back(magick / ours);
-    std::printf("%-34s %9.1f %9.2f %11.1f %11.1f %7.2f\n", row.Source->Words, row.Alone, row.Preview, ours, magick,
+    char previewText[16] = "n/a";
+    if (row.Preview >= 0) std::snprintf(previewText, sizeof previewText, "%.2f", row.Preview);
+    std::printf("%-34s %9.1f %9s %11.1f %11.1f %7.2f\n", row.Source->Words, row.Alone, previewText, ours, magick,
                 magick / ours);
     std::fflush(stdout);
   }
