@@ -3,8 +3,13 @@
 
 #include "BenchClock.h"
 
+#include "imaging/Image.h"
+
 #include <QProcess>
 #include <QStringList>
+#include <QTemporaryDir>
+
+#include <memory>
 
 namespace bench {
 
@@ -22,6 +27,24 @@ inline double CommandMilliseconds(int runs, const QString& program, const QStrin
 inline bool Make24MegapixelJpeg(const QString& source, const QString& path) {
   return RunCommand(QStringLiteral("convert"), {source, QStringLiteral("-resize"), QStringLiteral("6000x4000!"),
                                                 QStringLiteral("-quality"), QStringLiteral("90"), path});
+}
+
+// The start of a comparison: libvips up, vistrel-cli's path from argv[1], and the
+// 24-megapixel photo made from argv[2] in a temporary folder; null on bad arguments.
+struct Comparison {
+  QString Cli;
+  QTemporaryDir Work;
+  QString Photo;
+};
+
+inline std::unique_ptr<Comparison> PrepareComparison(int argc, char** argv) {
+  if (argc < 3) return nullptr;
+  imaging::Initialize();
+  auto comparison = std::make_unique<Comparison>();
+  comparison->Cli = QString::fromLocal8Bit(argv[1]);
+  comparison->Photo = comparison->Work.filePath(QStringLiteral("24mp.jpg"));
+  if (!Make24MegapixelJpeg(QString::fromLocal8Bit(argv[2]), comparison->Photo)) return nullptr;
+  return comparison;
 }
 
 }  // namespace bench

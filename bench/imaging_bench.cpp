@@ -6,7 +6,6 @@
 #include "imaging/Loader.h"
 
 #include <QCoreApplication>
-#include <QTemporaryDir>
 
 namespace {
 
@@ -18,12 +17,10 @@ double CommandMilliseconds(const QString& program, const QStringList& arguments)
 
 int main(int argc, char** argv) {
   QCoreApplication application(argc, argv);
-  if (argc < 3) return 2;
-  imaging::Initialize();
-  const QString cli = QString::fromLocal8Bit(argv[1]);
-  QTemporaryDir work;
-  const QString photo = work.filePath(QStringLiteral("24mp.jpg"));
-  if (!bench::Make24MegapixelJpeg(QString::fromLocal8Bit(argv[2]), photo)) return 1;
+  const auto comparison = bench::PrepareComparison(argc, argv);
+  if (!comparison) return 2;
+  const QString& cli = comparison->Cli;
+  const QString& photo = comparison->Photo;
   std::printf("imaging_source: 6000x4000 jpeg\n");
   bench::PrintFigure("decode_full", bench::BestMilliseconds(3, [&] { (void)imaging::LoadFile(photo); }), "ms");
   const double fit = bench::BestMilliseconds(3, [&] { (void)imaging::LoadFitting(photo, 1920, 1080); });
@@ -33,7 +30,7 @@ int main(int argc, char** argv) {
   }) / 20;
   bench::PrintFigure("header_only", header, "ms");
 
-  const QString out = work.filePath(QStringLiteral("fit.ppm"));
+  const QString out = comparison->Work.filePath(QStringLiteral("fit.ppm"));
   const double ours = CommandMilliseconds(cli, {QStringLiteral("thumbnail"), photo, out, QStringLiteral("1920x1080")});
   const double vips = CommandMilliseconds(QStringLiteral("vipsthumbnail"),
                                           {photo, QStringLiteral("--size"), QStringLiteral("1920x1080"), QStringLiteral("-o"), out});

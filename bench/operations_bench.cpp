@@ -10,7 +10,6 @@
 #include "imaging/Loader.h"
 
 #include <QCoreApplication>
-#include <QTemporaryDir>
 
 #include <algorithm>
 
@@ -71,16 +70,14 @@ QStringList Words(const char* text) { return QString::fromLatin1(text).split(u' 
 
 int main(int argc, char** argv) {
   QCoreApplication application(argc, argv);
-  if (argc < 3) return 2;
-  imaging::Initialize();
-  const QString cli = QString::fromLocal8Bit(argv[1]);
+  const auto comparison = bench::PrepareComparison(argc, argv);
+  if (!comparison) return 2;
+  const QString& cli = comparison->Cli;
+  const QString& photo = comparison->Photo;
   const QStringList only = QCoreApplication::arguments().mid(3);
-  QTemporaryDir work;
-  const QString photo = work.filePath(QStringLiteral("24mp.jpg"));
-  if (!bench::Make24MegapixelJpeg(QString::fromLocal8Bit(argv[2]), photo)) return 1;
   const imaging::Image image = imaging::LoadFile(photo).value();
   const imaging::Image preview = image.FitWithin(112, 112);  // the dialog's panel at 96 DPI
-  const QString out = work.filePath(QStringLiteral("out.ppm"));
+  const QString out = comparison->Work.filePath(QStringLiteral("out.ppm"));
   std::printf("operations_source: 6000x4000 jpeg\n");
   // The operations in process first: a machine just busy with ImageMagick's threads
   // runs the next few seconds slower, which would be charged to us.
