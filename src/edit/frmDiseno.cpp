@@ -43,7 +43,7 @@ frmDiseno::frmDiseno(const QString& description, const DialogContext& context,
   PlaceWindowAndButtons(layout);
   if (layout.HasPreview() && image) {
     const QRect panel = picPreview_->geometry();
-    renderer_ = new PreviewRenderer(image->FitWithin(panel.width(), panel.height()), std::move(operation), this);
+    renderer_ = new PreviewRenderer(image->FitWithinForDisplay(panel.width(), panel.height()), std::move(operation), this);
     connect(renderer_, &PreviewRenderer::Rendered, this,
             [this](const QImage& preview) { picPreview_->setPixmap(QPixmap::fromImage(preview)); });
   }

@@ -2,9 +2,12 @@
 
 #include "imaging/ImageInternal.h"
 
+#include <QSize>
+
 #include <cmath>
 #include <cstring>
 #include <mutex>
+#include <optional>
 
 namespace imaging {
 
@@ -43,14 +46,28 @@ int Image::Width() const { return pixels_->image.width(); }
 int Image::Height() const { return pixels_->image.height(); }
 int Image::Bands() const { return pixels_->image.bands(); }
 
+namespace {
+
+// The size within the box, keeping the proportions; nullopt when the image already fits.
+std::optional<QSize> FittingSize(const vips::VImage& image, int maxWidth, int maxHeight) {
+  const double scale = std::min({1.0, double(maxWidth) / image.width(), double(maxHeight) / image.height()});
+  if (scale >= 1.0) return std::nullopt;
+  return QSize(std::max(1, int(std::lround(image.width() * scale))), std::max(1, int(std::lround(image.height() * scale))));
+}
+
+}  // namespace
+
+Image Image::FitWithinForDisplay(int maxWidth, int maxHeight) const {
+  const auto size = FittingSize(pixels_->image, maxWidth, maxHeight);
+  return size ? ReducedForDisplay(size->width(), size->height()) : OnWhite();
+}
+
 Image Image::FitWithin(int maxWidth, int maxHeight) const {
   const vips::VImage& image = pixels_->image;
-  const double scale = std::min({1.0, double(maxWidth) / image.width(), double(maxHeight) / image.height()});
-  if (scale >= 1.0) return *this;
+  const auto size = FittingSize(image, maxWidth, maxHeight);
+  if (!size) return *this;
   try {
-    const int width = std::max(1, int(std::lround(image.width() * scale)));
-    const int height = std::max(1, int(std::lround(image.height() * scale)));
-    return FromInternal(Pixels{ReduceTo(image, width, height)});
+    return FromInternal(Pixels{ReduceTo(image, size->width(), size->height())});
   } catch (const vips::VError&) {
     vips_error_clear();
     return *this;

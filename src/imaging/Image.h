@@ -21,6 +21,9 @@ class Image {
 
   // A copy reduced (adaptive Lanczos-3, no aliasing) to fit within maxWidth x maxHeight (never enlarged).
   Image FitWithin(int maxWidth, int maxHeight) const;
+  // The same size for display (alpha onto white), made from the cached display levels:
+  // a parameter dialog's preview opens without reducing the whole image again.
+  Image FitWithinForDisplay(int maxWidth, int maxHeight) const;
   // The image composited onto white, RGB(255, 255, 255), without alpha.
   Image OnWhite() const;
 

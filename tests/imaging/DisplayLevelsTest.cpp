@@ -10,10 +10,8 @@
 
 namespace {
 
-using testing_support::CorpusPath;
+using testing_support::Hopper;
 using testing_support::MeanAbsoluteDifference;
-
-imaging::Image Hopper() { return imaging::LoadFile(CorpusPath(QStringLiteral("formats/hopper.png"))).value(); }
 
 // Alternate black and white columns: the worst case for a reduction that skips pixels.
 imaging::Image Stripes(int width, int height) {
@@ -22,6 +20,17 @@ imaging::Image Stripes(int width, int height) {
     for (int y = 0; y < height; ++y) stripes.setPixelColor(x, y, x % 2 ? Qt::white : Qt::black);
   }
   return imaging::Image::FromQImage(stripes);
+}
+
+TEST(DisplayLevels, APreviewFitsLikeFitWithinFromTheLevels) {
+  const imaging::Image photo = Hopper();
+  photo.WarmDisplayLevels(16);
+  const imaging::Image preview = photo.FitWithinForDisplay(112, 40);
+  const imaging::Image fitted = photo.FitWithin(112, 40);
+  EXPECT_EQ(preview.Width(), fitted.Width());
+  EXPECT_EQ(preview.Height(), 40);
+  EXPECT_GT(testing_support::Psnr(preview, fitted), 30);
+  EXPECT_EQ(photo.FitWithinForDisplay(500, 500).Width(), 128);  // never enlarged
 }
 
 TEST(DisplayLevels, AReductionHasExactlyTheSizeAsked) {
