@@ -7,6 +7,7 @@
 #include "edit/Catalogue.h"
 #include "imaging/Loader.h"
 #include "imaging/Saver.h"
+#include "imaging/Streaming.h"
 
 #include <QCoreApplication>
 
@@ -54,12 +55,26 @@ int Convert(const QString& input, const QString& output, const QString& box = {}
   return 0;
 }
 
+// Decodes, applies and writes in one pipeline where every step allows it; false when
+// it did not (nothing written), so the caller takes the in-memory path.
+bool ApplyStreaming(const QString& input, const QString& output, const edit::OperationChain& chain) {
+  for (const edit::OperationStep& step : chain.Steps) {
+    if (!edit::ReadsSourceInOrder(*step.Command)) return false;
+  }
+  const imaging::StreamingScope streaming;
+  auto image = imaging::OpenForStreaming(input);
+  if (!image) return false;
+  for (const edit::OperationStep& step : chain.Steps) image = edit::Apply(*step.Command, *image, step.Values);
+  return imaging::SaveStreaming(*image, output);
+}
+
 int Apply(const QString& input, const QString& output, const QStringList& words) {
   const edit::OperationChain chain = edit::ParseOperationChain(words);
   if (!chain.Error.isEmpty()) {
     std::fprintf(stderr, "%s\n", chain.Error.toLocal8Bit().constData());
     return 2;
   }
+  if (ApplyStreaming(input, output, chain)) return 0;
   auto image = imaging::LoadFile(input);
   if (!image) {
     Print(QStringLiteral("Can't open file"));

@@ -148,6 +148,13 @@ Image Apply(const CatalogueCommand& command, const Image& image, const Arguments
   return command.Run(image, values);
 }
 
+bool ReadsSourceInOrder(const CatalogueCommand& command) {
+  static const QStringList kRandomAccess = {"mnuImageFlip",   "mnuImageRotate", "mnuImagePerspective", "mnuImagePinch",
+                                            "mnuImageRipple", "mnuImageSwirl",  "mnuImageFiltersDiffuse",
+                                            "mnuColorsEqualize", "mnuColorsRedEye"};
+  return !kRandomAccess.contains(QLatin1String(command.Command));
+}
+
 Operation PreviewOperation(const CatalogueCommand& command) {
   return [&command](const Image& image, const DialogValues& values) {
     return Apply(command, image, ArgumentsFrom(command, values));

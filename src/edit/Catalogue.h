@@ -53,6 +53,9 @@ Arguments CommandArguments(const CatalogueCommand& command, const DialogValues& 
                            const QRect& selection = {});
 
 imaging::Image Apply(const CatalogueCommand& command, const imaging::Image& image, const Arguments& values);
+// True for the operations that read their source once, top to bottom (not Flip, Rotate,
+// the warps, Diffuse, Equalize or Red Eye Removal), which imaging's streaming path can run.
+bool ReadsSourceInOrder(const CatalogueCommand& command);
 // The parameter dialog's preview: Apply with the dialog's current values.
 Operation PreviewOperation(const CatalogueCommand& command);
 

@@ -1,7 +1,7 @@
 #include "imaging/Saver.h"
 
 #include "imaging/Decoders.h"
-#include "imaging/ImageInternal.h"
+#include "imaging/SaverInternal.h"
 #include "imaging/WpgEncoder.h"
 
 #include <QBuffer>
@@ -13,14 +13,11 @@ namespace imaging {
 
 namespace {
 
-std::optional<QByteArray> WithVips(const Image& image, const char* suffix, vips::VOption* options) {
+std::optional<QByteArray> WithVips(const Image& image, const VipsSaveSpec& spec) {
   try {
-    const bool jpeg = std::string(suffix) == ".jpg";
-    vips::VImage copy = (jpeg ? image.OnWhite() : image).Internal().image.copy();
-    if (jpeg) copy.set("orientation", 1);  // the pixels are upright; the rest of EXIF stays
     void* data = nullptr;
     size_t size = 0;
-    copy.write_to_buffer(suffix, &data, &size, options);
+    PreparedForVipsSave(image, spec).write_to_buffer(spec.Suffix.toLatin1().constData(), &data, &size, spec.Options());
     QByteArray bytes(static_cast<const char*>(data), static_cast<qsizetype>(size));
     g_free(data);
     return bytes;
@@ -65,17 +62,37 @@ bool WriteAtomically(const QString& path, std::initializer_list<QByteArrayView> 
 
 int SaveOptions::JpegQuality() const { return std::clamp(100 - JpegLuminanceFactor, 1, 100); }
 
-std::optional<QByteArray> EncodeImage(const Image& image, const QString& ext, const SaveOptions& options) {
+std::optional<VipsSaveSpec> VipsSaveSpecFor(const QString& ext, const SaveOptions& options) {
   if (ext == "jpg" || ext == "jpeg" || ext == "jif" || ext == "jpe") {
-    return WithVips(image, ".jpg", vips::VImage::option()->set("Q", options.JpegQuality()));
+    const int quality = options.JpegQuality();
+    return VipsSaveSpec{".jpg", [quality] { return vips::VImage::option()->set("Q", quality); }, true, true};
   }
-  if (ext == "png") return WithVips(image, ".png", vips::VImage::option());
-  if (ext == "tif" || ext == "tiff") return WithVips(image, ".tif", vips::VImage::option()->set("compression", "lzw"));
-  if (ext == "bmp" || ext == "dib") return WithQt(image, "bmp");
+  if (ext == "png") return VipsSaveSpec{".png", [] { return vips::VImage::option(); }};
+  if (ext == "tif" || ext == "tiff") {
+    return VipsSaveSpec{".tif", [] { return vips::VImage::option()->set("compression", "lzw"); }};
+  }
+  if (ext == "ppm") return VipsSaveSpec{".ppm", [] { return vips::VImage::option(); }, true};
+  return std::nullopt;
+}
+
+vips::VImage PreparedForVipsSave(const Image& image, const VipsSaveSpec& spec) {
+  vips::VImage prepared = image.Internal().image;
+  if (spec.OnWhite && prepared.bands() == 4) {
+    prepared = prepared.flatten(vips::VImage::option()->set("background", std::vector<double>{255, 255, 255}))
+                   .cast(VIPS_FORMAT_UCHAR);
+  }
+  prepared = prepared.copy();
+  if (spec.Upright) prepared.set("orientation", 1);  // the pixels are upright; the rest of EXIF stays
+  return prepared;
+}
+
+std::optional<QByteArray> EncodeImage(const Image& image, const QString& ext, const SaveOptions& options) {
   if (ext == "ppm") {
     const Image rgb = image.OnWhite();
     return PpmHeader(rgb) + PpmSamples(rgb).toByteArray();
   }
+  if (const auto spec = VipsSaveSpecFor(ext, options)) return WithVips(image, *spec);
+  if (ext == "bmp" || ext == "dib") return WithQt(image, "bmp");
   if (ext == "pbm" || ext == "pgm") return WithQt(image, ext.toLatin1().constData());
   if (ext == "tga" || ext == "pcx" || ext == "dcx") return HelperDecoder().Encode(image, ext.toUpper());
   if (ext == "wpg") return EncodeWpg(image);

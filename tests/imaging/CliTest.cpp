@@ -71,6 +71,20 @@ TEST(VistrelCli, ApplyRunsOperationsInTurnAsTheViewerDoes) {
   EXPECT_EQ(testing_support::MeanAbsoluteDifference(imaging::LoadFile(out).value(), expected), 0);
 }
 
+TEST(VistrelCli, ApplyStreamsAChainThatReadsInOrderToTheSamePixels) {
+  testing_support::TempFolder folder;
+  const QString photo = CorpusPath(QStringLiteral("exif-orientation/Landscape_1.jpg"));
+  const QString out = folder.File(QStringLiteral("out.ppm"));
+  ASSERT_EQ(Cli({QStringLiteral("apply"), photo, out, QStringLiteral("Sharpen"), QStringLiteral("3"), QStringLiteral("ColorDepth"),
+                 QStringLiteral("8"), QStringLiteral("Crop"), QStringLiteral("100"), QStringLiteral("50"), QStringLiteral("900"),
+                 QStringLiteral("600")})
+                .ExitCode,
+            0);
+  const imaging::Image expected = imaging::ops::Crop(
+      imaging::ops::ColorDepth(imaging::ops::Sharpen(imaging::LoadFile(photo).value(), 3), 8), QRect(100, 50, 900, 600));
+  EXPECT_EQ(testing_support::MeanAbsoluteDifference(imaging::LoadFile(out).value(), expected), 0);
+}
+
 TEST(VistrelCli, ApplyNamesTheAllowedRangeOfABadValue) {
   testing_support::TempFolder folder;
   const QString photo = CorpusPath(QStringLiteral("formats/hopper.png"));

@@ -1,11 +1,13 @@
 #include "imaging/ops/OpsInternal.h"
 
+#include "imaging/Streaming.h"
+
 namespace imaging::ops::detail {
 
 Image Finish(const vips::VImage& result) {
   vips::VImage out = result.format() == VIPS_FORMAT_UCHAR ? result : result.cast(VIPS_FORMAT_UCHAR);
   out = out.copy(vips::VImage::option()->set("interpretation", VIPS_INTERPRETATION_sRGB));
-  return Image::FromInternal(Image::Pixels{out.copy_memory()});
+  return Image::FromInternal(Image::Pixels{StreamingScope::Active() ? out : out.copy_memory()});
 }
 
 Image OnWholeImage(const Image& image, const std::function<vips::VImage(const vips::VImage&)>& pipeline) {
