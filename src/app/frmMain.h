@@ -79,7 +79,7 @@ class frmMain : public QMainWindow, public SessionView {
   void BuildWidgets();
   void BuildCommands();
   void BuildViewCommands();
-  void BuildPendingMenus();
+  void BuildMenuBarMenus();
   void BuildFileCommands();
   void BuildEditCommands();
   bool CanSave() const;

@@ -117,7 +117,7 @@ void frmMain::BuildMenus() {
   add(viewMenu, "mnuViewToolbar");
   add(viewMenu, "mnuViewStatusBar");
 
-  BuildPendingMenus();
+  BuildMenuBarMenus();
   ConnectCatalogueCommands();
   file->addSeparator();
   add(file, "mnuFileExit");

@@ -11,14 +11,14 @@ namespace app {
 
 namespace {
 
-struct PendingCommand {
+struct MenuCommand {
   const char* Menu;  // the objectName of the menu it goes in
   const char* Name;
   const char* Caption;
   const char* Shortcut;
 };
 
-constexpr PendingCommand kPending[] = {
+constexpr MenuCommand kMenuCommands[] = {
     {"mnuFile", "mnuFileOpenFile", "&Open File...", "Ctrl+O"},
     {"mnuFile", "mnuFileClose", "&Close", "Ctrl+W"},
     {"mnuFile", "mnuFileSave", "&Save", "Ctrl+S"},
@@ -80,7 +80,7 @@ constexpr PendingCommand kPending[] = {
 
 }  // namespace
 
-void frmMain::BuildPendingMenus() {
+void frmMain::BuildMenuBarMenus() {
   QMenu* colors = menuBar()->addMenu(QStringLiteral("&Colors"));
   colors->setObjectName(QStringLiteral("mnuColors"));
   QMenu* image = menuBar()->addMenu(QStringLiteral("&Image"));
@@ -92,7 +92,7 @@ void frmMain::BuildPendingMenus() {
   tools->setObjectName(QStringLiteral("mnuTools"));
   QMenu* help = menuBar()->addMenu(QStringLiteral("&Help"));
   help->setObjectName(QStringLiteral("mnuHelp"));
-  for (const PendingCommand& c : kPending) {
+  for (const MenuCommand& c : kMenuCommands) {
     if (c.Name[0] == '@') {  // a submenu, named after the '@'
       if (QMenu* menu = findChild<QMenu*>(QLatin1String(c.Menu))) {
         menu->addMenu(QLatin1String(c.Caption))->setObjectName(QLatin1String(c.Name + 1));

@@ -2,6 +2,7 @@
 // catalogue's parameters with a message naming the allowed range.
 #include "edit/Catalogue.h"
 
+#include <climits>
 #include <cmath>
 
 namespace edit {
@@ -22,7 +23,7 @@ const CatalogueCommand* ByName(const QString& word, int bits) {
 QString Number(double value) { return QString::number(value, 'g', 12); }
 
 QString RangeText(const Parameter& p) {
-  if (p.Maximum >= 2147483647.0) return QStringLiteral("at least %1").arg(Number(p.Minimum));
+  if (p.Maximum >= INT_MAX) return QStringLiteral("at least %1").arg(Number(p.Minimum));
   return QStringLiteral("from %1 to %2").arg(Number(p.Minimum), Number(p.Maximum));
 }
 

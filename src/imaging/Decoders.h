@@ -17,6 +17,8 @@ namespace imaging {
 // libvips' in-process loaders (untrusted ones stay blocked); shrink > 1 decodes reduced.
 std::optional<Image> DecodeWithVips(const QString& path, int maxWidth = 0, int maxHeight = 0);
 std::optional<QSize> VipsHeaderSize(const QString& path);
+// Upright pixels as an unevaluated pipeline read once, top to bottom (for streaming).
+std::optional<Image> OpenWithVipsInOrder(const QString& path);
 
 // Qt's image readers, by content; `format` as QImageReader names it ("bmp", "ico"...).
 std::optional<Image> DecodeWithQt(const QString& path);

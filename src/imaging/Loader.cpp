@@ -64,6 +64,11 @@ std::optional<Loaded> LoadImage(const QString& path) {
   return Loaded{*image, decision.Format};
 }
 
+std::optional<Image> OpenForStreaming(const QString& path) {
+  if (ComesInOnWhite(LowerCaseExtension(path)) || DecisionFor(path).Via != Route::Vips) return std::nullopt;
+  return OpenWithVipsInOrder(path);
+}
+
 std::optional<Image> LoadFile(const QString& path) {
   auto loaded = LoadImage(path);
   if (!loaded) return std::nullopt;

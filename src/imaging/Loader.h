@@ -27,6 +27,11 @@ struct Loaded {
 std::optional<Loaded> LoadImage(const QString& path);
 std::optional<Image> LoadFile(const QString& path);
 
+// The file as an unevaluated pipeline read once from top to bottom (imaging/Streaming.h):
+// only what libvips decodes in process, already upright, and not one of the six types
+// brought in on white; nullopt otherwise.
+std::optional<Image> OpenForStreaming(const QString& path);
+
 // The upright size without decoding the pixels, where the format allows it.
 std::optional<QSize> ReadImageSize(const QString& path);
 // The same, but nullopt rather than a decode where the format has no cheap header read.

@@ -3,13 +3,13 @@
 // bottom: the file is decoded, changed and written in one libvips pipeline, so decoding,
 // the operations and the writing overlap instead of following each other. The pixels are
 // those of the in-memory path (a test compares them); anything this path cannot do, it
-// declines, and the caller takes the in-memory path.
+// declines, and the caller takes the in-memory path. The source comes from
+// imaging::OpenForStreaming (Loader.h).
 
 #include "imaging/Image.h"
 
 #include <QString>
 
-#include <optional>
 
 namespace imaging {
 
@@ -24,10 +24,6 @@ class StreamingScope {
 
   static bool Active();
 };
-
-// The file as a pipeline read once from top to bottom: only what libvips decodes in
-// process, already upright, and not one of the types brought in on white.
-std::optional<Image> OpenForStreaming(const QString& path);
 
 // Evaluates the pipeline into a temporary file beside `path` and renames it over `path`;
 // false (and `path` untouched) when the format is not libvips' own or anything failed.

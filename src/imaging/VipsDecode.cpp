@@ -16,6 +16,14 @@ std::optional<vips::VImage> OpenChecked(const QByteArray& name) {
   return image;
 }
 
+// The same, when the pixels are already upright: they can be read once, top to bottom
+// (turning them upright needs random access).
+std::optional<vips::VImage> OpenUpright(const QByteArray& name) {
+  const auto image = OpenChecked(name);
+  if (!image || vips_image_get_orientation(image->get_image()) > 1) return std::nullopt;
+  return image;
+}
+
 }  // namespace
 
 std::optional<Image> DecodeWithVips(const QString& path, int maxWidth, int maxHeight) {
@@ -27,10 +35,20 @@ std::optional<Image> DecodeWithVips(const QString& path, int maxWidth, int maxHe
       auto options = vips::VImage::option()->set("height", maxHeight)->set("size", VIPS_SIZE_DOWN);
       return Wrap(vips::VImage::thumbnail(name.constData(), maxWidth, options));
     }
-    // One sequential pass straight into memory; turning upright needs random access.
-    const vips::VImage image = vips::VImage::new_from_file(name.constData(), vips::VImage::option()->set("access", "sequential"));
-    if (vips_image_get_orientation(image.get_image()) <= 1) return Wrap(image);
+    if (const auto upright = OpenUpright(name)) return Wrap(*upright);  // one pass straight into memory
     return Wrap(vips::VImage::new_from_file(name.constData()).autorot());
+  } catch (const vips::VError&) {
+    vips_error_clear();
+    return std::nullopt;
+  }
+}
+
+std::optional<Image> OpenWithVipsInOrder(const QString& path) {
+  Initialize();
+  try {
+    const auto upright = OpenUpright(QFile::encodeName(path));
+    if (!upright) return std::nullopt;
+    return Image::FromInternal(Image::Pixels{Normalized(*upright)});
   } catch (const vips::VError&) {
     vips_error_clear();
     return std::nullopt;

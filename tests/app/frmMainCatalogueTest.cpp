@@ -79,20 +79,29 @@ TEST_F(frmMainCatalogueTest, InTheThumbnailsViewEveryCommandDoesNothing) {
   EXPECT_EQ(MeanAbsoluteDifference(Shown(), before), 0);
 }
 
-TEST_F(frmMainCatalogueTest, AMetafileRefusesEditingButCopies) {
-  const QString wmf = pictures_.File(QStringLiteral("drawing.wmf"));
-  QFile::copy(QStringLiteral(VISTREL_CORPUS_DIR "/formats/drawing.wmf"), wmf);
-  Start(wmf);
+class frmMainMetafileTest : public frmMainCatalogueTest, public ::testing::WithParamInterface<const char*> {};
+
+TEST_P(frmMainMetafileTest, AMetafileRefusesEditingButCopies) {
+  const QString name = QLatin1String(GetParam());
+  const QString metafile = pictures_.File(name);
+  QFile::copy(QStringLiteral(VISTREL_CORPUS_DIR "/formats/") + name, metafile);
+  Start(metafile);
   ASSERT_TRUE(window_->State().ImageLoaded);
   EXPECT_FALSE(Command("mnuColorsNegative")->isEnabled());
   EXPECT_TRUE(Command("mnuEditCopy")->isEnabled());
-  Command("mnuColorsNegative")->setEnabled(true);  // the frame refuses even if reached
-  Trigger("mnuColorsNegative");
+  answer_ = [](edit::frmDiseno&) { return true; };
+  for (const edit::CatalogueCommand& command : edit::Catalogue()) {
+    Command(command.Command)->setEnabled(true);  // the frame refuses even if reached
+    Trigger(command.Command);
+  }
+  EXPECT_EQ(dialogsShown_, 0);
   EXPECT_EQ(Steps(), 1);
   QGuiApplication::clipboard()->clear();
   Trigger("mnuEditCopy");
   EXPECT_EQ(QGuiApplication::clipboard()->image().size(), QSize(Shown().Width(), Shown().Height()));
 }
+
+INSTANTIATE_TEST_SUITE_P(WmfAndEmf, frmMainMetafileTest, ::testing::Values("drawing.wmf", "drawing.emf"));
 
 TEST_F(frmMainCatalogueTest, CropAndRedEyeWithoutASelectionOnlyTellTheUser) {
   Start();
@@ -120,17 +129,21 @@ TEST_F(frmMainCatalogueTest, CropTakesTheSelectionAndRefreshesTheGeometry) {
   EXPECT_EQ(Command("mnuEditUndo")->text(), QStringLiteral("&Undo Crop"));
 }
 
-TEST_F(frmMainCatalogueTest, CancellingADialogLeavesImageAndHistoryAlone) {
+TEST_F(frmMainCatalogueTest, CancellingAnyDialogLeavesImageAndHistoryAlone) {
   Start();
   const imaging::Image before = Shown();
   answer_ = [](edit::frmDiseno& dialog) {
-    if (auto* slider = dialog.findChild<QSlider*>(QStringLiteral("sliControl(1)"))) slider->setValue(80);
+    if (auto* slider = dialog.findChild<QSlider*>(QStringLiteral("sliControl(1)"))) slider->setValue(slider->maximum());
     return false;
   };
-  for (const char* name : {"mnuColorsBrightness", "mnuImageRotate", "mnuImageResize", "mnuImageFiltersMosaic"}) {
-    Trigger(name);
+  int dialogs = 0;
+  for (const edit::CatalogueCommand& command : edit::Catalogue()) {
+    if (!*command.DialogClass) continue;
+    Trigger(command.Command);
+    ++dialogs;
   }
-  EXPECT_EQ(dialogsShown_, 4);
+  EXPECT_EQ(dialogs, 18);
+  EXPECT_EQ(dialogsShown_, 18);
   EXPECT_TRUE(window_->State().DialogCancelled);
   EXPECT_EQ(Steps(), 1);
   EXPECT_EQ(MeanAbsoluteDifference(Shown(), before), 0);

@@ -58,15 +58,14 @@ Image HueSaturationLuminance(const Image& image, int hue, int saturation, int lu
           [=](int band, int v) {
             if (band == 0) return std::fmod(std::round(v + shift) + 512, 256.0);
             return band == 1 ? v * chroma : double(v);
-          },
-          3);
+          });
       out = rgb.colourspace(VIPS_INTERPRETATION_HSV)
                 .maplut(lut)
                 .copy(vips::VImage::option()->set("interpretation", VIPS_INTERPRETATION_HSV))
                 .colourspace(VIPS_INTERPRETATION_sRGB);
     }
     if (light != 0) {  // towards white or black, as GIMP's lightness
-      out = out.maplut(detail::CurveLut([light](int, int v) { return light > 0 ? v + (255 - v) * light : v * (1 + light); }, 3));
+      out = out.maplut(detail::CurveLut([light](int, int v) { return light > 0 ? v + (255 - v) * light : v * (1 + light); }));
     }
     return out;
   });

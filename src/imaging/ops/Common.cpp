@@ -27,7 +27,8 @@ Image OnColourBands(const Image& image, const std::function<vips::VImage(const v
   });
 }
 
-vips::VImage CurveLut(const ToneCurve& curve, int bands) {
+vips::VImage CurveLut(const ToneCurve& curve) {
+  constexpr int bands = 3;
   std::vector<double> table(static_cast<size_t>(256 * bands));
   for (int value = 0; value < 256; ++value) {
     for (int band = 0; band < bands; ++band) {
@@ -40,7 +41,7 @@ vips::VImage CurveLut(const ToneCurve& curve, int bands) {
 }
 
 Image ThroughCurve(const Image& image, const ToneCurve& curve) {
-  return OnColourBands(image, [&curve](const vips::VImage& rgb) { return rgb.maplut(CurveLut(curve, 3)); });
+  return OnColourBands(image, [&curve](const vips::VImage& rgb) { return rgb.maplut(CurveLut(curve)); });
 }
 
 Image Warp(const Image& image, const std::function<vips::VImage(const vips::VImage& x, const vips::VImage& y)>& source) {

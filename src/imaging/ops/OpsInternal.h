@@ -5,7 +5,6 @@
 #include "imaging/ImageInternal.h"
 
 #include <algorithm>
-#include <array>
 #include <functional>
 
 namespace imaging::ops::detail {
@@ -22,7 +21,7 @@ Image OnColourBands(const Image& image, const std::function<vips::VImage(const v
 // A tone curve per colour band: curve(band, value) for value 0 .. 255, rounded and clamped.
 using ToneCurve = std::function<double(int band, int value)>;
 Image ThroughCurve(const Image& image, const ToneCurve& curve);
-vips::VImage CurveLut(const ToneCurve& curve, int bands);
+vips::VImage CurveLut(const ToneCurve& curve);  // three bands
 
 // A warp: `source(x, y)` gives, for the float coordinate images x and y of the result,
 // the two-band float image of where each result pixel comes from. Bilinear, white beyond.
