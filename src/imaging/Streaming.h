@@ -10,7 +10,6 @@
 
 #include <QString>
 
-
 namespace imaging {
 
 // While one lives (on this thread), the operations of imaging::ops give back unevaluated
