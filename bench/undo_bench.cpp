@@ -19,11 +19,10 @@ void Measure(const char* label, const QString& photo) {
   const imaging::Image base = imaging::LoadFile(photo).value();
   const qint64 oneImage = qint64(base.Width()) * base.Height() * base.Bands();
   edit::UndoHistory<imaging::PackedImage> history;
-  int changeLevel = 0;
   double pushMs = 0;
   imaging::Image image = base;
   const auto push = [&](const imaging::Image& state, const char* name) {
-    pushMs = std::max(pushMs, bench::BestMilliseconds(1, [&] { history.Push(imaging::PackedImage::Pack(state), QLatin1String(name), changeLevel); }));
+    pushMs = std::max(pushMs, bench::BestMilliseconds(1, [&] { history.Push(imaging::PackedImage::Pack(state), QLatin1String(name)); }));
   };
   push(image, "");
   push(image = imaging::ops::Brightness(image, 20), "Brightness");

@@ -49,7 +49,7 @@ int main(int argc, char** argv) {
   window.resize(1280, 800);
   window.show();
   QApplication::processEvents();
-  app::Session& session = window.CurrentSession();
+  document::Document& session = window.CurrentDocument();
 
   const QString photo0 = pictures.filePath(QStringLiteral("photo0.jpg"));
   const double decodeToFit = bench::BestMilliseconds(3, [&] { (void)imaging::LoadFitting(photo0, 1280, 800); });

@@ -1,21 +1,19 @@
 #include "app/frmMain.h"
+
+#include "base/Colors.h"
+#include "base/NumberRules.h"
 #include "files/LoadImageFile.h"
-
-#include "app/BusyPointer.h"
-#include "app/Colors.h"
-#include "app/SettingsFile.h"
-#include "app/Vb.h"
 #include "view/Viewport.h"
+#include "widgets/BusyPointer.h"
 
-#include <QApplication>
 #include <QCloseEvent>
-#include <QHeaderView>
-#include <QMessageBox>
+#include <QGuiApplication>
 #include <QScreen>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QToolBar>
 #include <QTreeView>
+#include <QWindow>
 
 namespace app {
 
@@ -28,74 +26,91 @@ frmMain::frmMain(QString settingsPath, QWidget* parent)
       settingsPath_(std::move(settingsPath)),
       prefetcher_([this](const QString& path) { return files::LoadImageFile(path, state_.Metrics); }, kPrefetchBudget,
                   [](const imaging::Image& picture) { picture.WarmDisplayLevels(); }),
-      session_(state_, list_, *this, [this](const QString& path) { return prefetcher_.Take(path); }),
+      document_(state_, list_, *this, [this](const QString& path) { return prefetcher_.Take(path); }),
       commands_(this) {
   setObjectName(QStringLiteral("frmMain"));
   setWindowTitle(QStringLiteral("Vistrel"));
+  RefreshScreenMetrics();
   BuildWidgets();
-  BuildCommands();
+  DeclareCommands();
   BuildMenus();
-  session_.SetNeighboursHook([this](const QStringList& paths) {
-    picFondo_->repaint();  // the new image first; then the worker may take the cores
-    if (const auto& shown = session_.CurrentImage()) prefetcher_.Warm(*shown);
-    prefetcher_.Prefetch(paths);
-  });
+  BuildToolbar();
+  ConnectDocument();
+  ConnectViewport();
 }
 
 void frmMain::RunStartup(const QString& commandLine) {
   state_.StartingUp = true;
-  ShowBusyPointer();
+  widgets::ShowBusyPointer();
   RefreshScreenMetrics();
   state_.LoadDefaultSettings();
-  ReadSettingsFile(settingsPath_, state_.Metrics, state_.Settings);
-  state_.ImageLoaded = false;
+  settings::ReadSettingsFile(settingsPath_, state_.Metrics, state_.Settings);
   ShowImage(nullptr);
   RefreshStatusBar({});
   PlaceWindow();
-  picFondo_->SetBackground(ColorFromLong(state_.Settings.ColorImage));
-  if (session_.OpenAtStartup(commandLine) == StartupEnd::OpenFolderDialogRan) return;
-  ApplyViewChecks();
+  picFondo_->SetBackground(base::ColorFromBgr(state_.Settings.ColorImage));
+  if (document_.OpenAtStartup(commandLine) == document::StartupEnd::OpenFolderDialogWanted) {
+    state_.StartingUp = false;
+    LayOut();
+    widgets::RestorePointer();
+    RunOpenFolder();
+    return;
+  }
+  commands_.Refresh();
   state_.StartingUp = false;
   LayOut();
   show();
-  RestorePointer();
+  widgets::RestorePointer();
 }
 
+// Twips per pixel follow the screen the window is on; every conversion reads them here.
 void frmMain::RefreshScreenMetrics() {
   const QScreen* screen = this->screen() ? this->screen() : QGuiApplication::primaryScreen();
   if (!screen) return;
-  state_.Metrics.TwipsPerPixelX = static_cast<float>(1440.0 / screen->logicalDotsPerInchX());
-  state_.Metrics.TwipsPerPixelY = static_cast<float>(1440.0 / screen->logicalDotsPerInchY());
-  state_.Metrics.ScreenWidthTwips = static_cast<float>(screen->size().width()) * state_.Metrics.TwipsPerPixelX;
-  state_.Metrics.ScreenHeightTwips = static_cast<float>(screen->size().height()) * state_.Metrics.TwipsPerPixelY;
+  base::ScreenMetrics& m = state_.Metrics;
+  m.TwipsPerPixelX = static_cast<float>(1440.0 / screen->logicalDotsPerInchX());
+  m.TwipsPerPixelY = static_cast<float>(1440.0 / screen->logicalDotsPerInchY());
+  m.ScreenWidthTwips = static_cast<float>(screen->size().width()) * m.TwipsPerPixelX;
+  m.ScreenHeightTwips = static_cast<float>(screen->size().height()) * m.TwipsPerPixelY;
 }
 
 void frmMain::PlaceWindow() {
-  const WindowPlacement p = PlacementFromSettings(state_.Settings, state_.Metrics);
+  const settings::WindowPlacement p = settings::PlacementFromSettings(state_.Settings, state_.Metrics);
   setGeometry(p.Left, p.Top, std::max(p.Width, 200), std::max(p.Height, 150));
   normalRect_ = geometry();
   if (state_.Settings.WindowMaximized) setWindowState(windowState() | Qt::WindowMaximized);
 }
 
-WindowPlacement frmMain::CurrentPlacement() const {
+settings::WindowPlacement frmMain::CurrentPlacement() const {
   const QRect normal = normalRect_.isValid() ? normalRect_ : geometry();
   return {normal.left(), normal.top(), normal.width(), normal.height(), isMaximized()};
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {
-  if (!ConfirmSaveChanges()) {
+  if (!document_.ConfirmSaveChanges()) {
     event->ignore();
     return;
   }
-  ShowBusyPointer();
+  widgets::ShowBusyPointer();
   prefetcher_.Prefetch({});
   prefetcher_.WaitForIdle();
-  const WindowPlacement placement = CurrentPlacement();
+  const settings::WindowPlacement placement = CurrentPlacement();
   hide();
   RefreshScreenMetrics();
-  WriteSettingsFile(settingsPath_, WriteSettingsText(state_.Settings, state_.Metrics, placement));
-  RestorePointer();
+  settings::WriteSettingsFile(settingsPath_, settings::WriteSettingsText(state_.Settings, state_.Metrics, placement));
+  widgets::RestorePointer();
   event->accept();
+}
+
+void frmMain::showEvent(QShowEvent* event) {
+  QMainWindow::showEvent(event);
+  if (screenWatched_ || !windowHandle()) return;
+  screenWatched_ = true;
+  connect(windowHandle(), &QWindow::screenChanged, this, [this] {
+    RefreshScreenMetrics();
+    LayOut();
+    picFondo_->ApplyZoom(picFondo_->Percentage());
+  });
 }
 
 void frmMain::RememberNormalRectangle() {
@@ -118,39 +133,22 @@ void frmMain::resizeEvent(QResizeEvent* event) {
 void frmMain::changeEvent(QEvent* event) {
   QMainWindow::changeEvent(event);
   if (event->type() != QEvent::ActivationChange || !isActiveWindow()) return;
-  RestorePointer();
-  if (state_.ViewMode == kViewListAndImage) lisLista_->setFocus();
-}
-
-void frmMain::ShowExclamation(const QString& text) {
-  QMessageBox::warning(isVisible() ? this : nullptr, QStringLiteral("Vistrel"), text);
+  widgets::RestorePointer();
+  if (document_.View() == document::ViewMode::ListAndImage) lisLista_->setFocus();
 }
 
 void frmMain::LayOut() {
   if (state_.StartingUp) return;
   ctlToolbar_->setVisible(state_.Settings.ShowToolbar);
   statusBar()->setVisible(state_.Settings.ShowStatusBar);
-  lisLista_->setVisible(state_.ViewMode == kViewListAndImage);
-  const int listWidth = vb::IntDiv(state_.Settings.SplitterPos, state_.Metrics.TwipsPerPixelX).value_or(130);
+  lisLista_->setVisible(document_.View() == document::ViewMode::ListAndImage);
+  const int listWidth = numbers::RoundedDiv(state_.Settings.SplitterPos, state_.Metrics.TwipsPerPixelX).value_or(130);
   splitter_->setSizes({listWidth, std::max(1, splitter_->width() - listWidth)});
 }
 
 void frmMain::OnSplitterMoved() {
   if (state_.StartingUp || !lisLista_->isVisible()) return;
   state_.Settings.SplitterPos = static_cast<float>(lisLista_->width()) * state_.Metrics.TwipsPerPixelX;
-}
-
-void frmMain::ShowImage(const imaging::Image* image) {
-  picFondo_->SetAlwaysFit(state_.Settings.FitToWindow);
-  picFondo_->SetImage(image ? std::optional<imaging::Image>(*image) : std::nullopt, session_.NaturalSizeTag(),
-                      state_.Settings.FitToWindow);
-  commands_.Refresh();
-}
-
-void frmMain::SetViewMode(int mode) {
-  state_.ViewMode = mode;
-  ApplyViewChecks();
-  LayOut();
 }
 
 }  // namespace app

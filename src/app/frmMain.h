@@ -1,15 +1,24 @@
 #pragma once
-// `frmMain`: the start-up object and main window (Part 1.1). It owns the application
-// state, the file list and the session, lays them out and turns user actions into calls.
+// `frmMain`: the main window. It owns the shared state, the file list, the document and
+// the command table, builds its widgets, and turns the document's signals into what the
+// widgets show. Each of its files holds one part:
+//   frmMain.cpp                 construction, start-up, placement and closing, layout
+//   frmMainWidgets.cpp          the widgets, the status bar panes and the document's signals
+//   frmMainCommandTable.cpp     every command declared once, the menus and the toolbar
+//   frmMainFileCommands.cpp     Open Folder, Open File, Save, Save As and the save question
+//   frmMainViewCommands.cpp     view modes, zoom and selection
+//   frmMainImageCommands.cpp    the editing operations, Undo, Redo and Copy
+//   frmMainList.cpp             the file list `lisLista` and its context menu
 
-#include "app/AppState.h"
-#include "app/CommandRegistry.h"
-#include "app/FileChooser.h"
-#include "app/Session.h"
-#include "app/SettingsFile.h"
+#include "app/CommandTable.h"
 #include "browse/FileListModel.h"
+#include "document/AppState.h"
+#include "document/Document.h"
 #include "edit/Catalogue.h"
 #include "files/Prefetcher.h"
+#include "settings/SettingsFile.h"
+#include "view/Placing.h"
+#include "widgets/FileChooser.h"
 
 #include <QMainWindow>
 
@@ -34,37 +43,23 @@ namespace app {
 // Shows the parameter dialog modally: true for OK.
 bool RunParameterDialog(edit::frmDiseno& dialog);
 
-class frmMain : public QMainWindow, public SessionView {
+class frmMain : public QMainWindow, private document::DocumentPrompts {
   Q_OBJECT
 
  public:
   explicit frmMain(QString settingsPath, QWidget* parent = nullptr);
 
-  // The load sequence of Part 1.1 with the program's command line; shows the window.
+  // The start-up sequence with the program's command line; shows the window.
   void RunStartup(const QString& commandLine);
 
-  AppState& State() { return state_; }
-  Session& CurrentSession() { return session_; }
+  document::AppState& State() { return state_; }
+  document::Document& CurrentDocument() { return document_; }
   browse::FileListModel& ListModel() { return list_; }
-  const CommandRegistry& Commands() const { return commands_; }
   view::Viewport& ImageView() { return *picFondo_; }
   files::Prefetcher& Prefetcher() { return prefetcher_; }
 
-  // SessionView
-  void ShowExclamation(const QString& text) override;
-  bool ConfirmSaveChanges() override;
-  void LayOut() override;
-  void ApplyViewChecks() override;
-  void RefreshStatusBar(const QString& text) override;
-  void SelectListRow(int row) override;
-  void FitListColumn() override;
-  void ShowImage(const imaging::Image* image) override;
-  void RunOpenFolderCommand() override;
-  void ShowEditedImage(const imaging::Image& image, bool removeSelection) override;
-  void UpdateUndoCaptions() override;
-
   // Tests answer the open and save dialogs through this.
-  void SetFileChooser(FileChooser chooser) { chooseFile_ = std::move(chooser); }
+  void SetFileChooser(widgets::FileChooser chooser) { chooseFile_ = std::move(chooser); }
   // ... and the parameter dialog through this: true for OK, false for Cancel.
   using ParameterDialogRunner = std::function<bool(edit::frmDiseno& dialog)>;
   void SetParameterDialogRunner(ParameterDialogRunner runner) { runParameterDialog_ = std::move(runner); }
@@ -74,47 +69,76 @@ class frmMain : public QMainWindow, public SessionView {
   void resizeEvent(QResizeEvent* event) override;
   void moveEvent(QMoveEvent* event) override;
   void changeEvent(QEvent* event) override;
+  void showEvent(QShowEvent* event) override;
 
  private:
+  // frmMain.cpp
+  void RefreshScreenMetrics();
+  void PlaceWindow();
+  settings::WindowPlacement CurrentPlacement() const;
+  void RememberNormalRectangle();
+  void LayOut();
+  void OnSplitterMoved();
+
+  // frmMainWidgets.cpp
   void BuildWidgets();
-  void BuildCommands();
-  void BuildViewCommands();
-  void BuildMenuBarMenus();
-  void BuildFileCommands();
-  void BuildEditCommands();
+  void BuildStatusBar();
+  void ConnectDocument();
+  void ShowImage(const imaging::Image* image);
+  void RefreshStatusBar(const QString& message);
+
+  // frmMainCommandTable.cpp
+  void DeclareCommands();
+  void DeclareFileCommands();
+  void DeclareEditCommands();
+  void DeclareViewCommands();
+  void DeclareImageCommands();
+  void DeclareToolsAndHelpCommands();
+  void BuildMenus();
+  void BuildToolbar();
+
+  // frmMainFileCommands.cpp
   bool CanSave() const;
   bool CanSaveAs() const;
+  bool RunOpenFolder();
   void RunOpenFile();
   bool RunSave();
   void RunSaveAs();
   void ShowCantSave(const QString& path, const QString& title);
-  void ConnectCatalogueCommands();
+  void ShowExclamation(const QString& text) override;
+  document::SaveChangesAnswer AskSaveChanges(const QString& question) override;
+  bool SaveForPrompt() override { return RunSave(); }
+
+  // frmMainViewCommands.cpp
+  bool CanZoom() const;
+  void ZoomTo(int percentage, view::Pending pending);
+  void StepZoom(int direction);
+  void ToggleAlwaysFit();
+  void RunZoomDialog();
+  void RunZoomToSelection();
+  void ConnectViewport();
+
+  // frmMainImageCommands.cpp
   bool CanRunImageCommand() const;
   QRect SelectionPixels() const;
   void RunCatalogueCommand(const edit::CatalogueCommand& command);
   std::optional<edit::Arguments> AskParameters(const edit::CatalogueCommand& command);
   void CopyToClipboard();
-  void BuildToolbar();
-  void BuildViewButton();
-  void ZoomTo(int percentage, int pendingFlag);
-  bool CanZoom() const;
-  void BuildMenus();
+  void ShowEditedImage(const imaging::Image& image, bool removeSelection);
+
+  // frmMainList.cpp
   void BuildListView();
-  void RefreshScreenMetrics();
-  void PlaceWindow();
-  void SetViewMode(int mode);
   void OnListRowActivated(int row);
-  void OnSplitterMoved();
-  void ShowListContextMenu(const QPoint& position);
-  WindowPlacement CurrentPlacement() const;
-  void RememberNormalRectangle();
+  void SelectListRow(int row);
+  void FitListColumn();
+  void RenameCurrentEntry();
 
   QString settingsPath_;
-  AppState state_;
+  document::AppState state_;
   browse::FileListModel list_;
   files::Prefetcher prefetcher_;
-  Session session_;
-  CommandRegistry commands_;
+  document::Document document_;
+  CommandTable commands_;
   QTreeView* lisLista_ = nullptr;
   QSplitter* splitter_ = nullptr;
   view::Viewport* picFondo_ = nullptr;
@@ -122,9 +146,10 @@ class frmMain : public QMainWindow, public SessionView {
   // picEstado's panes: name (or a message), position, size, zoom, file size
   std::array<QLabel*, 5> statusPanes_{};
   QMenu* mnuList_ = nullptr;
-  FileChooser chooseFile_ = ShowFileDialog;
+  widgets::FileChooser chooseFile_ = widgets::ShowFileDialog;
   ParameterDialogRunner runParameterDialog_ = RunParameterDialog;
-  QRect normalRect_;  // the restored rectangle, kept while maximized (the placement record)
+  QRect normalRect_;  // the restored rectangle, kept while maximized
+  bool screenWatched_ = false;
 };
 
 }  // namespace app

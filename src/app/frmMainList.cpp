@@ -1,5 +1,6 @@
-// frmMain's file list `lisLista`: the view, its events, its column and its context menu.
+// The file list `lisLista`: the view, its events, its column and its context menu.
 #include "app/frmMain.h"
+
 #include "browse/ListColumn.h"
 
 #include <QHeaderView>
@@ -19,23 +20,24 @@ void frmMain::BuildListView() {
   lisLista_->setSelectionMode(QAbstractItemView::SingleSelection);
   lisLista_->setEditTriggers(QAbstractItemView::EditKeyPressed | QAbstractItemView::SelectedClicked);
   lisLista_->setContextMenuPolicy(Qt::CustomContextMenu);
-  lisLista_->setMinimumWidth(kSplitterMinPixels);
-  lisLista_->setMaximumWidth(kSplitterMaxPixels);
+  lisLista_->setMinimumWidth(settings::kSplitterMinPixels);
+  lisLista_->setMaximumWidth(settings::kSplitterMaxPixels);
   lisLista_->header()->setStretchLastSection(false);
   lisLista_->header()->setSectionsClickable(false);
   connect(lisLista_->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
           [this](const QModelIndex& current) { OnListRowActivated(current.row()); });
   connect(lisLista_, &QAbstractItemView::clicked, this, [this](const QModelIndex& index) {
-    if (index.row() == session_.ShownRow()) OnListRowActivated(index.row());
+    if (index.row() == document_.ShownRow()) OnListRowActivated(index.row());
   });
-  connect(lisLista_, &QWidget::customContextMenuRequested, this, &frmMain::ShowListContextMenu);
-  list_.SetRenameHandler([this](int row, const QString& name) { return session_.RenameEntry(row, name); });
+  connect(lisLista_, &QWidget::customContextMenuRequested, this,
+          [this](const QPoint& position) { mnuList_->popup(lisLista_->viewport()->mapToGlobal(position)); });
+  list_.SetRenameHandler([this](int row, const QString& name) { return document_.RenameEntry(row, name); });
 }
 
 void frmMain::OnListRowActivated(int row) {
   if (row < 0) return;
-  session_.ClickEntry(row);
-  commands_.Refresh();
+  document_.ClickEntry(row);
+  commands_.Refresh();  // the list's current entry decides Rename
 }
 
 void frmMain::SelectListRow(int row) {
@@ -58,8 +60,6 @@ void frmMain::FitListColumn() {
   lisLista_->header()->resizeSection(0, width);
 }
 
-void frmMain::ShowListContextMenu(const QPoint& position) {
-  mnuList_->popup(lisLista_->viewport()->mapToGlobal(position));
-}
+void frmMain::RenameCurrentEntry() { lisLista_->edit(lisLista_->currentIndex()); }
 
 }  // namespace app

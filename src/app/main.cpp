@@ -1,6 +1,6 @@
 // The program's entry: builds frmMain, the start-up object, and hands it the command line.
-#include "app/CommandLine.h"
-#include "app/SettingsFile.h"
+#include "document/CommandLine.h"
+#include "settings/SettingsFile.h"
 #include "app/frmMain.h"
 #include "imaging/Loader.h"
 
@@ -14,9 +14,9 @@ int main(int argc, char* argv[]) {
   QStringList arguments;
   for (int i = 1; i < argc; ++i) arguments << QString::fromLocal8Bit(argv[i]);
   const QString settingsPath =
-      app::SettingsFilePath(QApplication::applicationDirPath(),
+      settings::SettingsFilePath(QApplication::applicationDirPath(),
                             QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation));
   app::frmMain window(settingsPath);
-  window.RunStartup(app::JoinArguments(arguments));
+  window.RunStartup(document::JoinArguments(arguments));
   return QApplication::exec();
 }

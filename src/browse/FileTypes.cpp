@@ -1,6 +1,6 @@
 #include "browse/FileTypes.h"
 
-#include "app/Vb.h"
+#include "base/NumberRules.h"
 
 #include <QHash>
 
@@ -46,7 +46,7 @@ QString FileTypeDescription(const QString& extension) {
       {QStringLiteral("wmf"), QStringLiteral("Windows metafile image")},
       {QStringLiteral("wpg"), QStringLiteral("Word Perfect graphic bitmap image")},
   };
-  const QString key = vb::Trim(extension).toLower();
+  const QString key = numbers::TrimBlanks(extension).toLower();
   if (key.isEmpty()) return QStringLiteral("File");
   const auto found = descriptions.constFind(key);
   if (found != descriptions.constEnd()) return *found;

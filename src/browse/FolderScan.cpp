@@ -2,7 +2,7 @@
 
 #include "browse/FileTypes.h"
 #include "browse/ListOrder.h"
-#include "browse/Paths.h"
+#include "base/Paths.h"
 
 #include <QFile>
 
@@ -54,7 +54,7 @@ std::vector<FileEntry> ScanFolder(const QString& folder, bool imageExtensionsOnl
     if (imageExtensionsOnly && !HasScanExtension(entry->d_name)) continue;
     if (!IsRegularFile(dirfd(dir), entry)) continue;
     const QString name = QFile::decodeName(entry->d_name);
-    entries.push_back({DisplayName(name), name});
+    entries.push_back({base::DisplayName(name), name});
   }
   closedir(dir);
   SortEntries(entries);

@@ -1,6 +1,6 @@
 #include "edit/DialogDescription.h"
 
-#include "app/Vb.h"
+#include "base/NumberRules.h"
 
 #include <array>
 
@@ -20,7 +20,7 @@ bool NextToken(const QString& text, int& position, QString& token, QChar delimit
 }
 
 int TickFrequency(int minimum, int maximum) {
-  return vb::CLng((static_cast<double>(maximum) - minimum + 1) / 4).value_or(0);
+  return numbers::RoundToInt32((static_cast<double>(maximum) - minimum + 1) / 4).value_or(0);
 }
 
 int DialogLayout::Count(ControlKind kind) const {
@@ -65,7 +65,7 @@ class Parser {
     NextToken(text_, position_, token);
     return token;
   }
-  double Coordinate() { return vb::Val(Field()) * kGridTwips; }
+  double Coordinate() { return numbers::LeadingNumber(Field()) * kGridTwips; }
   Placement ReadPlacement(bool withWidth) {
     Placement at;
     at.X = Coordinate();
@@ -74,7 +74,7 @@ class Parser {
     return at;
   }
   void Integer(int& target) {
-    if (const auto value = vb::CLngText(Field())) target = *value;
+    if (const auto value = numbers::ParseInt32(Field())) target = *value;
   }
 
   DialogControl& Add(ControlKind kind, const Placement& at) {

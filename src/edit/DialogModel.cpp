@@ -1,6 +1,6 @@
 #include "edit/DialogModel.h"
 
-#include "app/Vb.h"
+#include "base/NumberRules.h"
 
 namespace edit {
 
@@ -25,8 +25,8 @@ bool DialogModel::Initialize() {
 }
 
 void DialogModel::InitializeResize() {
-  const QString width = QString::number(vb::IntDiv(context_.NaturalWidthTwips, context_.TwipsPerPixelX).value_or(0));
-  const QString height = QString::number(vb::IntDiv(context_.NaturalHeightTwips, context_.TwipsPerPixelY).value_or(0));
+  const QString width = QString::number(numbers::RoundedDiv(context_.NaturalWidthTwips, context_.TwipsPerPixelX).value_or(0));
+  const QString height = QString::number(numbers::RoundedDiv(context_.NaturalHeightTwips, context_.TwipsPerPixelY).value_or(0));
   texts_[1] = width;
   texts_[2] = height;
   disabledTexts_[1] = true;
@@ -60,7 +60,7 @@ bool DialogModel::TextChanged(int textBox, const QString& text) {
   if (!box || box->Link < 1) return false;
   const DialogControl* slider = Slider(box->Link);
   if (!slider) return true;
-  int value = vb::CLngText(text).value_or(slider->Minimum);
+  int value = numbers::ParseInt32(text).value_or(slider->Minimum);
   if (value < slider->Minimum || value > slider->Maximum) {
     value = value < slider->Minimum ? slider->Minimum : slider->Maximum;
     texts_[textBox] = QString::number(value);
@@ -73,11 +73,11 @@ void DialogModel::KeepAspect(int changedBox) {
   if (!Checked(1)) return;
   const int other = changedBox == 3 ? 4 : 3;
   const QString text = Text(changedBox);
-  if (vb::Trim(text).isEmpty()) {
+  if (numbers::TrimBlanks(text).isEmpty()) {
     texts_[other].clear();
     return;
   }
-  const auto value = vb::CLngText(text);
+  const auto value = numbers::ParseInt32(text);
   if (!value) {
     texts_[3].clear();
     texts_[4].clear();
@@ -86,7 +86,7 @@ void DialogModel::KeepAspect(int changedBox) {
   const double divisor = changedBox == 3 ? context_.NaturalWidthTwips : context_.NaturalHeightTwips;
   if (divisor == 0) return;
   const double dividend = changedBox == 3 ? context_.NaturalHeightTwips : context_.NaturalWidthTwips;
-  if (const auto result = vb::CLng(*value * (dividend / divisor))) texts_[other] = QString::number(*result);
+  if (const auto result = numbers::RoundToInt32(*value * (dividend / divisor))) texts_[other] = QString::number(*result);
 }
 
 bool DialogModel::CheckClicked(int check, bool checked) {
@@ -108,11 +108,11 @@ bool DialogModel::AcceptsCharacter(QChar c) {
 std::optional<ValidationFailure> DialogModel::Validate() const {
   const int boxes = layout_.Count(ControlKind::TextBox);
   for (int i = 1; i <= boxes; ++i) {
-    if (vb::Trim(Text(i)).isEmpty()) return ValidationFailure{QStringLiteral("Please enter a value"), i, false};
+    if (numbers::TrimBlanks(Text(i)).isEmpty()) return ValidationFailure{QStringLiteral("Please enter a value"), i, false};
   }
   if (!IsResize()) return std::nullopt;
   for (const int box : {3, 4}) {
-    const int value = vb::CLngText(Text(box)).value_or(0);
+    const int value = numbers::ParseInt32(Text(box)).value_or(0);
     if (value < 1) return ValidationFailure{QStringLiteral("Please enter a value greater than zero"), box, true};
     if (value >= 2049) return ValidationFailure{QStringLiteral("Please enter a value smaller than 2049"), box, true};
   }
@@ -123,7 +123,7 @@ DialogValues DialogModel::Values() const {
   DialogValues values;
   const int boxes = layout_.Count(ControlKind::TextBox);
   for (int i = 1; i <= boxes; ++i) {
-    const auto number = vb::CLngText(Text(i));
+    const auto number = numbers::ParseInt32(Text(i));
     values.Numbers.push_back(number.value_or(0));
     values.AllConverted = values.AllConverted && number.has_value();
   }

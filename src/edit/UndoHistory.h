@@ -1,9 +1,9 @@
 #pragma once
-// The undo and redo history of Part 4.4 without widgets: eight slots (`picUndo`), the
-// steps `UndoHistory` with `UndoCurrent` and `UndoCount`, the slot search of
-// `PushUndoStep` (including its intended refusal when no slot is free), the moves, the
-// captions and `ChangeLevel`. `Picture` is what a slot holds: the whole image, or a form
-// of it that costs less memory.
+// The undo and redo history without widgets: eight slots of pictures, the named steps
+// with the current one, the slot search of a new step (which records nothing when no
+// slot is free), the moves, the menu captions and the change level (0 when the image
+// equals the last loaded or saved state, raised by each recorded change, at most 2).
+// `Picture` is what a slot holds: the whole image, or a form of it that costs less memory.
 
 #include <QString>
 
@@ -23,14 +23,18 @@ class UndoHistory {
  public:
   static constexpr int kSlots = 8;
 
+  // Forgets every step; nothing is changed any more.
   void Clear() {
+    changeLevel_ = 0;
     count_ = 0;
     current_ = -1;
     pictures_.fill(std::nullopt);
   }
 
-  // PushUndoStep: false when no slot is free and nothing was recorded.
-  bool Push(Picture picture, const QString& name, int& changeLevel) {
+  // Records a step: a named change raises the change level, the unnamed base state
+  // (a loaded or saved image) sets it to 0. False when no slot is free and nothing was
+  // recorded.
+  bool Push(Picture picture, const QString& name) {
     const bool full = current_ >= kSlots - 1;
     std::array<bool, kSlots> used{};
     for (int i = full ? 1 : 0; i < count_; ++i) used[static_cast<size_t>(steps_[static_cast<size_t>(i)].Slot)] = true;
@@ -45,7 +49,7 @@ class UndoHistory {
     }
     steps_[static_cast<size_t>(current_)] = {slot, name};
     count_ = current_ + 1;
-    changeLevel = name.isEmpty() ? 0 : std::min(changeLevel + 1, 2);
+    changeLevel_ = name.isEmpty() ? 0 : std::min(changeLevel_ + 1, 2);
     return true;
   }
 
@@ -68,11 +72,16 @@ class UndoHistory {
 
   const std::optional<Picture>& PictureIn(int slot) const { return pictures_.at(static_cast<size_t>(slot)); }
 
-  // UpdateUndoCaptions: "&Undo Blur" / "&Undo", and the toolbar's "Undo Blur" / "Undo".
+  // The menu captions "&Undo Blur" / "&Undo", and the toolbar's "Undo Blur" / "Undo".
   QString UndoCaption() const { return Caption(QStringLiteral("&Undo"), UndoName()); }
   QString RedoCaption() const { return Caption(QStringLiteral("&Redo"), RedoName()); }
   QString UndoTooltip() const { return Caption(QStringLiteral("Undo"), UndoName()); }
   QString RedoTooltip() const { return Caption(QStringLiteral("Redo"), RedoName()); }
+
+  // Undo and redo leave the change level as it is.
+  int ChangeLevel() const { return changeLevel_; }
+  // The user chose to drop the changes.
+  void ForgetChanges() { changeLevel_ = 0; }
 
   int Current() const { return current_; }
   int Count() const { return count_; }
@@ -97,6 +106,7 @@ class UndoHistory {
   std::array<std::optional<Picture>, kSlots> pictures_{};
   int current_ = -1;
   int count_ = 0;
+  int changeLevel_ = 0;
 };
 
 }  // namespace edit

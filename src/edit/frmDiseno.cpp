@@ -1,7 +1,7 @@
 #include "edit/frmDiseno.h"
 
-#include "app/Fonts.h"
-#include "app/Help.h"
+#include "widgets/Fonts.h"
+#include "widgets/Help.h"
 #include "edit/PreviewRenderer.h"
 
 #include <QCheckBox>
@@ -37,7 +37,7 @@ frmDiseno::frmDiseno(const QString& description, const DialogContext& context,
                      const std::optional<imaging::Image>& image, Operation operation, QWidget* parent)
     : QDialog(parent), context_(context), model_(ParseDialogDescription(description), context) {
   setObjectName(QStringLiteral("frmDiseno"));
-  app::ApplyTahomaFont(*this, kFontPointSize);
+  widgets::ApplyTahomaFont(*this, kFontPointSize);
   const DialogLayout& layout = model_.Layout();
   BuildControls(layout);
   PlaceWindowAndButtons(layout);
@@ -230,7 +230,7 @@ bool frmDiseno::eventFilter(QObject* watched, QEvent* event) {
 
 void frmDiseno::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_F1) {
-    app::ShowHelpTopic(model_.HelpTopic());
+    widgets::ShowHelpTopic(model_.HelpTopic());
     return;
   }
   const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;

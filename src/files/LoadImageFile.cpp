@@ -1,15 +1,14 @@
 #include "files/LoadImageFile.h"
 
-#include "files/NaturalSize.h"
 #include "imaging/Loader.h"
 
 namespace files {
 
-std::optional<LoadedImage> LoadImageFile(const QString& path, const app::ScreenMetrics& metrics) {
+std::optional<LoadedImage> LoadImageFile(const QString& path, const base::ScreenMetrics& metrics) {
   auto picture = imaging::LoadFile(path);
   if (!picture) return std::nullopt;
-  const QString tag = NaturalSizeRecord(picture->Width(), picture->Height(), metrics);
-  return LoadedImage{std::move(*picture), tag};
+  const auto natural = base::NaturalSize::FromPixels(picture->Width(), picture->Height(), metrics);
+  return LoadedImage{std::move(*picture), natural};
 }
 
 }  // namespace files

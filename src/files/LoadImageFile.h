@@ -1,8 +1,8 @@
 #pragma once
-// LoadImageFile of Part 5.1: the one loader of an image file for every view, reporting
-// success and giving the natural size record (Part 3.1) to keep beside the picture.
+// The one loader of an image file for every view: the picture and its size at 100 %
+// in twips, which every zoom computation starts from.
 
-#include "app/SettingsStore.h"
+#include "base/Twips.h"
 #include "imaging/Image.h"
 
 #include <QString>
@@ -13,9 +13,9 @@ namespace files {
 
 struct LoadedImage {
   imaging::Image Picture;
-  QString NaturalSizeTag;  // "width height" in twips
+  base::NaturalSize Natural;
 };
 
-std::optional<LoadedImage> LoadImageFile(const QString& path, const app::ScreenMetrics& metrics);
+std::optional<LoadedImage> LoadImageFile(const QString& path, const base::ScreenMetrics& metrics);
 
 }  // namespace files

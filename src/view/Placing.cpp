@@ -1,6 +1,6 @@
 #include "view/Placing.h"
 
-#include "app/Vb.h"
+#include "base/NumberRules.h"
 #include "view/Zoom.h"
 
 #include <algorithm>
@@ -26,12 +26,12 @@ int ValueFor(const Axis& axis, int maximum, const PlacingInput& in) {
       // centre must land in the middle of the panel; a bar value is a screen pixel of the
       // zoomed image, so the target is scaled by the zoom before the division.
       const double target = axis.SelectionStart + axis.SelectionExtent / 2 - (axis.Usable / 2) / (in.Percentage / 100.0);
-      return std::clamp(vb::IntDiv(target * in.Percentage / 100.0, axis.TwipsPerPixel).value_or(0), 0, maximum);
+      return std::clamp(numbers::RoundedDiv(target * in.Percentage / 100.0, axis.TwipsPerPixel).value_or(0), 0, maximum);
     }
     case Pending::ZoomStep: {
       const bool known = axis.Previous.Visible && axis.Previous.Maximum > 0;
       const double ratio = known ? double(axis.Previous.Value) / axis.Previous.Maximum : 0.5;
-      return std::clamp(vb::CLng(maximum * ratio).value_or(0), 0, maximum);
+      return std::clamp(numbers::RoundToInt32(maximum * ratio).value_or(0), 0, maximum);
     }
     case Pending::None:
       break;
@@ -47,7 +47,7 @@ ScrollBarState Arrange(const Axis& axis, const PlacingInput& in, float& offset) 
     return bar;
   }
   bar.Visible = true;
-  bar.Maximum = std::max(0, vb::IntDiv(axis.Control - axis.Usable, axis.TwipsPerPixel).value_or(0));
+  bar.Maximum = std::max(0, numbers::RoundedDiv(axis.Control - axis.Usable, axis.TwipsPerPixel).value_or(0));
   bar.SmallChange = SmallChange(in.Percentage);
   bar.LargeChange = LargeChange(in.Percentage);
   bar.Value = ValueFor(axis, bar.Maximum, in);

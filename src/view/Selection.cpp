@@ -1,6 +1,6 @@
 #include "view/Selection.h"
 
-#include "app/Vb.h"
+#include "base/NumberRules.h"
 
 #include <algorithm>
 
@@ -18,11 +18,11 @@ std::pair<float, float> Span(float anchor, float pointer, float limit, float twi
 // Steps 1 to 3 of the conversion: to 100 %, to whole image pixels, back to twips.
 float ToImageTwips(float dragValue, int percentage, float twipsPerPixel) {
   const double atFull = double(dragValue) * (100.0 / percentage);
-  const int pixels = vb::IntDiv(vb::Int(atFull), twipsPerPixel).value_or(0);
+  const int pixels = numbers::RoundedDiv(numbers::Floor(atFull), twipsPerPixel).value_or(0);
   return twipsPerPixel * float(pixels);
 }
 
-int Pixel(float twips, float twipsPerPixel) { return vb::IntDiv(twips, twipsPerPixel).value_or(0); }
+int Pixel(float twips, float twipsPerPixel) { return numbers::RoundedDiv(twips, twipsPerPixel).value_or(0); }
 
 }  // namespace
 
@@ -57,9 +57,9 @@ std::optional<int> AutoScrollValue(const AutoScrollAxis& a) {
   std::optional<int> value;
   if (a.Pointer > a.Panel) {
     const float right = a.DragStart + a.DragExtent - a.TwipsPerPixel;
-    value = vb::IntDiv(right - (a.Panel - a.TwipsPerPixel), a.TwipsPerPixel);
+    value = numbers::RoundedDiv(right - (a.Panel - a.TwipsPerPixel), a.TwipsPerPixel);
   } else if (a.Pointer < 0) {
-    value = vb::IntDiv(a.DragStart, a.TwipsPerPixel);
+    value = numbers::RoundedDiv(a.DragStart, a.TwipsPerPixel);
   }
   if (!value) return std::nullopt;
   return std::clamp(*value, a.Minimum, a.Maximum);

@@ -5,7 +5,6 @@
 
 #include <QKeyEvent>
 #include <QMouseEvent>
-#include <QScreen>
 #include <QWheelEvent>
 #include <QScrollBar>
 #include <QStyle>
@@ -14,7 +13,7 @@
 
 namespace view {
 
-Viewport::Viewport(QWidget* parent) : QWidget(parent) {
+Viewport::Viewport(const base::ScreenMetrics& metrics, QWidget* parent) : QWidget(parent), metrics_(metrics) {
   setObjectName(QStringLiteral("picFondo"));
   setAutoFillBackground(true);
   setMinimumSize(1, 1);
@@ -47,15 +46,9 @@ Viewport::Viewport(QWidget* parent) : QWidget(parent) {
   connect(&tmrSel_, &QTimer::timeout, this, &Viewport::AutoScroll);
 }
 
-float Viewport::TwipsX() const {
-  const QScreen* s = screen();
-  return s ? static_cast<float>(1440.0 / s->logicalDotsPerInchX()) : 15.0f;
-}
+float Viewport::TwipsX() const { return metrics_.TwipsPerPixelX; }
 
-float Viewport::TwipsY() const {
-  const QScreen* s = screen();
-  return s ? static_cast<float>(1440.0 / s->logicalDotsPerInchY()) : 15.0f;
-}
+float Viewport::TwipsY() const { return metrics_.TwipsPerPixelY; }
 
 void Viewport::SetBackground(const QColor& color) {
   QPalette p = palette();
@@ -63,18 +56,16 @@ void Viewport::SetBackground(const QColor& color) {
   setPalette(p);
 }
 
-void Viewport::SetImage(const std::optional<imaging::Image>& image, const QString& naturalSizeTag, bool fit) {
+void Viewport::SetImage(const std::optional<imaging::Image>& image, base::NaturalSize natural, bool fit) {
   SelectNone();
-  Show(image, naturalSizeTag, fit);
+  Show(image, natural, fit);
 }
 
-void Viewport::ReplaceImage(const imaging::Image& image, const QString& naturalSizeTag) {
-  Show(image, naturalSizeTag, alwaysFit_);
-}
+void Viewport::ReplaceImage(const imaging::Image& image, base::NaturalSize natural) { Show(image, natural, alwaysFit_); }
 
-void Viewport::Show(const std::optional<imaging::Image>& image, const QString& naturalSizeTag, bool fit) {
+void Viewport::Show(const std::optional<imaging::Image>& image, base::NaturalSize natural, bool fit) {
   image_ = image;
-  natural_ = image ? files::ReadNaturalSizeRecord(naturalSizeTag) : files::NaturalSize{};
+  natural_ = image ? natural : base::NaturalSize{};
   imaImagen_->SetImage(image);
   imaImagen_->setVisible(image.has_value());
   ApplyZoom(fit && image ? FitPercentage() : percentage_);

@@ -1,9 +1,10 @@
 #pragma once
-// `picFondo` (Part 3.1, 3.2): the image panel with `imaImagen`, the scroll bars
-// `hscImagen` and `vscImagen` and the corner `picCuadro`. It keeps the zoom percentage,
-// the pending flags and the selection record, and arranges itself with view::PlaceImage.
+// `picFondo`: the image panel with `imaImagen`, the scroll bars `hscImagen` and
+// `vscImagen` and the corner `picCuadro`. It keeps the zoom percentage, the pending flag
+// and the selection record, and arranges itself with view::PlaceImage. Twips convert to
+// pixels through the window's one ScreenMetrics.
 
-#include "files/NaturalSize.h"
+#include "base/Twips.h"
 #include "imaging/Image.h"
 #include "view/Placing.h"
 #include "view/Selection.h"
@@ -23,15 +24,15 @@ class Viewport : public QWidget {
   Q_OBJECT
 
  public:
-  explicit Viewport(QWidget* parent = nullptr);
+  explicit Viewport(const base::ScreenMetrics& metrics, QWidget* parent = nullptr);
 
   void SetBackground(const QColor& color);
-  // Shows an image with its natural size record ("4800 3600"), or nothing; clears the
-  // selection. `fit` applies the fit percentage at once (one zoom, one reduced copy).
-  void SetImage(const std::optional<imaging::Image>& image, const QString& naturalSizeTag, bool fit = false);
+  // Shows an image with its size at 100 %, or nothing; clears the selection. `fit`
+  // applies the fit percentage at once (one zoom, one reduced copy).
+  void SetImage(const std::optional<imaging::Image>& image, base::NaturalSize natural, bool fit = false);
   bool HasImage() const { return image_.has_value(); }
-  // An edited, undone or redone image: the zoom and any selection stay (Parts 4.3, 4.4).
-  void ReplaceImage(const imaging::Image& image, const QString& naturalSizeTag);
+  // An edited, undone or redone image: the zoom and any selection stay.
+  void ReplaceImage(const imaging::Image& image, base::NaturalSize natural);
 
   int Percentage() const { return percentage_; }
   // The apply-zoom sequence: store, size the control, set the pending flag, lay out.
@@ -67,7 +68,7 @@ class Viewport : public QWidget {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  void Show(const std::optional<imaging::Image>& image, const QString& naturalSizeTag, bool fit);
+  void Show(const std::optional<imaging::Image>& image, base::NaturalSize natural, bool fit);
   float TwipsX() const;
   float TwipsY() const;
   QSizeF ControlTwips() const;
@@ -78,13 +79,14 @@ class Viewport : public QWidget {
   void AutoScroll();
   void ShowOutline();
 
+  const base::ScreenMetrics& metrics_;
   ImageCanvas* imaImagen_ = nullptr;
   QScrollBar* hscImagen_ = nullptr;
   QScrollBar* vscImagen_ = nullptr;
   QWidget* picCuadro_ = nullptr;
   QTimer tmrSel_;
   std::optional<imaging::Image> image_;
-  files::NaturalSize natural_;
+  base::NaturalSize natural_;
   int percentage_ = 100;
   bool alwaysFit_ = false;
   Pending pending_ = Pending::None;

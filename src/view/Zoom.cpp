@@ -1,6 +1,6 @@
 #include "view/Zoom.h"
 
-#include "app/Vb.h"
+#include "base/NumberRules.h"
 
 #include <algorithm>
 #include <cmath>
@@ -26,7 +26,7 @@ namespace {
 int FlooredPercentage(float horizontalRatio, float verticalRatio) {
   const float ratio = std::min(horizontalRatio, verticalRatio);
   const float percentage = ratio * 100.0f;
-  const double floored = vb::Int(percentage);
+  const double floored = numbers::Floor(percentage);
   return ClampZoom(static_cast<int>(std::clamp(floored, -1e6, 1e6)));
 }
 
@@ -45,9 +45,9 @@ int SelectionFitPercentage(const SelectionFitInput& in) {
                            (in.PanelHeight - 2 * in.HorizontalBarHeight) / in.SelectionHeight);
 }
 
-int SmallChange(int percentage) { return std::max(1, vb::CLng(percentage / 100.0 + 0.5).value_or(1)); }
+int SmallChange(int percentage) { return std::max(1, numbers::RoundToInt32(percentage / 100.0 + 0.5).value_or(1)); }
 
-int LargeChange(int percentage) { return std::max(1, vb::CLng(percentage * 24 / 100.0 + 0.5).value_or(1)); }
+int LargeChange(int percentage) { return std::max(1, numbers::RoundToInt32(percentage * 24 / 100.0 + 0.5).value_or(1)); }
 
 QStringList ZoomDialogChoices() {
   return {QStringLiteral("10%"), QStringLiteral("20%"), QStringLiteral("50%"), QStringLiteral("100%"),
@@ -61,7 +61,7 @@ bool ZoomDialogAcceptsCharacter(QChar c, const QString& text, bool hasSelection)
 }
 
 std::optional<int> ZoomDialogValue(const QString& text) {
-  const double value = vb::Int(vb::Val(text));
+  const double value = numbers::Floor(numbers::LeadingNumber(text));
   if (value < kMinZoom || value > kMaxZoom) return std::nullopt;
   return static_cast<int>(value);
 }

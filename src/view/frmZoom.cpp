@@ -1,7 +1,7 @@
 #include "view/frmZoom.h"
 
-#include "app/Fonts.h"
-#include "app/Help.h"
+#include "widgets/Fonts.h"
+#include "widgets/Help.h"
 #include "view/Zoom.h"
 
 #include <QComboBox>
@@ -22,7 +22,7 @@ const QString kCaption = QStringLiteral("Zoom Functions");
 frmZoom::frmZoom(int percentage, QWidget* parent) : QDialog(parent), value_(percentage) {
   setObjectName(QStringLiteral("frmZoom"));
   setWindowTitle(kCaption);
-  app::ApplyTahomaFont(*this);
+  widgets::ApplyTahomaFont(*this);
   cboZoom_ = new QComboBox(this);
   cboZoom_->setObjectName(QStringLiteral("cboZoom"));
   cboZoom_->setEditable(true);
@@ -63,7 +63,7 @@ bool frmZoom::eventFilter(QObject* watched, QEvent* event) {
 
 void frmZoom::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_F1) {
-    app::ShowHelpTopic(kCaption);
+    widgets::ShowHelpTopic(kCaption);
     return;
   }
   if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {

@@ -1,6 +1,6 @@
-// Part 4.3's common command frame on the real frmMain (offscreen), with the parameter
-// dialog driven through the window's dialog runner: the Part's edge cases.
-#include "app/SettingsFile.h"
+// The editing commands' frame on the real main window (offscreen), with the parameter
+// dialog driven through the window's dialog runner.
+#include "settings/SettingsFile.h"
 #include "app/frmMain.h"
 #include "edit/Catalogue.h"
 #include "edit/frmDiseno.h"
@@ -31,9 +31,9 @@ class frmMainCatalogueTest : public ::testing::Test {
  protected:
   // An 800 x 600 window at 100 % showing `file` (a 120 x 90 photo unless told).
   void Start(QString file = {}) {
-    app::SettingsStore s = app::DefaultSettings({});
+    settings::SettingsStore s = settings::DefaultSettings({});
     s.FitToWindow = false;
-    app::WriteSettingsFile(config_.File(QStringLiteral("Ini.in")), app::WriteSettingsText(s, {}, {0, 0, 800, 600, false}));
+    settings::WriteSettingsFile(config_.File(QStringLiteral("Ini.in")), settings::WriteSettingsText(s, {}, {0, 0, 800, 600, false}));
     if (file.isEmpty()) {
       file = pictures_.File(QStringLiteral("photo.png"));
       QImage(QStringLiteral(VISTREL_CORPUS_DIR "/formats/hopper.png")).scaled(120, 90).save(file);
@@ -47,8 +47,8 @@ class frmMainCatalogueTest : public ::testing::Test {
   }
   QAction* Command(const char* name) { return window_->findChild<QAction*>(QLatin1String(name)); }
   void Trigger(const char* name) { Command(name)->trigger(); }
-  const imaging::Image& Shown() { return *window_->CurrentSession().CurrentImage(); }
-  int Steps() { return window_->CurrentSession().UndoHistory().Count(); }
+  const imaging::Image& Shown() { return *window_->CurrentDocument().CurrentImage(); }
+  int Steps() { return window_->CurrentDocument().UndoHistory().Count(); }
   void Select(QPoint from, QPoint to) {
     QWidget* canvas = window_->findChild<QWidget*>(QStringLiteral("imaImagen"));
     QTest::mousePress(canvas, Qt::LeftButton, {}, from);
@@ -66,10 +66,15 @@ class frmMainCatalogueTest : public ::testing::Test {
 TEST_F(frmMainCatalogueTest, InTheThumbnailsViewEveryCommandDoesNothing) {
   Start();
   const imaging::Image before = Shown();
-  window_->State().ViewMode = app::kViewThumbnails;  // the actions stay enabled: the frame itself must refuse
+  window_->CurrentDocument().SetViewMode(document::ViewMode::Thumbnails);
   answer_ = [](edit::frmDiseno&) { return true; };
   DialogAnswerer answerer;
-  for (const edit::CatalogueCommand& command : edit::Catalogue()) Trigger(command.Command);
+  for (const edit::CatalogueCommand& command : edit::Catalogue()) {
+    EXPECT_FALSE(Command(command.Command)->isEnabled());
+    Command(command.Command)->setEnabled(true);  // refused even if reached
+    Trigger(command.Command);
+  }
+  Command("mnuEditCopy")->setEnabled(true);
   QGuiApplication::clipboard()->clear();
   Trigger("mnuEditCopy");
   EXPECT_TRUE(QGuiApplication::clipboard()->image().isNull());
@@ -86,7 +91,7 @@ TEST_P(frmMainMetafileTest, AMetafileRefusesEditingButCopies) {
   const QString metafile = pictures_.File(name);
   QFile::copy(QStringLiteral(VISTREL_CORPUS_DIR "/formats/") + name, metafile);
   Start(metafile);
-  ASSERT_TRUE(window_->State().ImageLoaded);
+  ASSERT_TRUE(window_->CurrentDocument().ImageLoaded());
   EXPECT_FALSE(Command("mnuColorsNegative")->isEnabled());
   EXPECT_TRUE(Command("mnuEditCopy")->isEnabled());
   answer_ = [](edit::frmDiseno&) { return true; };
@@ -113,7 +118,7 @@ TEST_F(frmMainCatalogueTest, CropAndRedEyeWithoutASelectionOnlyTellTheUser) {
   EXPECT_EQ(answerer.LastTitle(), QStringLiteral("Red Eye Removal"));
   EXPECT_EQ(answerer.LastText(), QStringLiteral("Select an area to apply red eye removal"));
   EXPECT_EQ(Steps(), 1);
-  EXPECT_EQ(window_->State().ChangeLevel, 0);
+  EXPECT_EQ(window_->CurrentDocument().ChangeLevel(), 0);
 }
 
 TEST_F(frmMainCatalogueTest, CropTakesTheSelectionAndRefreshesTheGeometry) {
@@ -122,7 +127,7 @@ TEST_F(frmMainCatalogueTest, CropTakesTheSelectionAndRefreshesTheGeometry) {
   Trigger("mnuImageCrop");
   EXPECT_EQ(Shown().Width(), 40);
   EXPECT_EQ(Shown().Height(), 20);
-  EXPECT_EQ(window_->CurrentSession().NaturalSizeTag(), QStringLiteral("600 300"));
+  EXPECT_EQ(window_->CurrentDocument().Natural(), (base::NaturalSize{600, 300}));
   EXPECT_FALSE(window_->ImageView().Selection().Exists());
   EXPECT_EQ(window_->ImageView().Percentage(), 100);
   EXPECT_EQ(window_->findChild<QLabel*>(QStringLiteral("lblStatusSize"))->text(), QStringLiteral("40 x 20"));
@@ -144,7 +149,6 @@ TEST_F(frmMainCatalogueTest, CancellingAnyDialogLeavesImageAndHistoryAlone) {
   }
   EXPECT_EQ(dialogs, 18);
   EXPECT_EQ(dialogsShown_, 18);
-  EXPECT_TRUE(window_->State().DialogCancelled);
   EXPECT_EQ(Steps(), 1);
   EXPECT_EQ(MeanAbsoluteDifference(Shown(), before), 0);
 }

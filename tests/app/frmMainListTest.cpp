@@ -45,14 +45,14 @@ class frmMainListTest : public ::testing::Test {
 
 TEST_F(frmMainListTest, ClickingAnotherEntryOpensIt) {
   QTest::mouseClick(list_->viewport(), Qt::LeftButton, {}, RowCentre(1));
-  EXPECT_EQ(window_.CurrentSession().ShownRow(), 1);
-  EXPECT_TRUE(window_.State().ImageLoaded);
+  EXPECT_EQ(window_.CurrentDocument().ShownRow(), 1);
+  EXPECT_TRUE(window_.CurrentDocument().ImageLoaded());
 }
 
 TEST_F(frmMainListTest, TheDownKeyOpensTheNextEntry) {
   list_->setFocus();
   QTest::keyClick(list_, Qt::Key_Down);
-  EXPECT_EQ(window_.CurrentSession().ShownRow(), 1);
+  EXPECT_EQ(window_.CurrentDocument().ShownRow(), 1);
 }
 
 TEST_F(frmMainListTest, RenamingInPlaceRenamesTheFile) {

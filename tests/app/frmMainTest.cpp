@@ -1,5 +1,5 @@
-// frmMain on the offscreen platform: start-up and shut-down as Part 1.1 describes them.
-#include "app/SettingsFile.h"
+// The main window on the offscreen platform: start-up, placement, shut-down and its menus.
+#include "settings/SettingsFile.h"
 #include "app/frmMain.h"
 #include "support/DialogAnswerer.h"
 #include "support/TestFiles.h"
@@ -27,24 +27,16 @@ class frmMainTest : public ::testing::Test {
   TempFolder pictures_;
 };
 
-TEST_F(frmMainTest, HasTheSpecsObjectNames) {
-  app::frmMain window(SettingsPath());
-  EXPECT_EQ(window.objectName(), QStringLiteral("frmMain"));
-  ASSERT_NE(List(window), nullptr);
-  EXPECT_NE(window.findChild<QWidget*>(QStringLiteral("picFondo")), nullptr);
-  EXPECT_NE(window.findChild<QWidget*>(QStringLiteral("picSepa")), nullptr);
-  EXPECT_NE(window.findChild<QWidget*>(QStringLiteral("picEstado")), nullptr);
-  EXPECT_NE(window.findChild<QWidget*>(QStringLiteral("ctlToolbar")), nullptr);
-  EXPECT_NE(window.findChild<QAction*>(QStringLiteral("mnuFileOpenFolder")), nullptr);
-  EXPECT_EQ(List(window)->model()->headerData(0, Qt::Horizontal).toString(), QStringLiteral("File"));
-}
-
-TEST_F(frmMainTest, WithoutASettingsFileStartsMaximizedWithDefaults) {
+TEST_F(frmMainTest, WithoutASettingsFileStartsMaximizedWithNothingToEdit) {
   app::frmMain window(SettingsPath());
   window.RunStartup(QString());
+  for (const char* name : {"mnuColorsBrightness", "mnuFileSave", "mnuEditUndo", "mnuViewZoomIn", "mnuFileCopyTo"}) {
+    EXPECT_FALSE(window.findChild<QAction*>(QLatin1String(name))->isEnabled()) << name;
+  }
+  EXPECT_TRUE(window.findChild<QAction*>(QStringLiteral("mnuFileOpenFolder"))->isEnabled());
   EXPECT_TRUE(window.isVisible());
   EXPECT_TRUE(window.isMaximized());
-  EXPECT_EQ(window.State().ViewMode, app::kViewImage);
+  EXPECT_EQ(window.CurrentDocument().View(), document::ViewMode::Image);
   EXPECT_FALSE(window.State().StartingUp);
   EXPECT_FALSE(List(window)->isVisible());
 }
@@ -60,18 +52,7 @@ TEST_F(frmMainTest, AFolderOnTheCommandLineIsListedWithTheFirstEntryOpen) {
   ASSERT_EQ(list->model()->rowCount(), 2);
   EXPECT_EQ(list->model()->index(0, 0).data().toString(), QStringLiteral("A.png"));
   EXPECT_EQ(list->currentIndex().row(), 0);
-  EXPECT_TRUE(window.State().ImageLoaded);
-}
-
-TEST_F(frmMainTest, AFileThatDoesNotLoadSaysCantOpenFileAndStartsEmpty) {
-  const QString file = pictures_.WriteBytes(QStringLiteral("bad.jpg"), "garbage");
-  testing_support::DialogAnswerer answerer;
-  app::frmMain window(SettingsPath());
-  window.RunStartup(file);
-  EXPECT_EQ(answerer.Count(), 1);
-  EXPECT_EQ(answerer.LastText(), QStringLiteral("Can't open file"));
-  EXPECT_FALSE(window.State().ImageLoaded);
-  EXPECT_EQ(window.State().ViewMode, app::kViewImage);
+  EXPECT_TRUE(window.CurrentDocument().ImageLoaded());
 }
 
 TEST_F(frmMainTest, ClosingWritesThe55LineSettingsFileThatReopensTheFolder) {
@@ -91,12 +72,12 @@ TEST_F(frmMainTest, ClosingWritesThe55LineSettingsFileThatReopensTheFolder) {
   QStringList edited = lines;
   edited[44] = QStringLiteral("1");  // StartOption 1: open the last folder
   testing_support::TempFolder unused;
-  ASSERT_TRUE(app::WriteSettingsFile(SettingsPath(), (edited.join(QStringLiteral("\r\n")) + "\r\n").toUtf8()));
+  ASSERT_TRUE(settings::WriteSettingsFile(SettingsPath(), (edited.join(QStringLiteral("\r\n")) + "\r\n").toUtf8()));
   app::frmMain again(SettingsPath());
   again.RunStartup(QString());
   EXPECT_EQ(again.State().Settings.LastFolder, pictures_.Path());
-  EXPECT_EQ(again.State().ViewMode, app::kViewListAndImage);
-  EXPECT_TRUE(again.State().ImageLoaded);
+  EXPECT_EQ(again.CurrentDocument().View(), document::ViewMode::ListAndImage);
+  EXPECT_TRUE(again.CurrentDocument().ImageLoaded());
 }
 
 TEST_F(frmMainTest, WritingWhileMaximizedStoresTheRestoredRectangle) {
@@ -114,8 +95,8 @@ TEST_F(frmMainTest, WritingWhileMaximizedStoresTheRestoredRectangle) {
 }
 
 TEST_F(frmMainTest, ANormalWindowIsPlacedAtTheStoredRectangle) {
-  app::SettingsStore stored = app::DefaultSettings({});
-  ASSERT_TRUE(app::WriteSettingsFile(SettingsPath(), app::WriteSettingsText(stored, {}, {30, 40, 640, 480, false})));
+  settings::SettingsStore stored = settings::DefaultSettings({});
+  ASSERT_TRUE(settings::WriteSettingsFile(SettingsPath(), settings::WriteSettingsText(stored, {}, {30, 40, 640, 480, false})));
   app::frmMain window(SettingsPath());
   window.RunStartup(QString());
   EXPECT_FALSE(window.isMaximized());
@@ -124,8 +105,8 @@ TEST_F(frmMainTest, ANormalWindowIsPlacedAtTheStoredRectangle) {
 
 TEST_F(frmMainTest, DraggingTheSplitterStoresTheListWidthWithin30And360Pixels) {
   pictures_.WritePng(QStringLiteral("a.png"));
-  app::SettingsStore stored = app::DefaultSettings({});
-  ASSERT_TRUE(app::WriteSettingsFile(SettingsPath(), app::WriteSettingsText(stored, {}, {0, 0, 900, 600, false})));
+  settings::SettingsStore stored = settings::DefaultSettings({});
+  ASSERT_TRUE(settings::WriteSettingsFile(SettingsPath(), settings::WriteSettingsText(stored, {}, {0, 0, 900, 600, false})));
   app::frmMain window(SettingsPath());
   window.RunStartup(pictures_.Path());
   auto* handle = window.findChild<QWidget*>(QStringLiteral("picSepa"));
@@ -148,7 +129,7 @@ TEST_F(frmMainTest, CancellingTheSaveQuestionKeepsTheProgramAndTheSettingsFile) 
   pictures_.WritePng(QStringLiteral("a.png"));
   app::frmMain window(SettingsPath());
   window.RunStartup(pictures_.Path());
-  window.State().ChangeLevel = 1;  // an edited image
+  window.findChild<QAction*>(QStringLiteral("mnuColorsNegative"))->trigger();
   testing_support::DialogAnswerer answerer(QMessageBox::Cancel);
   EXPECT_FALSE(window.close());
   EXPECT_EQ(answerer.LastTitle(), QStringLiteral("Save Changes"));
@@ -161,45 +142,13 @@ TEST_F(frmMainTest, CancellingTheSaveQuestionKeepsTheProgramAndTheSettingsFile) 
 
 namespace {
 
-// Every command the spec names for the main window exists under its name; those of Parts
-// not built yet are disabled.
-TEST(frmMainMenus, EveryCommandOfTheSpecIsThereAndUnbuiltOnesAreDisabled) {
+
+// Within each menu every command has its own access key, so a key press always runs it.
+TEST(frmMainMenus, AccessKeysAreUniqueWithinEachMenu) {
   testing_support::TempFolder config;
   app::frmMain window(config.File(QStringLiteral("Ini.in")));
-  const QStringList names = QStringLiteral(
-      "mnuColorsBrightness mnuColorsColorDepth1Bit mnuColorsColorDepth4Bits mnuColorsColorDepth8Bits "
-      "mnuColorsColorDepth24Bits mnuColorsConcaveParabolic mnuColorsContrast mnuColorsConvexParabolic "
-      "mnuColorsEqualize mnuColorsGamma mnuColorsGrayScale mnuColorsHSL mnuColorsNegative mnuColorsRGB mnuColorsRedEye "
-      "mnuColorsSolarize mnuEditCopy mnuEditRedo mnuEditSelectNone mnuEditUndo mnuFileClose mnuFileCopyTo "
-      "mnuFileDelete mnuFileMoveTo mnuFileOpenFile mnuFileOpenFolder mnuFileProperties mnuFileRename mnuFileSave "
-      "mnuFileSaveAs mnuImageCrop mnuImageFiltersBlend mnuImageFiltersBlur mnuImageFiltersDiffuse "
-      "mnuImageFiltersDilate mnuImageFiltersErode mnuImageFiltersMedian mnuImageFiltersMosaic "
-      "mnuImageFiltersMotionBlur mnuImageFiltersNoise mnuImageFiltersSharpen mnuImageFiltersSoften mnuImageFlip "
-      "mnuImageMirror mnuImagePerspective mnuImagePinch mnuImageResize mnuImageRipple mnuImageRotate mnuImageSwirl "
-      "mnuListFullScreen mnuListProperties mnuListSetWallpaper mnuToolsBorrarListaReciente mnuToolsOptions "
-      "mnuToolsRemoveWallpaper mnuToolsSetWallpaper mnuToolsSlideShow mnuToolsTiposArchivo mnuViewAlwaysFit "
-      "mnuViewFit mnuViewFullScreen mnuViewOriginalSize mnuViewThumbnails mnuViewZoom mnuViewZoomIn mnuViewZoomOut "
-      "mnuViewZoomToSelection").split(u' ');
-  for (const QString& name : names) EXPECT_NE(window.findChild<QAction*>(name), nullptr) << name.toStdString();
-  window.RunStartup(QString());
-  EXPECT_FALSE(window.findChild<QAction*>(QStringLiteral("mnuColorsBrightness"))->isEnabled());
-  EXPECT_FALSE(window.findChild<QAction*>(QStringLiteral("mnuFileSave"))->isEnabled());
-  EXPECT_TRUE(window.findChild<QAction*>(QStringLiteral("mnuFileOpenFolder"))->isEnabled());
-  EXPECT_EQ(window.findChild<QAction*>(QStringLiteral("mnuEditUndo"))->text(), QStringLiteral("&Undo"));
-  EXPECT_NE(window.findChild<QMenu*>(QStringLiteral("mnuImageFilters")), nullptr);
-  EXPECT_NE(window.findChild<QMenu*>(QStringLiteral("mnuColorsColorDepth")), nullptr);
-}
-
-}  // namespace
-
-namespace {
-
-// Within the editing menus every command has its own access key, so a key press always
-// runs it; the captions the spec gives stay as they are.
-TEST(frmMainMenus, TheEditingMenusAccessKeysAreUnique) {
-  testing_support::TempFolder config;
-  app::frmMain window(config.File(QStringLiteral("Ini.in")));
-  for (const char* name : {"mnuEdit", "mnuColors", "mnuColorsColorDepth", "mnuImage", "mnuImageFilters", "mnuTools"}) {
+  for (const char* name : {"mnuFile", "mnuEdit", "mnuView", "mnuColors", "mnuColorsColorDepth", "mnuImage",
+                           "mnuImageFilters", "mnuTools", "mnuHelp", "mnuList"}) {
     const QMenu* menu = window.findChild<QMenu*>(QLatin1String(name));
     ASSERT_NE(menu, nullptr) << name;
     QSet<QChar> keys;

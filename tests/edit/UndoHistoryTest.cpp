@@ -1,4 +1,4 @@
-// Part 4.4's history on its own, with numbered pictures standing for the images.
+// The history on its own, with numbered pictures standing for the images.
 #include "edit/UndoHistory.h"
 
 #include <gtest/gtest.h>
@@ -9,14 +9,13 @@ using History = edit::UndoHistory<int>;
 
 struct Editing {
   History history;
-  int changeLevel = 0;
   int next = 100;  // each picture is a distinct number
 
   Editing() {
     history.Clear();
-    history.Push(next++, QString(), changeLevel);  // the base state of a loaded image
+    history.Push(next++, QString());  // the base state of a loaded image
   }
-  bool Apply(const QString& name) { return history.Push(next++, name, changeLevel); }
+  bool Apply(const QString& name) { return history.Push(next++, name); }
   int Shown(const edit::UndoMove& move) const { return *history.PictureIn(move.Slot); }
 };
 
@@ -64,53 +63,6 @@ TEST(UndoHistory, ANewChangeAfterUndoingDiscardsTheRedoStates) {
   EXPECT_EQ(e.history.RedoCaption(), QStringLiteral("&Redo"));
   EXPECT_EQ(e.history.UndoCaption(), QStringLiteral("&Undo D"));
   EXPECT_EQ(e.history.Count(), 3);
-}
-
-TEST(UndoHistory, ASavedImageIsANewBaseWithNothingToUndo) {
-  Editing e;
-  e.Apply(QStringLiteral("Blur"));
-  EXPECT_EQ(e.changeLevel, 1);
-  e.history.Clear();
-  e.history.Push(e.next++, QString(), e.changeLevel);  // Save: clear and record the base
-  EXPECT_FALSE(e.history.CanUndo());
-  EXPECT_EQ(e.history.UndoCaption(), QStringLiteral("&Undo"));
-  EXPECT_EQ(e.changeLevel, 0);
-}
-
-TEST(UndoHistory, UndoingACropRemovesTheSelectionFirst) {
-  Editing e;
-  e.Apply(QStringLiteral("Crop"));
-  e.Apply(QStringLiteral("Blur"));
-  EXPECT_FALSE(e.history.Undo()->SizeChanges);
-  const auto undoCrop = e.history.Undo();
-  EXPECT_TRUE(undoCrop->SizeChanges);
-  EXPECT_EQ(e.Shown(*undoCrop), 100);  // the full image before the crop
-  EXPECT_TRUE(e.history.Redo()->SizeChanges);  // entering the cropped state again
-}
-
-TEST(UndoHistory, WithEightStatesUndoOnceAndAChangeIsNotRecorded) {
-  Editing e;
-  for (int i = 1; i <= 7; ++i) e.Apply(QStringLiteral("Op%1").arg(i));  // eight states
-  e.history.Undo();
-  const QString undoBefore = e.history.UndoCaption();
-  const QString redoBefore = e.history.RedoCaption();
-  const int levelBefore = e.changeLevel;
-  EXPECT_FALSE(e.Apply(QStringLiteral("New")));  // every slot is held by a kept record
-  EXPECT_EQ(e.history.UndoCaption(), undoBefore);
-  EXPECT_EQ(e.history.RedoCaption(), redoBefore);
-  EXPECT_EQ(e.changeLevel, levelBefore);
-  EXPECT_EQ(e.history.Count(), 8);
-}
-
-TEST(UndoHistory, UndoAndRedoLeaveTheChangeLevel) {
-  Editing e;
-  e.Apply(QStringLiteral("A"));
-  e.Apply(QStringLiteral("B"));
-  e.Apply(QStringLiteral("C"));
-  EXPECT_EQ(e.changeLevel, 2);  // capped
-  e.history.Undo();
-  e.history.Redo();
-  EXPECT_EQ(e.changeLevel, 2);
 }
 
 TEST(UndoHistory, SlotsAreReusedOnceTheirStateIsGone) {

@@ -1,5 +1,5 @@
 // frmDiseno on the offscreen platform, driven by real key and mouse events.
-#include "app/Help.h"
+#include "widgets/Help.h"
 #include "edit/DialogDescriptions.h"
 #include "edit/frmDiseno.h"
 #include "support/DialogAnswerer.h"
@@ -153,11 +153,11 @@ TEST(frmDiseno, RotateButtonsSetTheAngle) {
 
 TEST(frmDiseno, F1AsksForTheMenuGroupsHelpTopic) {
   QString asked;
-  app::SetHelpHandler([&](const QString& topic) { asked = topic; });
+  widgets::SetHelpHandler([&](const QString& topic) { asked = topic; });
   frmDiseno dialog(Description("mnuImageFiltersNoise"), k800x600, std::nullopt, {});
   dialog.show();
   QTest::keyClick(&dialog, Qt::Key_F1);
-  app::SetHelpHandler({});
+  widgets::SetHelpHandler({});
   EXPECT_EQ(asked, QStringLiteral("Image Filters"));
 }
 

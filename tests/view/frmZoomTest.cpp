@@ -1,5 +1,5 @@
 // frmZoom on the offscreen platform, typed into as a user would.
-#include "app/Help.h"
+#include "widgets/Help.h"
 #include "support/DialogAnswerer.h"
 #include "view/frmZoom.h"
 
@@ -61,11 +61,11 @@ TEST(frmZoom, OutOfRangeValuesAreRefusedAndTheDialogStays) {
 
 TEST(frmZoom, EscapeCancelsAndF1AsksForZoomFunctions) {
   QString topic;
-  app::SetHelpHandler([&](const QString& asked) { topic = asked; });
+  widgets::SetHelpHandler([&](const QString& asked) { topic = asked; });
   view::frmZoom dialog(100);
   dialog.show();
   QTest::keyClick(&dialog, Qt::Key_F1);
-  app::SetHelpHandler({});
+  widgets::SetHelpHandler({});
   EXPECT_EQ(topic, QStringLiteral("Zoom Functions"));
   QTest::keyClick(Box(dialog), Qt::Key_Escape);
   EXPECT_EQ(dialog.result(), QDialog::Rejected);

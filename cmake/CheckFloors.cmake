@@ -1,0 +1,25 @@
+# Fails when a file of src/ includes a header of a higher floor. The floors, lowest
+# first; a folder may include its own headers and those of any floor below it.
+#   cmake -DSOURCE_DIR=src -P cmake/CheckFloors.cmake
+set(floors base settings widgets imaging browse files edit view document print slideshow shell app)
+
+file(GLOB_RECURSE sources RELATIVE "${SOURCE_DIR}" "${SOURCE_DIR}/*.h" "${SOURCE_DIR}/*.cpp")
+set(violations "")
+foreach(source IN LISTS sources)
+  string(REGEX MATCH "^[^/]+" folder "${source}")
+  list(FIND floors "${folder}" own)
+  if(own EQUAL -1)
+    continue()
+  endif()
+  file(STRINGS "${SOURCE_DIR}/${source}" includes REGEX "^#include \"[a-z]+/")
+  foreach(line IN LISTS includes)
+    string(REGEX REPLACE "^#include \"([a-z]+)/.*" "\\1" target "${line}")
+    list(FIND floors "${target}" other)
+    if(other GREATER own)
+      string(APPEND violations "  ${source}: ${line} (${folder} is below ${target})\n")
+    endif()
+  endforeach()
+endforeach()
+if(violations)
+  message(FATAL_ERROR "A lower floor includes a higher one:\n${violations}")
+endif()

@@ -1,0 +1,221 @@
+// Every command of the main window, declared once; then the menus, the list's context
+// menu `mnuList` and the toolbar `ctlToolbar`, built from the table by name. A command
+// declared without a handler is shown and stays disabled: it is not available yet.
+#include "app/frmMain.h"
+
+#include "edit/Catalogue.h"
+#include "view/Viewport.h"
+
+#include <QMenu>
+#include <QMenuBar>
+#include <QToolBar>
+#include <QToolButton>
+#include <QTreeView>
+
+namespace app {
+
+namespace {
+
+using document::ViewMode;
+
+// The editing operations, in their menus' order; what they do is in edit::Catalogue.
+constexpr Command kImageCommands[] = {
+    {"mnuColorsBrightness", "&Brightness..."},
+    {"mnuColorsContrast", "&Contrast..."},
+    {"mnuColorsGamma", "&Gamma..."},
+    {"mnuColorsHSL", "&Hue / Saturation / Luminance..."},
+    {"mnuColorsRGB", "&Red / Green / Blue..."},
+    {"mnuColorsSolarize", "&Solarize..."},
+    {"mnuColorsEqualize", "&Equalize"},
+    {"mnuColorsNegative", "&Negative"},
+    {"mnuColorsGrayScale", "Gr&ay Scale"},
+    {"mnuColorsColorDepth1Bit", "&1 Bit (2 Colors)"},
+    {"mnuColorsColorDepth4Bits", "&4 Bits (16 Colors)"},
+    {"mnuColorsColorDepth8Bits", "&8 Bits (256 Colors)"},
+    {"mnuColorsColorDepth24Bits", "&24 Bits (True Color)"},
+    {"mnuColorsConcaveParabolic", "Conca&ve Parabolic"},
+    {"mnuColorsConvexParabolic", "Conve&x Parabolic"},
+    {"mnuColorsRedEye", "Red E&ye Removal"},
+    {"mnuImageFlip", "F&lip"},
+    {"mnuImageMirror", "&Mirror"},
+    {"mnuImageRotate", "&Rotate..."},
+    {"mnuImageResize", "Re&size..."},
+    {"mnuImageCrop", "&Crop"},
+    {"mnuImagePerspective", "Perspecti&ve..."},
+    {"mnuImagePinch", "P&inch..."},
+    {"mnuImageRipple", "Ri&pple..."},
+    {"mnuImageSwirl", "S&wirl..."},
+    {"mnuImageFiltersBlend", "&Blend..."},
+    {"mnuImageFiltersBlur", "B&lur"},
+    {"mnuImageFiltersDiffuse", "&Diffuse"},
+    {"mnuImageFiltersDilate", "D&ilate"},
+    {"mnuImageFiltersErode", "&Erode"},
+    {"mnuImageFiltersMedian", "Medi&an"},
+    {"mnuImageFiltersMosaic", "&Mosaic..."},
+    {"mnuImageFiltersMotionBlur", "Mo&tion Blur..."},
+    {"mnuImageFiltersNoise", "&Noise..."},
+    {"mnuImageFiltersSharpen", "&Sharpen..."},
+    {"mnuImageFiltersSoften", "S&often..."},
+};
+
+}  // namespace
+
+void frmMain::DeclareCommands() {
+  DeclareFileCommands();
+  DeclareEditCommands();
+  DeclareViewCommands();
+  DeclareImageCommands();
+  DeclareToolsAndHelpCommands();
+}
+
+void frmMain::DeclareFileCommands() {
+  CommandTable& t = commands_;
+  t.Declare({"mnuFileOpenFolder", "Open &Folder...", Qt::CTRL | Qt::SHIFT | Qt::Key_O, "folder-open", "Open Folder"},
+            {[this] { RunOpenFolder(); }});
+  t.Declare({"mnuFileOpenFile", "&Open File...", Qt::CTRL | Qt::Key_O, "document-open", "Open"}, {[this] { RunOpenFile(); }});
+  t.Declare({"mnuFileClose", "&Close", Qt::CTRL | Qt::Key_W});
+  t.Declare({"mnuFileSave", "&Save", Qt::CTRL | Qt::Key_S, "document-save", "Save"},
+            {[this] { RunSave(); }, [this] { return CanSave(); }});
+  t.Declare({"mnuFileSaveAs", "Save &As...", Qt::CTRL | Qt::SHIFT | Qt::Key_S}, {[this] { RunSaveAs(); }, [this] { return CanSaveAs(); }});
+  t.Declare({"mnuFileCopyTo", "Cop&y To..."});
+  t.Declare({"mnuFileMoveTo", "&Move To..."});
+  t.Declare({"mnuFileRename", "Re&name", Qt::Key_F2}, {[this] { RenameCurrentEntry(); }, [this] {
+                                                   return document_.View() == ViewMode::ListAndImage &&
+                                                          lisLista_->currentIndex().isValid();
+                                                 }});
+  t.Declare({"mnuFileDelete", "&Delete", Qt::Key_Delete});
+  t.Declare({"mnuFileProperties", "Prop&erties...", Qt::ALT | Qt::Key_Return});
+  t.Declare({"mnuFileExit", "E&xit", Qt::CTRL | Qt::Key_Q}, {[this] { close(); }});
+  t.Declare({"mnuListFullScreen", "&Full Screen"});
+  t.Declare({"mnuListSetWallpaper", "&Set Wallpaper"});
+  t.Declare({"mnuListProperties", "Pr&operties..."});
+}
+
+void frmMain::DeclareEditCommands() {
+  CommandTable& t = commands_;
+  const document::Document::History& history = document_.UndoHistory();
+  t.Declare({"mnuEditUndo", "&Undo", Qt::CTRL | Qt::Key_Z, "edit-undo", "Undo"},
+            {[this] { document_.Undo(); }, [this] { return document_.CanEdit() && document_.UndoHistory().CanUndo(); },
+             {}, [&history] { return history.UndoCaption(); }, [&history] { return history.UndoTooltip(); }});
+  t.Declare({"mnuEditRedo", "&Redo", Qt::CTRL | Qt::Key_Y, "edit-redo", "Redo"},
+            {[this] { document_.Redo(); }, [this] { return document_.CanEdit() && document_.UndoHistory().CanRedo(); },
+             {}, [&history] { return history.RedoCaption(); }, [&history] { return history.RedoTooltip(); }});
+  t.Declare({"mnuEditCopy", "&Copy", Qt::CTRL | Qt::Key_C}, {[this] { CopyToClipboard(); }, [this] { return document_.CanEdit(); }});
+  t.Declare({"mnuEditSelectNone", "Select &None", Qt::Key_Escape}, {[this] { picFondo_->SelectNone(); }, [this] { return CanZoom(); }});
+}
+
+void frmMain::DeclareViewCommands() {
+  CommandTable& t = commands_;
+  const auto viewMode = [this](ViewMode mode) -> CommandRules {
+    return {[this, mode] { document_.SetViewMode(mode); }, {}, [this, mode] { return document_.View() == mode; }};
+  };
+  t.Declare({"mnuViewImage", "&Image"}, viewMode(ViewMode::Image));
+  t.Declare({"mnuViewListAndImage", "&List and Image"}, viewMode(ViewMode::ListAndImage));
+  t.Declare({"mnuViewThumbnails", "&Thumbnails"}, {{}, {}, [this] { return document_.View() == ViewMode::Thumbnails; }});
+  // The toolbar's View button: a click swaps Image and List and Image; its arrow drops the modes.
+  t.Declare({"mnuViewBoton", "View", {}, "view-list-icons", "View"}, {[this] {
+              document_.SetViewMode(document_.View() == ViewMode::Image ? ViewMode::ListAndImage : ViewMode::Image);
+            }});
+  const auto zoom = [this](std::function<void()> run) -> CommandRules { return {std::move(run), [this] { return CanZoom(); }}; };
+  t.Declare({"mnuViewOriginalSize", "&Original Size", Qt::CTRL | Qt::Key_0}, zoom([this] { ZoomTo(100, view::Pending::None); }));
+  t.Declare({"mnuViewFit", "&Fit", Qt::CTRL | Qt::Key_F, "zoom-fit-best", "Fit"},
+            zoom([this] { ZoomTo(picFondo_->FitPercentage(), view::Pending::None); }));
+  CommandRules alwaysFit = zoom([this] { ToggleAlwaysFit(); });
+  alwaysFit.Checked = [this] { return state_.Settings.FitToWindow; };
+  t.Declare({"mnuViewAlwaysFit", "&Always Fit"}, alwaysFit);
+  t.Declare({"mnuViewZoomIn", "Zoom I&n", Qt::Key_Plus, "zoom-in", "Zoom In"}, zoom([this] { StepZoom(+1); }));
+  t.Declare({"mnuViewZoomOut", "Zoom O&ut", Qt::Key_Minus, "zoom-out", "Zoom Out"}, zoom([this] { StepZoom(-1); }));
+  t.Declare({"mnuViewZoom", "&Zoom...", Qt::CTRL | Qt::SHIFT | Qt::Key_Z}, zoom([this] { RunZoomDialog(); }));
+  t.Declare({"mnuViewZoomToSelection", "Zoom to Sele&ction"}, zoom([this] { RunZoomToSelection(); }));
+  t.Declare({"mnuViewFullScreen", "Full Scr&een", Qt::Key_F11, "view-fullscreen", "Full Screen"});
+  t.Declare({"mnuViewToolbar", "Tool&bar"}, {[this] {
+                                               state_.Settings.ShowToolbar = !state_.Settings.ShowToolbar;
+                                               LayOut();
+                                             },
+                                             {},
+                                             [this] { return state_.Settings.ShowToolbar; }});
+  t.Declare({"mnuViewStatusBar", "Status ba&r"}, {[this] {
+                                                    state_.Settings.ShowStatusBar = !state_.Settings.ShowStatusBar;
+                                                    LayOut();
+                                                  },
+                                                  {},
+                                                  [this] { return state_.Settings.ShowStatusBar; }});
+}
+
+void frmMain::DeclareImageCommands() {
+  for (const Command& command : kImageCommands) {
+    const edit::CatalogueCommand* operation = edit::FindCatalogueCommand(QLatin1String(command.Name));
+    if (!operation) continue;
+    commands_.Declare(command, {[this, operation] { RunCatalogueCommand(*operation); },
+                                [this] { return CanRunImageCommand(); }});
+  }
+}
+
+void frmMain::DeclareToolsAndHelpCommands() {
+  CommandTable& t = commands_;
+  t.Declare({"mnuToolsSlideShow", "&Slide Show...", {}, "media-playback-start", "Slide Show"});
+  t.Declare({"mnuToolsSetWallpaper", "Se&t Wallpaper"});
+  t.Declare({"mnuToolsRemoveWallpaper", "&Remove Wallpaper"});
+  t.Declare({"mnuToolsTiposArchivo", "&Associate File Types with Vistrel..."});
+  t.Declare({"mnuToolsBorrarListaReciente", "&Clear List of Recent Folders"});
+  t.Declare({"mnuToolsOptions", "&Options..."});
+  t.Declare({"mnuHelpContents", "&Contents", Qt::Key_F1});
+  t.Declare({"mnuHelpAbout", "&About Vistrel"});
+}
+
+void frmMain::BuildMenus() {
+  const auto menu = [this](const char* name, const char* caption, const std::vector<const char*>& layout) {
+    QMenu* added = menuBar()->addMenu(QLatin1String(caption));
+    added->setObjectName(QLatin1String(name));
+    commands_.FillMenu(*added, layout);
+  };
+  menu("mnuFile", "&File",
+       {"mnuFileOpenFolder", "mnuFileOpenFile", "mnuFileClose", "-", "mnuFileSave", "mnuFileSaveAs", "-",
+        "mnuFileCopyTo", "mnuFileMoveTo", "mnuFileRename", "mnuFileDelete", "-", "mnuFileProperties", "-",
+        "mnuFileExit"});
+  menu("mnuEdit", "&Edit", {"mnuEditUndo", "mnuEditRedo", "-", "mnuEditCopy", "-", "mnuEditSelectNone"});
+  menu("mnuView", "&View",
+       {"mnuViewImage", "mnuViewListAndImage", "mnuViewThumbnails", "-", "mnuViewOriginalSize", "mnuViewFit",
+        "mnuViewAlwaysFit", "mnuViewZoomIn", "mnuViewZoomOut", "mnuViewZoom", "mnuViewZoomToSelection", "-",
+        "mnuViewFullScreen", "-", "mnuViewToolbar", "mnuViewStatusBar"});
+  menu("mnuColors", "&Colors",
+       {"mnuColorsBrightness", "mnuColorsContrast", "mnuColorsGamma", "mnuColorsHSL", "mnuColorsRGB",
+        "mnuColorsSolarize", "mnuColorsEqualize", "mnuColorsNegative", "mnuColorsGrayScale",
+        "@mnuColorsColorDepth|Color &Depth", "mnuColorsColorDepth1Bit", "mnuColorsColorDepth4Bits",
+        "mnuColorsColorDepth8Bits", "mnuColorsColorDepth24Bits", "@", "mnuColorsConcaveParabolic",
+        "mnuColorsConvexParabolic", "mnuColorsRedEye"});
+  menu("mnuImage", "&Image",
+       {"@mnuImageFilters|&Filters", "mnuImageFiltersBlend", "mnuImageFiltersBlur", "mnuImageFiltersDiffuse",
+        "mnuImageFiltersDilate", "mnuImageFiltersErode", "mnuImageFiltersMedian", "mnuImageFiltersMosaic",
+        "mnuImageFiltersMotionBlur", "mnuImageFiltersNoise", "mnuImageFiltersSharpen", "mnuImageFiltersSoften", "@",
+        "-", "mnuImageFlip", "mnuImageMirror", "mnuImageRotate", "mnuImageResize", "mnuImageCrop",
+        "mnuImagePerspective", "mnuImagePinch", "mnuImageRipple", "mnuImageSwirl"});
+  menu("mnuTools", "&Tools",
+       {"mnuToolsSlideShow", "mnuToolsSetWallpaper", "mnuToolsRemoveWallpaper", "-", "mnuToolsTiposArchivo",
+        "mnuToolsBorrarListaReciente", "-", "mnuToolsOptions"});
+  menu("mnuHelp", "&Help", {"mnuHelpContents", "-", "mnuHelpAbout"});
+
+  mnuList_ = new QMenu(this);
+  mnuList_->setObjectName(QStringLiteral("mnuList"));
+  commands_.FillMenu(*mnuList_,
+                     {"mnuListFullScreen", "mnuFileRename", "mnuListSetWallpaper", "-", "mnuListProperties"});
+  connect(mnuList_, &QMenu::aboutToShow, this, [this] { commands_.Refresh(); });
+}
+
+void frmMain::BuildToolbar() {
+  ctlToolbar_->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+  ctlToolbar_->setIconSize(QSize(24, 24));
+  QAction* viewButton = commands_.Get(QStringLiteral("mnuViewBoton"));
+  auto* popup = new QMenu(this);
+  popup->setObjectName(QStringLiteral("frmMenuBotonView"));
+  commands_.FillMenu(*popup, {"mnuViewImage", "mnuViewListAndImage", "mnuViewThumbnails"});
+  viewButton->setMenu(popup);
+  commands_.FillToolbar(*ctlToolbar_, {"mnuFileOpenFolder", "mnuFileOpenFile", "mnuFileSave", nullptr, "mnuEditUndo",
+                                       "mnuEditRedo", nullptr, "mnuViewZoomIn", "mnuViewZoomOut", "mnuViewFit",
+                                       "mnuViewBoton", "mnuViewFullScreen", nullptr, "mnuToolsSlideShow"});
+  if (auto* button = qobject_cast<QToolButton*>(ctlToolbar_->widgetForAction(viewButton))) {
+    button->setPopupMode(QToolButton::MenuButtonPopup);
+  }
+}
+
+}  // namespace app

@@ -1,0 +1,117 @@
+// Open Folder, Open File, Save and Save As, and the questions the document asks.
+#include "app/frmMain.h"
+
+#include "base/Paths.h"
+#include "files/FileDialogs.h"
+#include "settings/RecentFolders.h"
+#include "view/Viewport.h"
+#include "widgets/BusyPointer.h"
+
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QTreeView>
+
+namespace app {
+
+namespace {
+
+QString LowerSuffix(const QString& path) { return QFileInfo(path).suffix().toLower(); }
+
+}  // namespace
+
+bool frmMain::CanSave() const {
+  return document_.CanEdit() && !document_.CurrentFilePath().isEmpty();
+}
+
+bool frmMain::CanSaveAs() const { return document_.ImageLoaded() && !document_.CurrentFilePath().isEmpty(); }
+
+// The platform's folder chooser, then the chosen folder opens in List and Image. False
+// when nothing was opened.
+bool frmMain::RunOpenFolder() {
+  if (!document_.ConfirmSaveChanges()) return false;
+  if (!isVisible()) {
+    LayOut();
+    show();
+  }
+  const QString chosen = base::StripTrailingBackslashes(
+      QFileDialog::getExistingDirectory(this, QStringLiteral("Open Folder"), state_.Settings.LastFolder));
+  picFondo_->update();
+  if (chosen.isEmpty()) return false;
+  settings::AddRecentFolder(state_.Settings, chosen);
+  document_.OpenChosenFolder(chosen);
+  lisLista_->setFocus();
+  return true;
+}
+
+void frmMain::RunOpenFile() {
+  if (!document_.ConfirmSaveChanges()) return;
+  widgets::FileDialogRequest request;
+  request.Title = QStringLiteral("Open File");
+  request.NameFilters = files::QtNameFilters(files::OpenFileFilters());
+  request.ProposedPath = state_.Settings.LastOpenKind == settings::kOpenFile
+                             ? QFileInfo(state_.Settings.LastFile).absolutePath()
+                             : state_.Settings.LastFolder;
+  const widgets::FileDialogAnswer answer = chooseFile_(this, request);
+  if (answer.Path.isEmpty()) return;
+  document_.OpenFile(answer.Path);
+}
+
+void frmMain::ShowCantSave(const QString& path, const QString& title) {
+  widgets::RestorePointer();
+  QMessageBox::warning(this, title, QStringLiteral("Can't save file") + files::ReadOnlyNote(path));
+  picFondo_->update();
+}
+
+// Save: false only when the write failed. Without an image to save, or for a type that
+// cannot be written, it does nothing and reports no failure, so the save question then
+// goes on without the changes.
+bool frmMain::RunSave() {
+  if (!CanSave()) return true;
+  const QString target = document_.CurrentFilePath();
+  if (files::CannotBeWritten(LowerSuffix(target))) return true;
+  widgets::ShowBusyPointer();
+  picFondo_->SelectNone();
+  if (!document_.SaveImageTo(target)) {
+    ShowCantSave(target, QStringLiteral("Save"));
+    return false;
+  }
+  widgets::RestorePointer();
+  RefreshStatusBar({});
+  return true;
+}
+
+void frmMain::RunSaveAs() {
+  const QString current = document_.CurrentFilePath();
+  widgets::FileDialogRequest request;
+  request.Title = QStringLiteral("Save As");
+  request.Save = true;
+  request.NameFilters = files::QtNameFilters(files::SaveAsFilters());
+  request.SelectedFilter = files::SaveAsFilterIndex(LowerSuffix(current));
+  request.ProposedPath = current;
+  const widgets::FileDialogAnswer answer = chooseFile_(this, request);
+  if (answer.Path.isEmpty()) return;
+  widgets::ShowBusyPointer();
+  picFondo_->SelectNone();
+  const QString target = files::WithSaveAsExtension(answer.Path, answer.FilterIndex);
+  if (!document_.SaveImageTo(target)) {
+    ShowCantSave(target, QStringLiteral("Save As"));
+    return;
+  }
+  document_.AfterSaveAs(target);
+  widgets::RestorePointer();
+}
+
+void frmMain::ShowExclamation(const QString& text) {
+  QMessageBox::warning(isVisible() ? this : nullptr, QStringLiteral("Vistrel"), text);
+}
+
+document::SaveChangesAnswer frmMain::AskSaveChanges(const QString& question) {
+  const auto answer = QMessageBox::warning(this, QStringLiteral("Save Changes"), question,
+                                           QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+  if (answer == QMessageBox::Yes) return document::SaveChangesAnswer::Yes;
+  if (answer == QMessageBox::No) return document::SaveChangesAnswer::No;
+  return document::SaveChangesAnswer::Cancel;
+}
+
+}  // namespace app

@@ -1,0 +1,81 @@
+// The editing commands: every Colors, Image and Filters operation runs through one
+// frame (its silent preconditions, the selection it needs, its parameter dialog, the
+// operation under the busy pointer, one undo step), and Edit > Copy.
+#include "app/frmMain.h"
+
+#include "edit/Catalogue.h"
+#include "edit/DialogDescriptions.h"
+#include "edit/frmDiseno.h"
+#include "imaging/Operations.h"
+#include "view/Viewport.h"
+#include "widgets/BusyPointer.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QMessageBox>
+
+namespace app {
+
+bool RunParameterDialog(edit::frmDiseno& dialog) { return dialog.exec() == QDialog::Accepted; }
+
+// Not in Thumbnails, an image shown, and not a metafile (drawings are not edited).
+bool frmMain::CanRunImageCommand() const { return document_.CanEdit() && !document_.IsMetafile(); }
+
+QRect frmMain::SelectionPixels() const {
+  const view::SelectionRecord& selection = picFondo_->Selection();
+  if (!selection.Exists()) return {};
+  return selection.Pixels(state_.Metrics.TwipsPerPixelX, state_.Metrics.TwipsPerPixelY);
+}
+
+void frmMain::RunCatalogueCommand(const edit::CatalogueCommand& command) {
+  if (!document_.CurrentImage()) return;
+  const QRect selection = SelectionPixels();
+  if (*command.SelectionMessage && selection.isEmpty()) {
+    QMessageBox::warning(this, QLatin1String(command.UndoName), QLatin1String(command.SelectionMessage));
+    return;
+  }
+  edit::Arguments arguments;
+  if (*command.DialogClass) {
+    const auto chosen = AskParameters(command);
+    if (!chosen) return;
+    arguments = *chosen;
+  } else {
+    arguments = edit::ArgumentsFrom(command, {}, selection);
+  }
+  widgets::BusyPointerGuard busy;
+  picFondo_->SelectNone();
+  document_.ApplyEdit(edit::Apply(command, *document_.CurrentImage(), arguments), QLatin1String(command.UndoName));
+}
+
+// The parameter dialog with a live preview; the chosen values, or the ones the dialog
+// showed when it opened where a box does not hold a number. Nothing on Cancel.
+std::optional<edit::Arguments> frmMain::AskParameters(const edit::CatalogueCommand& command) {
+  const QString description = edit::DialogDescriptionFor(QLatin1String(command.Command));
+  const base::NaturalSize natural = document_.Natural();
+  const edit::DialogContext context{natural.WidthTwips, natural.HeightTwips, state_.Metrics.TwipsPerPixelX,
+                                    state_.Metrics.TwipsPerPixelY};
+  QCoreApplication::processEvents();
+  edit::frmDiseno dialog(description, context, document_.CurrentImage(), edit::PreviewOperation(command), this);
+  const bool accepted = runParameterDialog_(dialog);
+  picFondo_->update();
+  if (!accepted) return std::nullopt;
+  edit::DialogModel atLoad(edit::ParseDialogDescription(description), context);
+  atLoad.Initialize();
+  return edit::CommandArguments(command, dialog.Values(), atLoad.Values());
+}
+
+// Edit > Copy: the selection, or the whole image, to the clipboard; the image unchanged.
+void frmMain::CopyToClipboard() {
+  if (!document_.CurrentImage()) return;
+  const QRect selection = SelectionPixels();
+  const imaging::Image& image = *document_.CurrentImage();
+  const QImage copied = (selection.isEmpty() ? image : imaging::ops::Crop(image, selection)).ToQImage();
+  QGuiApplication::clipboard()->setImage(copied.copy());
+}
+
+void frmMain::ShowEditedImage(const imaging::Image& image, bool removeSelection) {
+  if (removeSelection) picFondo_->SelectNone();
+  picFondo_->ReplaceImage(image, document_.Natural());
+}
+
+}  // namespace app

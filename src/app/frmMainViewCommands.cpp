@@ -1,0 +1,60 @@
+// The zoom and selection commands on the image panel `picFondo`, and the panel's own
+// requests (Ctrl+wheel, stepping through the folder).
+#include "app/frmMain.h"
+
+#include "view/Viewport.h"
+#include "view/Zoom.h"
+#include "view/frmZoom.h"
+
+#include <QMessageBox>
+
+namespace app {
+
+bool frmMain::CanZoom() const { return document_.CanEdit(); }
+
+void frmMain::ZoomTo(int percentage, view::Pending pending) { picFondo_->ApplyZoom(percentage, pending); }
+
+// Zoom In adds 20 and stops at 1000; Zoom Out goes the other way and stops at 10.
+void frmMain::StepZoom(int direction) {
+  const int now = picFondo_->Percentage();
+  if (const auto zoom = direction > 0 ? view::ZoomIn(now) : view::ZoomOut(now)) ZoomTo(*zoom, view::Pending::ZoomStep);
+}
+
+void frmMain::ToggleAlwaysFit() {
+  state_.Settings.FitToWindow = !state_.Settings.FitToWindow;
+  picFondo_->SetAlwaysFit(state_.Settings.FitToWindow);
+  ZoomTo(state_.Settings.FitToWindow ? picFondo_->FitPercentage() : 100, view::Pending::None);
+}
+
+void frmMain::RunZoomDialog() {
+  view::frmZoom dialog(picFondo_->Percentage(), this);
+  if (dialog.exec() == QDialog::Accepted) ZoomTo(dialog.Value(), view::Pending::ZoomStep);
+}
+
+void frmMain::RunZoomToSelection() {
+  if (!picFondo_->Selection().Exists()) {
+    QMessageBox::information(this, QStringLiteral("Zoom to Selection"), QStringLiteral("Please select an area to zoom"));
+    return;
+  }
+  ZoomTo(picFondo_->SelectionFitPercentage(), view::Pending::ZoomToSelection);
+}
+
+void frmMain::ConnectViewport() {
+  using view::Viewport;
+  connect(picFondo_, &Viewport::ZoomStepRequested, this, [this](int direction) {
+    commands_.Get(QLatin1String(direction > 0 ? "mnuViewZoomIn" : "mnuViewZoomOut"))->trigger();
+  });
+  connect(picFondo_, &Viewport::StepRequested, this, [this](int delta) { document_.Step(delta); });
+  connect(picFondo_, &Viewport::FirstRequested, this, [this] { document_.StepTo(0); });
+  connect(picFondo_, &Viewport::LastRequested, this, [this] { document_.StepTo(list_.Count() - 1); });
+  connect(picFondo_, &Viewport::ZoomChanged, this, [this] {
+    RefreshStatusBar({});
+    commands_.Refresh();
+  });
+  connect(picFondo_, &Viewport::SelectionChanged, this, [this] {
+    commands_.Refresh();
+    RefreshStatusBar({});
+  });
+}
+
+}  // namespace app

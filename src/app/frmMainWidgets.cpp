@@ -1,0 +1,97 @@
+// frmMain's widgets, its status bar panes, and what the document's signals change in them.
+#include "app/frmMain.h"
+
+#include "base/Paths.h"
+#include "document/StatusText.h"
+#include "view/Viewport.h"
+#include "widgets/Fonts.h"
+
+#include <QFileInfo>
+#include <QLabel>
+#include <QSplitter>
+#include <QStatusBar>
+#include <QToolBar>
+#include <QTreeView>
+
+namespace app {
+
+void frmMain::BuildWidgets() {
+  widgets::ApplyTahomaFont(*this);
+  splitter_ = new QSplitter(Qt::Horizontal, this);
+  splitter_->setChildrenCollapsible(false);
+  BuildListView();
+  picFondo_ = new view::Viewport(state_.Metrics, splitter_);
+  splitter_->addWidget(lisLista_);
+  splitter_->addWidget(picFondo_);
+  splitter_->setStretchFactor(1, 1);
+  splitter_->handle(1)->setObjectName(QStringLiteral("picSepa"));
+  connect(splitter_, &QSplitter::splitterMoved, this, [this] { OnSplitterMoved(); });
+  setCentralWidget(splitter_);
+
+  ctlToolbar_ = addToolBar(QStringLiteral("Toolbar"));
+  ctlToolbar_->setObjectName(QStringLiteral("ctlToolbar"));
+  ctlToolbar_->setMovable(false);
+  BuildStatusBar();
+}
+
+void frmMain::BuildStatusBar() {
+  statusBar()->setObjectName(QStringLiteral("picEstado"));
+  static const char* const kPaneNames[] = {"lblStatusName", "lblStatusPosition", "lblStatusSize", "lblStatusZoom",
+                                            "lblStatusFileSize"};
+  for (size_t i = 0; i < statusPanes_.size(); ++i) {
+    statusPanes_[i] = new QLabel(this);
+    statusPanes_[i]->setObjectName(QLatin1String(kPaneNames[i]));
+    if (i == 0) {
+      statusBar()->addWidget(statusPanes_[i], 1);
+    } else {
+      statusBar()->addPermanentWidget(statusPanes_[i]);
+    }
+  }
+}
+
+void frmMain::ConnectDocument() {
+  using document::Document;
+  connect(&document_, &Document::StateChanged, this, [this] { commands_.Refresh(); });
+  connect(&document_, &Document::ImageShown, this, &frmMain::ShowImage);
+  connect(&document_, &Document::ImageEdited, this, &frmMain::ShowEditedImage);
+  connect(&document_, &Document::StatusChanged, this, &frmMain::RefreshStatusBar);
+  connect(&document_, &Document::ListRowSelected, this, &frmMain::SelectListRow);
+  connect(&document_, &Document::ListFilled, this, &frmMain::FitListColumn);
+  connect(&document_, &Document::LayoutChanged, this, &frmMain::LayOut);
+  connect(&document_, &Document::NeighboursAnnounced, this, [this](const QStringList& paths) {
+    picFondo_->repaint();  // the new image first; then the worker may take the cores
+    if (const auto& shown = document_.CurrentImage()) prefetcher_.Warm(*shown);
+    prefetcher_.Prefetch(paths);
+  });
+}
+
+void frmMain::ShowImage(const imaging::Image* image) {
+  picFondo_->SetAlwaysFit(state_.Settings.FitToWindow);
+  picFondo_->SetImage(image ? std::optional<imaging::Image>(*image) : std::nullopt, document_.Natural(),
+                      state_.Settings.FitToWindow);
+}
+
+void frmMain::RefreshStatusBar(const QString& message) {
+  document::StatusFacts facts;
+  facts.Message = message;
+  const auto& image = document_.CurrentImage();
+  if (image) {
+    const QString path = document_.CurrentFilePath();
+    facts.DisplayName = base::DisplayName(path);
+    if (state_.Settings.LastOpenKind == settings::kOpenFolder) facts.Row = document_.ShownRow();
+    facts.Count = list_.Count();
+    facts.Width = image->Width();
+    facts.Height = image->Height();
+    facts.Percentage = picFondo_->Percentage();
+    const QFileInfo file(path);
+    if (file.isFile()) facts.FileBytes = file.size();
+  }
+  const document::StatusTexts texts = document::ComposeStatus(facts);
+  const QString* panes[] = {&texts.Name, &texts.Position, &texts.Size, &texts.Zoom, &texts.FileSize};
+  for (size_t i = 0; i < statusPanes_.size(); ++i) {
+    statusPanes_[i]->setText(*panes[i]);
+    statusPanes_[i]->setVisible(!panes[i]->isEmpty());
+  }
+}
+
+}  // namespace app

@@ -1,0 +1,14 @@
+#pragma once
+// Colours are stored as 32-bit numbers in &HBBGGRR order (blue in the high byte).
+
+#include <QColor>
+
+#include <cstdint>
+
+namespace base {
+
+inline QColor ColorFromBgr(std::int32_t value) {
+  return QColor(value & 0xFF, (value >> 8) & 0xFF, (value >> 16) & 0xFF);
+}
+
+}  // namespace base

@@ -1,0 +1,49 @@
+#include "base/Paths.h"
+
+#include "base/NumberRules.h"
+
+#include <QFileInfo>
+
+namespace base {
+
+QString JoinPath(const QString& folder, const QString& name) {
+  if (folder.endsWith(kSeparator)) return folder + name;
+  return folder + kSeparator + name;
+}
+
+QString FileExtension(const QString& path) {
+  const qsizetype dot = path.lastIndexOf(u'.');
+  if (dot < 0) return {};
+  return numbers::TrimBlanks(path.mid(dot + 1)).toLower();
+}
+
+QString FileNamePart(const QString& path) { return path.mid(path.lastIndexOf(kSeparator) + 1); }
+
+namespace {
+
+// name == name.toUpper(), without building the upper-case copy for the usual mixed name.
+bool IsEntirelyUpperCase(const QString& name) {
+  for (const QChar c : name) {
+    if (c.isLower() || c.toUpper() != c) return false;
+  }
+  return name == name.toUpper();
+}
+
+}  // namespace
+
+QString DisplayName(const QString& path) {
+  const QString name = FileNamePart(path);
+  if (name.isEmpty() || !IsEntirelyUpperCase(name)) return name;
+  return name.left(1).toUpper() + name.mid(1).toLower();
+}
+
+QString StripTrailingBackslashes(const QString& path) {
+  QString result = path;
+  const qsizetype keep = (kSeparator == u'/') ? 1 : 0;  // "/" is a folder of its own on Linux
+  while (result.size() > keep && result.endsWith(kSeparator)) result.chop(1);
+  return result;
+}
+
+bool FolderExists(const QString& path) { return !path.isEmpty() && QFileInfo(path).isDir(); }
+
+}  // namespace base

@@ -1,0 +1,19 @@
+#include "document/CommandLine.h"
+
+#include "base/NumberRules.h"
+#include "base/Paths.h"
+
+namespace document {
+
+QString JoinArguments(const QStringList& argumentsAfterProgram) { return argumentsAfterProgram.join(u' '); }
+
+QString CommandLinePath(const QString& commandLine) {
+  QString path = numbers::TrimBlanks(commandLine);
+  if (!path.isEmpty()) {
+    if (path.startsWith(u'"')) path = numbers::TrimBlanks(path.mid(1));
+    if (path.endsWith(u'"')) path = numbers::TrimBlanks(path.chopped(1));
+  }
+  return base::StripTrailingBackslashes(path);
+}
+
+}  // namespace document

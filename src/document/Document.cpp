@@ -1,0 +1,236 @@
+#include "document/Document.h"
+
+#include "widgets/BusyPointer.h"
+#include "document/CommandLine.h"
+#include "base/NumberRules.h"
+#include "base/Paths.h"
+#include "settings/RecentFolders.h"
+#include "files/FileOperations.h"
+
+#include <QFileInfo>
+
+namespace document {
+
+Document::Document(AppState& state, browse::FileListModel& list, DocumentPrompts& prompts, Loader loader)
+    : state_(state), list_(list), prompts_(prompts), loader_(std::move(loader)) {}
+
+StartupEnd Document::OpenAtStartup(const QString& commandLine) {
+  const QString path = CommandLinePath(commandLine);
+  if (!path.isEmpty()) {
+    if (base::FolderExists(path)) {
+      OpenFolderFromCommandLine(path);
+    } else {
+      OpenSingleFile(path, /*reportFailure=*/true);
+    }
+    return StartupEnd::Normal;
+  }
+  switch (state_.Settings.StartOption) {
+    case 0:
+      ForgetWhatIsOpen();
+      break;
+    case 1:
+      OpenWhatWasOpenLastTime();
+      break;
+    case 2:
+      ForgetWhatIsOpen();
+      return StartupEnd::OpenFolderDialogWanted;
+    default:
+      break;  // an unknown option does nothing
+  }
+  return StartupEnd::Normal;
+}
+
+void Document::ForgetWhatIsOpen() {
+  state_.Settings.LastFile.clear();
+  state_.Settings.LastFolder.clear();
+  state_.Settings.LastOpenKind = settings::kOpenNothing;
+  viewMode_ = ViewMode::Image;
+}
+
+void Document::OpenFolderFromCommandLine(const QString& folder) {
+  settings::SettingsStore& s = state_.Settings;
+  s.LastFile.clear();
+  s.LastFolder = folder;
+  s.LastOpenKind = settings::kOpenFolder;
+  viewMode_ = ViewMode::ListAndImage;
+  settings::AddRecentFolder(s, folder);
+  ScanFolder();
+  OpenFirstEntry();
+}
+
+void Document::OpenWhatWasOpenLastTime() {
+  const settings::SettingsStore& s = state_.Settings;
+  viewMode_ = ViewMode::Image;
+  if (s.LastOpenKind == settings::kOpenFile) OpenSingleFile(s.LastFile, /*reportFailure=*/false);
+  if (s.LastOpenKind == settings::kOpenFolder) OpenLastFolder();
+}
+
+void Document::OpenLastFolder() {
+  if (!base::FolderExists(state_.Settings.LastFolder)) {
+    ForgetWhatIsOpen();
+    return;
+  }
+  viewMode_ = ViewMode::ListAndImage;
+  ScanFolder();
+  OpenFirstEntry();
+}
+
+void Document::OpenFirstEntry() {
+  if (list_.Count() == 0) return;
+  Q_EMIT ListRowSelected(0);
+  ClickEntry(0);
+}
+
+bool Document::OpenSingleFile(const QString& path, bool reportFailure) {
+  settings::SettingsStore& s = state_.Settings;
+  s.LastFile = path;
+  s.LastFolder.clear();
+  s.LastOpenKind = settings::kOpenFile;
+  viewMode_ = ViewMode::Image;
+  Load(path);
+  if (!image_) {
+    s.LastFile.clear();
+    s.LastOpenKind = settings::kOpenNothing;
+    if (reportFailure) {
+      widgets::RestorePointer();
+      prompts_.ShowExclamation(QStringLiteral("Can't open file"));
+    }
+    return false;
+  }
+  StartHistory();
+  ShowImage();
+  return true;
+}
+
+void Document::ScanFolder() {
+  list_.SetEntries(browse::ScanFolder(state_.Settings.LastFolder, state_.Settings.ImageExtensionsOnly));
+  Q_EMIT ListFilled();
+  Q_EMIT ListRowSelected(-1);
+  shownRow_ = -1;
+}
+
+void Document::Load(const QString& path) {
+  auto loaded = loader_(path);
+  image_.reset();
+  natural_ = {};
+  if (!loaded) return;
+  image_ = std::move(loaded->Picture);
+  natural_ = loaded->Natural;
+}
+
+void Document::ClearCurrentImage() {
+  history_.Clear();
+  image_.reset();
+  natural_ = {};
+  ShowImage();
+  Q_EMIT StatusChanged({});
+}
+
+void Document::ShowImage() {
+  Q_EMIT ImageShown(image_ ? &*image_ : nullptr);
+  Q_EMIT StateChanged();
+}
+
+QString Document::EntryPath(int row) const { return base::JoinPath(state_.Settings.LastFolder, list_.Entry(row).FileName); }
+
+void Document::SetViewMode(ViewMode mode) {
+  viewMode_ = mode;
+  Q_EMIT StateChanged();
+  Q_EMIT LayoutChanged();
+}
+
+bool Document::IsMetafile() const {
+  const QString extension = QFileInfo(CurrentFilePath()).suffix().toLower();
+  return extension == QLatin1String("wmf") || extension == QLatin1String("emf");
+}
+
+void Document::ClickEntry(int row) {
+  if (row < 0 || row >= list_.Count()) return;
+  if (row == shownRow_) {
+    Q_EMIT StatusChanged({});
+    return;
+  }
+  if (!ConfirmSaveChanges()) {
+    Q_EMIT ListRowSelected(shownRow_);
+    return;
+  }
+  widgets::BusyPointerGuard busy;
+  ClearCurrentImage();
+  shownRow_ = -1;
+  Load(EntryPath(row));
+  if (image_) {
+    shownRow_ = row;
+    StartHistory();  // so that Undo can go back to the image as loaded
+    ShowImage();
+  }
+  Q_EMIT LayoutChanged();
+  Q_EMIT StatusChanged({});
+  AnnounceNeighbours();
+}
+
+void Document::AnnounceNeighbours() {
+  if (shownRow_ < 0) return;
+  QStringList paths;
+  for (const int row : {shownRow_ + direction_, shownRow_ - direction_}) {
+    if (row >= 0 && row < list_.Count()) paths << EntryPath(row);
+  }
+  Q_EMIT NeighboursAnnounced(paths);
+}
+
+void Document::StepTo(int row) {
+  if (state_.Settings.LastOpenKind != settings::kOpenFolder || row < 0 || row >= list_.Count() || row == shownRow_) return;
+  direction_ = row < shownRow_ ? -1 : 1;
+  Q_EMIT ListRowSelected(row);
+  ClickEntry(row);
+}
+
+QString Document::ForbiddenNameMessage() {
+  return QStringLiteral("The file name can't include any of the following characters: \\ / : ? ") + u'"' +
+         QStringLiteral(" < > |");
+}
+
+bool Document::RenameEntry(int row, const QString& newText) {
+  if (row < 0 || row >= list_.Count()) return false;
+  const QString name = numbers::TrimBlanks(newText);
+  static const QString kForbidden = QStringLiteral("\\/:?\"<>|");
+  for (const QChar c : name) {
+    if (kForbidden.contains(c)) {
+      prompts_.ShowExclamation(ForbiddenNameMessage());
+      return false;
+    }
+  }
+  const browse::FileEntry old = list_.Entry(row);
+  const QString& folder = state_.Settings.LastFolder;
+  if (!files::RenameFile(base::JoinPath(folder, old.FileName), base::JoinPath(folder, name))) return false;
+  const int newRow = list_.ReplaceAndResort(row, {base::DisplayName(name), name});
+  if (shownRow_ == row) shownRow_ = newRow;
+  Q_EMIT ListRowSelected(newRow);
+  Q_EMIT StatusChanged({});
+  return true;
+}
+
+void Document::OpenChosenFolder(const QString& folder) {
+  widgets::BusyPointerGuard busy;
+  settings::SettingsStore& s = state_.Settings;
+  s.LastFolder = folder;
+  s.LastOpenKind = settings::kOpenFolder;
+  viewMode_ = ViewMode::ListAndImage;
+  Q_EMIT StateChanged();
+  ClearCurrentImage();
+  list_.Clear();
+  Q_EMIT StatusChanged({});
+  ScanFolder();
+  Q_EMIT LayoutChanged();
+  OpenFirstEntry();
+}
+
+QString Document::CurrentFilePath() const {
+  const settings::SettingsStore& s = state_.Settings;
+  if (s.LastOpenKind == settings::kOpenFile) return s.LastFile;
+  if (s.LastOpenKind == settings::kOpenFolder && shownRow_ >= 0) {
+    return base::JoinPath(s.LastFolder, list_.Entry(shownRow_).FileName);
+  }
+  return {};
+}
+
+}  // namespace document

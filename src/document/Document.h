@@ -1,0 +1,140 @@
+#pragma once
+// What is open and how it gets opened, without widgets: the command line and the start
+// option, a click on a list entry, stepping through the folder, renaming, a chosen
+// folder, Open File, saving, and the undo history of the image shown. The document owns
+// this state and says when it changes through its signals; whether an image is shown
+// and the change level are read from it, never kept beside it. The few questions it
+// must ask the user go through DocumentPrompts.
+
+#include "base/Twips.h"
+#include "browse/FileListModel.h"
+#include "document/AppState.h"
+#include "document/SaveChanges.h"
+#include "edit/UndoHistory.h"
+#include "files/LoadImageFile.h"
+#include "imaging/Image.h"
+#include "imaging/PackedImage.h"
+
+#include <QObject>
+#include <QStringList>
+
+#include <functional>
+#include <optional>
+
+namespace document {
+
+enum class ViewMode : int { Image = 0, ListAndImage = 1, Thumbnails = 2 };
+
+class DocumentPrompts {
+ public:
+  virtual ~DocumentPrompts() = default;
+  virtual void ShowExclamation(const QString& text) = 0;
+  virtual SaveChangesAnswer AskSaveChanges(const QString& question) = 0;
+  // The Save command, for a Yes to the question: false when the write failed.
+  virtual bool SaveForPrompt() = 0;
+};
+
+enum class StartupEnd { Normal, OpenFolderDialogWanted };
+
+class Document : public QObject {
+  Q_OBJECT
+
+ public:
+  using Loader = std::function<std::optional<files::LoadedImage>(const QString& path)>;
+  using History = edit::UndoHistory<imaging::PackedImage>;
+
+  Document(AppState& state, browse::FileListModel& list, DocumentPrompts& prompts, Loader loader);
+
+  // The command line wins; otherwise the start option. Option 2 leaves nothing open and
+  // asks the caller for the Open Folder command.
+  StartupEnd OpenAtStartup(const QString& commandLine);
+
+  void ScanFolder();
+  void ClickEntry(int row);
+  // Next and previous image, first and last: the list's selection moves and the entry
+  // opens as a click on it would. Nothing beyond either end.
+  void StepTo(int row);
+  void Step(int delta) { StepTo(shownRow_ + delta); }
+  bool RenameEntry(int row, const QString& newText);
+  void OpenChosenFolder(const QString& folder);
+
+  ViewMode View() const { return viewMode_; }
+  void SetViewMode(ViewMode mode);
+
+  bool ImageLoaded() const { return image_.has_value(); }
+  int ShownRow() const { return shownRow_; }
+  const std::optional<imaging::Image>& CurrentImage() const { return image_; }
+  base::NaturalSize Natural() const { return natural_; }
+  // The file whose image is shown (or was last chosen), empty when none.
+  QString CurrentFilePath() const;
+  bool IsMetafile() const;
+
+  static QString ForbiddenNameMessage();
+
+  // Editing (DocumentHistory.cpp). The history holds packed states; the image shown is
+  // always unpacked in CurrentImage().
+  const History& UndoHistory() const { return history_; }
+  int ChangeLevel() const { return history_.ChangeLevel(); }
+  bool CanEdit() const { return viewMode_ != ViewMode::Thumbnails && ImageLoaded(); }
+  // An edit's result becomes the image, recorded as a step named `undoName`.
+  void ApplyEdit(const imaging::Image& edited, const QString& undoName);
+  void Undo();
+  void Redo();
+
+  // Opening and saving (DocumentFiles.cpp).
+  // Asks before the image with changes is closed or replaced: false when the caller
+  // must stop (Cancel, or Yes with a save that failed).
+  bool ConfirmSaveChanges();
+  // Open File with a chosen path: false (after "Can't open file") when it does not load.
+  bool OpenFile(const QString& path);
+  // Writes the image; on success the history starts again from it. No message here.
+  bool SaveImageTo(const QString& path);
+  // After Save As: the single file follows the new name; in a folder the list is
+  // rescanned and the new file selected when it is in the folder.
+  void AfterSaveAs(const QString& path);
+
+ Q_SIGNALS:
+  // Anything the commands' enabled and checked rules read changed.
+  void StateChanged();
+  // A new image, or none (nullptr): the selection goes and the zoom starts again.
+  void ImageShown(const imaging::Image* image);
+  // The image changed by an edit, undo or redo, shown at the current zoom; the selection
+  // goes first for an undone or redone Crop, Resize or Rotate.
+  void ImageEdited(const imaging::Image& image, bool removeSelection);
+  // The status bar: `message` alone when not empty, otherwise the facts of the image.
+  void StatusChanged(const QString& message);
+  // Select and scroll into view without reacting; -1 clears the selection.
+  void ListRowSelected(int row);
+  void ListFilled();
+  void LayoutChanged();
+  // The files next to the entry shown, nearest in the direction of travel first.
+  void NeighboursAnnounced(const QStringList& paths);
+
+ private:
+  void OpenFolderFromCommandLine(const QString& folder);
+  void OpenWhatWasOpenLastTime();
+  void OpenLastFolder();
+  bool OpenSingleFile(const QString& path, bool reportFailure);
+  void OpenFirstEntry();
+  void Load(const QString& path);
+  void ClearCurrentImage();
+  void ForgetWhatIsOpen();
+  void AnnounceNeighbours();
+  void StartHistory();  // a new history with the image shown as its unnamed base state
+  void ShowState(const edit::UndoMove& move);
+  void ShowImage();
+  QString EntryPath(int row) const;
+
+  AppState& state_;
+  browse::FileListModel& list_;
+  DocumentPrompts& prompts_;
+  Loader loader_;
+  ViewMode viewMode_ = ViewMode::Image;
+  int direction_ = 1;  // of the last step through the folder
+  int shownRow_ = -1;  // the entry shown, -1 when none
+  std::optional<imaging::Image> image_;
+  base::NaturalSize natural_;
+  History history_;
+};
+
+}  // namespace document

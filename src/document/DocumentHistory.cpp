@@ -1,0 +1,45 @@
+// Editing on the document: the base state of every image shown, each edit recorded,
+// undo and redo restoring a packed state at the current zoom.
+#include "document/Document.h"
+#include "widgets/BusyPointer.h"
+
+namespace document {
+
+void Document::StartHistory() {
+  history_.Clear();
+  if (image_) history_.Push(imaging::PackedImage::Pack(*image_), QString());
+  Q_EMIT StateChanged();
+}
+
+void Document::ApplyEdit(const imaging::Image& edited, const QString& undoName) {
+  image_ = edited;
+  natural_ = base::NaturalSize::FromPixels(edited.Width(), edited.Height(), state_.Metrics);
+  // With no free slot the edit stays, unrecorded, and the captions do not change.
+  history_.Push(imaging::PackedImage::Pack(edited), undoName);
+  Q_EMIT ImageEdited(*image_, false);
+  Q_EMIT StatusChanged({});
+  Q_EMIT StateChanged();
+}
+
+void Document::ShowState(const edit::UndoMove& move) {
+  widgets::BusyPointerGuard busy;
+  if (const auto& packed = history_.PictureIn(move.Slot)) {
+    image_ = packed->Unpack();
+    natural_ = base::NaturalSize::FromPixels(image_->Width(), image_->Height(), state_.Metrics);
+    Q_EMIT ImageEdited(*image_, move.SizeChanges);
+  }
+  Q_EMIT StatusChanged({});
+  Q_EMIT StateChanged();
+}
+
+void Document::Undo() {
+  if (!CanEdit()) return;
+  if (const auto move = history_.Undo()) ShowState(*move);
+}
+
+void Document::Redo() {
+  if (!CanEdit()) return;
+  if (const auto move = history_.Redo()) ShowState(*move);
+}
+
+}  // namespace document

@@ -1,0 +1,31 @@
+#pragma once
+// What `picEstado` says: the file's name, its place in the folder ("7 / 120"), the
+// image's size ("w x h"), the zoom ("25%") and the file's size, or one of the Parts'
+// messages alone. Plain text from plain facts, so it is tested without a window.
+
+#include <QString>
+
+#include <optional>
+
+namespace document {
+
+struct StatusFacts {
+  QString Message;            // a Part's message; when set, nothing else is shown
+  QString DisplayName;        // empty when no image is shown
+  int Row = -1;               // the entry shown, -1 outside folder mode
+  int Count = 0;              // entries in the list
+  int Width = 0, Height = 0;  // the image's pixels
+  int Percentage = 100;
+  std::optional<qint64> FileBytes;  // the file on disk; none for an unsaved or missing file
+};
+
+struct StatusTexts {
+  QString Name, Position, Size, Zoom, FileSize;
+};
+
+StatusTexts ComposeStatus(const StatusFacts& facts);
+
+// "512 bytes", "1.5 KB", "340 KB", "2.4 MB", "1,204 MB": three significant figures at most.
+QString FormatFileSize(qint64 bytes);
+
+}  // namespace document
