@@ -1,4 +1,4 @@
-// Part 2.1's scan on a folder of 100,000 files: scanned, sorted and shown in frmMain's
+// The folder scan on a folder of 100,000 files: scanned, sorted and shown in frmMain's
 // list, next to `ls -f | sort` on the same folder in the same run.
 // Usage: bench_folder_scan [FILE_COUNT]
 #include "BenchClock.h"

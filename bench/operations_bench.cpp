@@ -1,4 +1,4 @@
-// Part 4.3's operations on a 24-megapixel photo made by ImageMagick at bench time.
+// The editing operations on a 24-megapixel photo made by ImageMagick at bench time.
 // For each: the operation alone in process (best of 2), its preview on the dialog's
 // reduced copy, and the whole command (load the JPEG, apply, write a PPM) through
 // `vistrel-cli apply` next to the closest `convert` of ImageMagick, in the same run.

@@ -1,4 +1,4 @@
-// Part 4.4's history on a 24-megapixel photo: seven different operations recorded after
+// The undo history on a 24-megapixel photo: seven different operations recorded after
 // the base state, then the history's memory next to the naive eight whole copies, and the
 // time of an undo and a redo (unpacking the state). Run on a smooth photo and on the same
 // photo with sensor-like noise, which no lossless packing can shrink much.

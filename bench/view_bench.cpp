@@ -1,4 +1,4 @@
-// The main window on a 24-megapixel JPEG (Part 1.1's item click, Part 3.1's zoom): from
+// The main window on a 24-megapixel JPEG (a click on a list entry, the zoom): from
 // opening a list entry to its first painted frame at Fit, from a zoom command to the
 // painted frame at 10 %, 100 % and 1000 %, and from "next image" to its painted frame
 // once the neighbours are prefetched. Zooms are timed with the worker idle (the display

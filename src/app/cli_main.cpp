@@ -1,9 +1,9 @@
-// vistrel-cli: the headless companion, in the spirit of IrfanView's and XnView's
-// command-line converters. The viewer's own command line stays Part 1.1's single path.
+// vistrel-cli: the headless companion for scripts and batch work. The viewer's own
+// command line stays a single path.
 //   vistrel-cli info FILE...   one line a file: PATH<TAB>FORMAT<TAB>WIDTHxHEIGHT
 //   vistrel-cli convert IN OUT load IN as the viewer does, save OUT by its extension
 //   vistrel-cli thumbnail IN OUT WIDTHxHEIGHT   the same, reduced to fit the box
-//   vistrel-cli apply IN OUT OPERATION [VALUE...]...   Part 4.3's operations in turn, then save
+//   vistrel-cli apply IN OUT OPERATION [VALUE...]...   the editing operations in turn, then save
 #include "edit/Catalogue.h"
 #include "imaging/Loader.h"
 #include "imaging/Saver.h"

@@ -1,6 +1,6 @@
 #pragma once
-// Text files the Windows program wrote in its ANSI code page (Windows-1252) and
-// files written here in UTF-8 both read correctly.
+// Text files written on Windows in its ANSI code page (Windows-1252) and files written
+// in UTF-8 both read correctly.
 
 #include <QByteArray>
 #include <QString>

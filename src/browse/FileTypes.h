@@ -1,12 +1,12 @@
 #pragma once
-// The image file type table of Part 2.1.
+// The table of image file types: extensions, descriptions and which the scan lists.
 
 #include <QString>
 #include <QStringList>
 
 namespace browse {
 
-// The 21 extensions of the folder scan, in the spec's order. "jpe" and "tiff" are
+// The 21 extensions of the folder scan, in the scan's order. "jpe" and "tiff" are
 // deliberately absent.
 const QStringList& ScanExtensions();
 

@@ -1,5 +1,5 @@
 #pragma once
-// The folder scan of Part 2.1, without widgets: which files of a folder the list shows,
+// The folder scan, without widgets: which files of a folder the list shows,
 // under which text, in which order.
 
 #include <QString>

@@ -1,5 +1,5 @@
 #pragma once
-// FitListColumn's measure (Part 2.1): the widest entry text plus 20 pixels; an empty
+// FitListColumn's measure: the widest entry text plus 20 pixels; an empty
 // list gives 20 pixels. The entry being edited counts with its new name.
 
 #include "browse/FolderScan.h"

@@ -1,13 +1,13 @@
 #pragma once
-// The command line of Part 1.1: the whole line is one path, no switches.
+// The command line: the whole line is one path, no switches.
 
 #include <QString>
 #include <QStringList>
 
 namespace document {
 
-// The program's arguments joined back into one line, as the Windows program received
-// it, so that an unquoted path with blanks still names one path.
+// The program's arguments joined back into one line, so that an unquoted path with
+// blanks still names one path.
 QString JoinArguments(const QStringList& argumentsAfterProgram);
 
 // Trims blanks, removes one double quote at each end (trimming again after each) and

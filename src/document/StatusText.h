@@ -1,7 +1,7 @@
 #pragma once
 // What `picEstado` says: the file's name, its place in the folder ("7 / 120"), the
-// image's size ("w x h"), the zoom ("25%") and the file's size, or one of the Parts'
-// messages alone. Plain text from plain facts, so it is tested without a window.
+// image's size ("w x h"), the zoom ("25%") and the file's size, or a command's
+// message alone. Plain text from plain facts, so it is tested without a window.
 
 #include <QString>
 
@@ -10,7 +10,7 @@
 namespace document {
 
 struct StatusFacts {
-  QString Message;            // a Part's message; when set, nothing else is shown
+  QString Message;            // a command's message; when set, nothing else is shown
   QString DisplayName;        // empty when no image is shown
   int Row = -1;               // the entry shown, -1 outside folder mode
   int Count = 0;              // entries in the list

@@ -1,5 +1,5 @@
 #pragma once
-// Part 4.3's command table: for each Colors, Image and Filters command its dialog class,
+// The editing commands' table: for each Colors, Image and Filters command its dialog class,
 // undo name, selection message, parameters (where the dialog keeps them, their ranges)
 // and the operation. The command (frmMain), the dialog's preview and vistrel-cli's
 // `apply` all run an operation through Apply, so all three give the same pixels.

@@ -46,7 +46,7 @@ struct Placement {
 };
 
 // The parser's state: the integer fields keep their previous value when a field does
-// not convert, as the original's module variables did.
+// not convert, so a bad field never resets a good earlier one.
 class Parser {
  public:
   explicit Parser(const QString& text) : text_(text) {}

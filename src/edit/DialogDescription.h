@@ -1,5 +1,5 @@
 #pragma once
-// The parameter dialog description language of Part 4.1: one line of comma-separated
+// The parameter dialog description language: one line of comma-separated
 // fields from which `frmDiseno` builds itself. The parser is a plain function from
 // text to a layout model; it never fails.
 
@@ -12,7 +12,7 @@ namespace edit {
 
 inline constexpr double kGridTwips = 120;  // one grid unit, on both axes
 
-// NextToken of Part 4.1. `position` is 1-based; returns isLast (no delimiter found).
+// The next field up to `delimiter`. `position` is 1-based; returns isLast (no delimiter found).
 bool NextToken(const QString& text, int& position, QString& token, QChar delimiter = u',');
 
 enum class ControlKind { Label, TextBox, Slider, Option, Check, Button };

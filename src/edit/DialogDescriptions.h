@@ -1,5 +1,5 @@
 #pragma once
-// The eighteen dialog descriptions of Part 4.1's table, exactly as the commands store them.
+// The eighteen dialog descriptions, exactly as the commands store them.
 
 #include <QString>
 

@@ -1,5 +1,5 @@
 #pragma once
-// The runtime of `frmDiseno` (Part 4.2) without widgets: text boxes and sliders kept in
+// The runtime of `frmDiseno` without widgets: text boxes and sliders kept in
 // step through their links, clamping, the Resize aspect lock, the Rotate buttons, the
 // key filter and OK's validation. The widget layer shows this state and forwards events.
 
@@ -13,7 +13,7 @@
 
 namespace edit {
 
-// What the dialog needs to know of the image: its natural size in twips (Part 3.1)
+// What the dialog needs to know of the image: its size at 100 % in twips
 // and the screen's twips per pixel.
 struct DialogContext {
   double NaturalWidthTwips = 0;

@@ -1,6 +1,6 @@
 #pragma once
 // The interface through which a parameter dialog's preview and its command apply an
-// operation (Part 4.3 fills it): the image and the dialog's values in, the result out.
+// operation (edit::Catalogue fills it): the image and the dialog's values in, the result out.
 // The preview calls exactly the function the command applies to the full image.
 
 #include "edit/DialogModel.h"

@@ -1,5 +1,5 @@
 #pragma once
-// `frmDiseno` (Part 4.2): the one parameter dialog, built from a description (Part 4.1).
+// `frmDiseno`: the one parameter dialog, built from a dialog description.
 // Its widgets show a DialogModel and forward the user's events to it; the preview is
 // computed by a PreviewRenderer off the UI thread.
 
@@ -37,7 +37,7 @@ class frmDiseno : public QDialog {
   // True once no preview is being computed or waiting.
   bool PreviewIdle() const;
 
-  // The original forms' 8-point font, which the descriptions' grid was laid out for.
+  // The 8-point font that the descriptions' grid was laid out for.
   static constexpr int kFontPointSize = 8;
   // Design-time sizes of the template controls, in twips (left to the implementer).
   static constexpr int kTextBoxHeightTwips = 315;

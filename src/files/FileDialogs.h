@@ -1,5 +1,5 @@
 #pragma once
-// The file dialogs' filters and rules of Part 5.1, without widgets: Open File's list of
+// The file dialogs' filters and rules, without widgets: Open File's list of
 // types, Save As's twelve formats with the entry preselected for an extension, the types
 // that can be read but not written, and the read-only note of "Can't save file".
 
@@ -15,7 +15,7 @@ struct DialogFilter {
   QStringList Patterns;
 };
 
-// "All image files", one entry per type in the Part's order, "All files" last.
+// "All image files", one entry per type, "All files" last.
 std::vector<DialogFilter> OpenFileFilters();
 // The twelve Save As formats, filter index 1 .. 12 in this order.
 std::vector<DialogFilter> SaveAsFilters();

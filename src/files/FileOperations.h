@@ -1,5 +1,5 @@
 #pragma once
-// File operations of Part 5.2 that other Parts already call.
+// The file operations that the list's rename already needs.
 
 #include <QString>
 

@@ -1,6 +1,5 @@
 #pragma once
-// Loading image files (Part 5.1's LoadImageFile without the control): every format of
-// Part 2.1's table and the ones users expect today, each by the safest decoder that
+// Loading image files: every format of the file type table and the ones users expect today, each by the safest decoder that
 // reads it, with a pixel limit checked from the header before any decoding.
 
 #include "imaging/Image.h"
@@ -22,7 +21,7 @@ struct Loaded {
 };
 
 // Decodes a whole file: upright by its EXIF orientation; the six types "cur", "emf",
-// "gif", "ico", "rle", "wmf" composited onto white (Part 5.1's second route).
+// "gif", "ico", "rle", "wmf" composited onto white.
 // nullopt when it cannot be read (the caller says "Can't open file").
 std::optional<Loaded> LoadImage(const QString& path);
 std::optional<Image> LoadFile(const QString& path);
@@ -41,7 +40,7 @@ std::optional<QSize> ReadImageSizeCheaply(const QString& path);
 // format has it (JPEG, WebP, HEIF), for thumbnails and fitted display.
 std::optional<Image> LoadFitting(const QString& path, int maxWidth, int maxHeight);
 
-// True for the extensions that Part 5.1 brings in by the second route.
+// True for the six extensions that are composited onto white.
 bool ComesInOnWhite(const QString& lowerCaseExtension);
 
 }  // namespace imaging

@@ -1,7 +1,7 @@
-// Part 4.3's catalogue of pixel operations, on libvips. Each takes an image and gives a
+// The editing operations' pixels, on libvips. Each takes an image and gives a
 // new one; the input is never changed. Parameters are in the dialogs' units and are
-// clamped to their ranges; a libvips failure gives the input back unchanged (Part 4.3:
-// a failing call is not reported). docs/operations.md gives every definition.
+// clamped to their ranges; a libvips failure gives the input back unchanged (a failing
+// operation is not reported). docs/operations.md gives every definition.
 #pragma once
 
 #include "imaging/Image.h"

@@ -1,5 +1,5 @@
 #pragma once
-// An image held compressed without loss, for the undo history (Part 4.4 keeps eight whole
+// An image held compressed without loss, for the undo history (it keeps eight whole
 // states in memory; packed, they cost a fraction of that). Each row is stored as the
 // difference of every sample from the one to its left, red and blue then from green, and
 // compressed with Zstandard:

@@ -1,5 +1,5 @@
 #pragma once
-// Saving in the twelve Save As formats of Part 5.1, by the target's extension. The user's
+// Saving in the twelve Save As formats, by the target's extension. The user's
 // file is never overwritten in place: the encoded bytes go to a temporary file beside the
 // target, which is then renamed over it; a failure leaves the target as it was.
 
@@ -13,7 +13,7 @@
 namespace imaging {
 
 struct SaveOptions {
-  // ImagXpress's SaveJPEGLumFactor and SaveJPEGChromFactor, both 13 (Part 5.1). A factor
+  // The JPEG luminance and chrominance factors, both 13 by default. A factor
   // scales the quantisation tables up from best quality; libjpeg's quality 100 - factor is
   // the mapping used (13 gives quality 87). See docs/formats.md.
   int JpegLuminanceFactor = 13;

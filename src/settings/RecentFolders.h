@@ -1,5 +1,5 @@
 #pragma once
-// The recent folders list of Part 2.2 (20 slots, slot 0 the most recent).
+// The recent folders list (20 slots, slot 0 the most recent).
 
 #include "settings/SettingsStore.h"
 

@@ -1,5 +1,5 @@
 #pragma once
-// The settings file "Ini.in" of Part 1.2: a positional text file of 55 CRLF lines,
+// The settings file "Ini.in": a positional text file of 55 CRLF lines,
 // read back by position, with three older layouts migrated on read.
 
 #include "settings/SettingsStore.h"

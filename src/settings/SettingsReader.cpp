@@ -1,4 +1,4 @@
-// Reading "Ini.in" (Part 1.2): the current layout and the three older ones.
+// Reading "Ini.in": the current layout and the three older ones.
 #include "base/TextEncoding.h"
 #include "settings/SettingsFile.h"
 #include "base/NumberRules.h"
@@ -33,7 +33,7 @@ class LineReader {
   QString buffer_;
 };
 
-// An assignment that overflows is skipped, as VB's resume-next error handling does.
+// A value that overflows its field is skipped and the field keeps what it had.
 void AssignLong(std::int32_t& field, double value) {
   if (const auto converted = numbers::RoundToInt32(value)) field = *converted;
 }

@@ -1,5 +1,5 @@
 #pragma once
-// SettingsStore (Part 1.2): every persistent user setting, in memory units
+// SettingsStore: every persistent user setting, in memory units
 // (twips for positions and sizes, &HBBGGRR for colours).
 
 #include "base/Twips.h"
@@ -45,7 +45,7 @@ struct SettingsStore {
   bool operator==(const SettingsStore&) const = default;
 };
 
-// The defaults of Part 1.2: the normal rectangle centred on the screen, a 130-pixel list pane.
+// The defaults: the normal rectangle centred on the screen, a 130-pixel list pane.
 SettingsStore DefaultSettings(const base::ScreenMetrics& metrics);
 
 // What is open now (LastOpenKind).

@@ -1,4 +1,4 @@
-// Writing "Ini.in" (Part 1.2) and where it lives.
+// Writing "Ini.in" and where it lives.
 #include "settings/SettingsFile.h"
 #include "base/NumberRules.h"
 #include "base/Paths.h"

@@ -22,7 +22,7 @@ struct Axis {
 int ValueFor(const Axis& axis, int maximum, const PlacingInput& in) {
   switch (in.PendingFlag) {
     case Pending::ZoomToSelection: {
-      // The Part computes the target in twips of the 100 % image and says the selection's
+      // The target is in twips of the 100 % image and the selection's
       // centre must land in the middle of the panel; a bar value is a screen pixel of the
       // zoomed image, so the target is scaled by the zoom before the division.
       const double target = axis.SelectionStart + axis.SelectionExtent / 2 - (axis.Usable / 2) / (in.Percentage / 100.0);

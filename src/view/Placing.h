@@ -1,5 +1,5 @@
 #pragma once
-// Part 3.1's placing step without widgets: which scroll bars show, their ranges, steps
+// The placing step without widgets: which scroll bars show, their ranges, steps
 // and values, and where the image control goes. Sizes in twips, bar values in pixels.
 
 namespace view {

@@ -1,5 +1,5 @@
 #pragma once
-// Part 3.2's selection maths without widgets: the drag rectangle in control twips, the
+// The selection maths without widgets: the drag rectangle in control twips, the
 // selection record in twips of the image at 100 %, and the auto-scroll of `tmrSel`.
 
 #include <QPointF>

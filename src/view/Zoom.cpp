@@ -21,7 +21,7 @@ std::optional<int> ZoomOut(int percentage) {
 
 namespace {
 
-// Single precision throughout, as the Part computes: 4290 / 1500 is 2.86 in float, and
+// Single precision throughout, so fit percentages match on every platform: 4290 / 1500 is 2.86 in float, and
 // 2.86f * 100 is exactly 286.0f (in double it would floor to 285).
 int FlooredPercentage(float horizontalRatio, float verticalRatio) {
   const float ratio = std::min(horizontalRatio, verticalRatio);

@@ -1,6 +1,6 @@
 #pragma once
-// Part 3.1's zoom arithmetic, without widgets: the steps, the fit percentages and the
-// zoom dialog's rules. Sizes are in twips, as the Part computes them.
+// The zoom arithmetic, without widgets: the steps, the fit percentages and the
+// zoom dialog's rules. Sizes are in twips.
 
 #include <QString>
 #include <QStringList>

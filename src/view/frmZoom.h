@@ -1,5 +1,5 @@
 #pragma once
-// `frmZoom` (Part 3.1): the zoom dialog, "Zoom Functions". Its rules are view/Zoom.h's.
+// `frmZoom`: the zoom dialog, "Zoom Functions". Its rules are view/Zoom.h's.
 
 #include <QDialog>
 

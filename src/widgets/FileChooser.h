@@ -1,5 +1,5 @@
 #pragma once
-// The common open and save dialogs of Part 5.1 as one call, so that the commands can be
+// The open and save dialogs as one call, so that the commands can be
 // driven by tests with the request checked (title, filters in order, preselected entry).
 
 #include <QString>

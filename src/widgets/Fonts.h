@@ -1,5 +1,5 @@
 #pragma once
-// ApplyTahomaFont (Part 1.1): every form sets its font to "Tahoma" at load. Where the
+// ApplyTahomaFont: every form sets its font to "Tahoma" at load. Where the
 // system has no Tahoma, Wine's metric-compatible one is registered when installed; the
 // parameter dialogs' fixed grid was laid out for it.
 

@@ -153,49 +153,6 @@ TEST_F(frmMainCatalogueTest, CancellingAnyDialogLeavesImageAndHistoryAlone) {
   EXPECT_EQ(MeanAbsoluteDifference(Shown(), before), 0);
 }
 
-TEST_F(frmMainCatalogueTest, GammaAtOneHundredChangesNothingAndAtOnePassesOneHundredth) {
-  Start();
-  const imaging::Image before = Shown();
-  answer_ = [](edit::frmDiseno&) { return true; };
-  Trigger("mnuColorsGamma");
-  EXPECT_EQ(MeanAbsoluteDifference(Shown(), before), 0);
-  EXPECT_EQ(Command("mnuEditUndo")->text(), QStringLiteral("&Undo Gamma"));
-  answer_ = [](edit::frmDiseno& dialog) {
-    dialog.findChild<QSlider*>(QStringLiteral("sliControl(1)"))->setValue(1);
-    return true;
-  };
-  Trigger("mnuColorsGamma");
-  EXPECT_EQ(MeanAbsoluteDifference(Shown(), imaging::ops::Gamma(before, 0.01)), 0);
-}
-
-TEST_F(frmMainCatalogueTest, AnUnreadableValueFallsBackToTheDialogsDefault) {
-  Start();
-  const imaging::Image before = Shown();
-  answer_ = [](edit::frmDiseno& dialog) {
-    auto* box = dialog.findChild<QLineEdit*>(QStringLiteral("txtTexto(1)"));
-    box->setFocus();
-    box->selectAll();
-    QTest::keyClicks(box, QStringLiteral("5-"));  // not a whole number, yet not empty
-    return true;
-  };
-  Trigger("mnuColorsBrightness");
-  EXPECT_EQ(MeanAbsoluteDifference(Shown(), before), 0);  // the fallback 0
-  EXPECT_EQ(Steps(), 2);
-}
-
-TEST_F(frmMainCatalogueTest, DepthCommandsAndGrayScaleEachRecordAStep) {
-  Start();
-  Trigger("mnuColorsGrayScale");
-  EXPECT_EQ(Command("mnuEditUndo")->text(), QStringLiteral("&Undo Gray Scale"));
-  for (const char* name : {"mnuColorsColorDepth1Bit", "mnuColorsColorDepth4Bits", "mnuColorsColorDepth8Bits",
-                           "mnuColorsColorDepth24Bits"}) {
-    const int before = Steps();
-    Trigger(name);
-    EXPECT_EQ(Steps(), before + 1) << name;
-    EXPECT_EQ(Command("mnuEditUndo")->text(), QStringLiteral("&Undo Color Depth")) << name;
-  }
-}
-
 TEST_F(frmMainCatalogueTest, RotateNinetyThroughItsButtonSwapsTheSides) {
   Start();
   answer_ = [](edit::frmDiseno& dialog) {

@@ -51,20 +51,6 @@ class frmMainFileTest : public ::testing::Test {
   widgets::FileDialogAnswer answer_;
 };
 
-TEST_F(frmMainFileTest, TheEditMenuNamesWhatUndoAndRedoWouldDo) {
-  Start(WriteGradient(pictures_, QStringLiteral("photo.png")));
-  EXPECT_FALSE(Command("mnuEditUndo")->isEnabled());
-  Trigger("mnuImageFiltersBlur");
-  EXPECT_EQ(Command("mnuEditUndo")->text(), QStringLiteral("&Undo Blur"));
-  EXPECT_EQ(Command("mnuEditUndo")->toolTip(), QStringLiteral("Undo Blur"));
-  EXPECT_EQ(Command("mnuEditRedo")->text(), QStringLiteral("&Redo"));
-  Trigger("mnuEditUndo");
-  EXPECT_EQ(Command("mnuEditUndo")->text(), QStringLiteral("&Undo"));
-  EXPECT_FALSE(Command("mnuEditUndo")->isEnabled());
-  EXPECT_EQ(Command("mnuEditRedo")->text(), QStringLiteral("&Redo Blur"));
-  EXPECT_EQ(Command("mnuEditRedo")->toolTip(), QStringLiteral("Redo Blur"));
-}
-
 TEST_F(frmMainFileTest, SaveOnAGifDoesNothingAtAll) {
   const QString gif = pictures_.File(QStringLiteral("anim.gif"));
   ASSERT_EQ(QProcess::execute(QStringLiteral("convert"), {QStringLiteral("-size"), QStringLiteral("10x10"),
@@ -157,16 +143,6 @@ TEST_F(frmMainFileTest, OpenFileOpensTheChosenFileAlone) {
   EXPECT_EQ(window_->State().Settings.LastFile, other);
   EXPECT_EQ(window_->CurrentDocument().View(), document::ViewMode::Image);
   EXPECT_EQ(window_->CurrentDocument().ChangeLevel(), 0);
-}
-
-TEST_F(frmMainFileTest, OpenFileThatDoesNotLoadSaysSoAndLeavesNothingOpen) {
-  Start(WriteGradient(pictures_, QStringLiteral("a.png")));
-  answer_ = {pictures_.WriteBytes(QStringLiteral("bad.png"), "garbage"), 1};
-  DialogAnswerer answerer;
-  Trigger("mnuFileOpenFile");
-  EXPECT_EQ(answerer.LastText(), QStringLiteral("Can't open file"));
-  EXPECT_FALSE(window_->CurrentDocument().ImageLoaded());
-  EXPECT_EQ(window_->State().Settings.LastOpenKind, settings::kOpenNothing);
 }
 
 TEST_F(frmMainFileTest, OpenFileAsksAboutAChangedImageAndCancelKeepsIt) {

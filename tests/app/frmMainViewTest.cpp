@@ -75,48 +75,12 @@ TEST_F(frmMainViewTest, TheStatusBarTellsNamePlaceSizeZoomAndFileSize) {
   EXPECT_EQ(pane("lblStatusPosition"), QStringLiteral("3 / 3"));
 }
 
-TEST_F(frmMainViewTest, AtOneHundredPercentTheBarsStepByTwoAndTwentyFour) {
-  QScrollBar* h = Bar("hscImagen");
-  QScrollBar* v = Bar("vscImagen");
-  ASSERT_TRUE(h->isVisible());
-  ASSERT_TRUE(v->isVisible());
-  EXPECT_EQ(h->singleStep(), 2);
-  EXPECT_EQ(h->pageStep(), 24);
-  EXPECT_EQ(h->maximum(), 2000 - (View().width() - v->width()));
-  EXPECT_TRUE(window_->findChild<QWidget*>(QStringLiteral("picCuadro"))->isVisible());
-  h->setValue(300);
-  EXPECT_EQ(Canvas()->x(), -300);  // the bar's Change handler moves the image
-}
-
 TEST_F(frmMainViewTest, FitShowsTheWholeImageAndSmallImagesNeedNoBars) {
   Trigger("mnuViewFit");
   EXPECT_LT(View().Percentage(), 100);
   EXPECT_FALSE(Bar("hscImagen")->isVisible());
   EXPECT_FALSE(Bar("vscImagen")->isVisible());
   EXPECT_LE(Canvas()->width(), View().width());
-}
-
-TEST_F(frmMainViewTest, TenScreenPixelsAtTwoHundredPercentSelectFiveImagePixels) {
-  for (int i = 0; i < 5; ++i) Trigger("mnuViewZoomIn");
-  ASSERT_EQ(View().Percentage(), 200);
-  Bar("hscImagen")->setValue(0);
-  Bar("vscImagen")->setValue(0);
-  QTest::mousePress(Canvas(), Qt::LeftButton, {}, QPoint(40, 60));
-  QTest::mouseMove(Canvas(), QPoint(49, 69));
-  QTest::mouseRelease(Canvas(), Qt::LeftButton, {}, QPoint(49, 69));
-  EXPECT_EQ(View().Selection().Pixels(15, 15), QRect(20, 30, 5, 5));
-  Trigger("mnuViewOriginalSize");
-  EXPECT_EQ(View().Selection().Pixels(15, 15), QRect(20, 30, 5, 5));  // the same image pixels
-  Trigger("mnuEditSelectNone");
-  EXPECT_FALSE(View().Selection().Exists());
-}
-
-TEST_F(frmMainViewTest, ZoomToSelectionNeedsASelection) {
-  testing_support::DialogAnswerer answerer;
-  Trigger("mnuViewZoomToSelection");
-  EXPECT_EQ(answerer.LastText(), QStringLiteral("Please select an area to zoom"));
-  EXPECT_EQ(answerer.LastTitle(), QStringLiteral("Zoom to Selection"));
-  EXPECT_EQ(View().Percentage(), 100);
 }
 
 TEST_F(frmMainViewTest, ZoomToSelectionEnlargesAndCentresIt) {

@@ -4,7 +4,7 @@
 
 namespace {
 
-TEST(Val, TakesTheLeadingNumberAfterBlanks) {
+TEST(LeadingNumber, TakesTheLeadingNumberAfterBlanks) {
   EXPECT_EQ(numbers::LeadingNumber(u"  12abc"), 12);
   EXPECT_EQ(numbers::LeadingNumber(u"\t-3.5e2x"), -350);
   EXPECT_EQ(numbers::LeadingNumber(u"1.5.3"), 1.5);
@@ -13,55 +13,55 @@ TEST(Val, TakesTheLeadingNumberAfterBlanks) {
   EXPECT_EQ(numbers::LeadingNumber(u"7e"), 7);  // an exponent without digits is not part of the number
 }
 
-TEST(Val, WithoutANumberIsZero) {
+TEST(LeadingNumber, WithoutANumberIsZero) {
   EXPECT_EQ(numbers::LeadingNumber(u""), 0);
   EXPECT_EQ(numbers::LeadingNumber(u"abc"), 0);
   EXPECT_EQ(numbers::LeadingNumber(u"-"), 0);
   EXPECT_EQ(numbers::LeadingNumber(u"."), 0);
 }
 
-TEST(CLng, RoundsHalfToEven) {
+TEST(RoundToInt32, RoundsHalfToEven) {
   EXPECT_EQ(numbers::RoundToInt32(2.5), 2);
   EXPECT_EQ(numbers::RoundToInt32(3.5), 4);
   EXPECT_EQ(numbers::RoundToInt32(-2.5), -2);
-  EXPECT_EQ(numbers::RoundToInt32(1462.5), 1462);  // Part 2.3's 4000 x 3000 thumbnail
+  EXPECT_EQ(numbers::RoundToInt32(1462.5), 1462);
   EXPECT_EQ(numbers::RoundToInt32(2.6), 3);
 }
 
-TEST(CLng, OverflowIsNoValue) {
+TEST(RoundToInt32, OverflowIsNoValue) {
   EXPECT_FALSE(numbers::RoundToInt32(3e9).has_value());
   EXPECT_FALSE(numbers::RoundToInt32(std::numeric_limits<double>::quiet_NaN()).has_value());
   EXPECT_EQ(numbers::RoundToInt32(2147483647.0), 2147483647);
 }
 
-TEST(CInt, RoundsHalfToEvenWithinSixteenBits) {
+TEST(RoundToInt16, RoundsHalfToEvenWithinSixteenBits) {
   EXPECT_EQ(numbers::RoundToInt16(0.5), 0);
   EXPECT_EQ(numbers::RoundToInt16(1.5), 2);
   EXPECT_FALSE(numbers::RoundToInt16(40000).has_value());
 }
 
-TEST(Int, IsTheFloor) {
+TEST(Floor, IsTheFloor) {
   EXPECT_EQ(numbers::Floor(2.9), 2);
   EXPECT_EQ(numbers::Floor(-2.5), -3);
-  EXPECT_EQ(numbers::Floor(230 * 0.743), 170);  // Part 2.3's cell width at the smallest scale
+  EXPECT_EQ(numbers::Floor(230 * 0.743), 170);
 }
 
-TEST(IntDiv, RoundsBothOperandsThenTruncates) {
-  EXPECT_EQ(numbers::RoundedDiv(1462, 15), 97);  // Part 2.3
-  EXPECT_EQ(numbers::RoundedDiv(1950, 15), 130);  // Part 1.2's list pane
+TEST(RoundedDiv, RoundsBothOperandsThenTruncates) {
+  EXPECT_EQ(numbers::RoundedDiv(1462, 15), 97);
+  EXPECT_EQ(numbers::RoundedDiv(1950, 15), 130);
   EXPECT_EQ(numbers::RoundedDiv(7.5, 2), 4);      // 8 \ 2
   EXPECT_EQ(numbers::RoundedDiv(6.5, 2.5), 3);    // 6 \ 2
   EXPECT_EQ(numbers::RoundedDiv(-7, 2), -3);
   EXPECT_FALSE(numbers::RoundedDiv(1, 0.4).has_value());  // the divisor rounds to 0
 }
 
-TEST(Trim, RemovesBlanksOnly) {
+TEST(TrimBlanks, RemovesBlanksOnly) {
   EXPECT_EQ(numbers::TrimBlanks(QStringLiteral("  a b  ")), QStringLiteral("a b"));
   EXPECT_EQ(numbers::TrimBlanks(QStringLiteral("\tx\t")), QStringLiteral("\tx\t"));
   EXPECT_EQ(numbers::TrimBlanks(QStringLiteral("   ")), QString());
 }
 
-TEST(Format, GroupsThousands) {
+TEST(FormatThousands, GroupsThousands) {
   EXPECT_EQ(numbers::FormatThousands(1204), QStringLiteral("1,204"));  // "Page 3 of 1,204"
   EXPECT_EQ(numbers::FormatThousands(3), QStringLiteral("3"));
   EXPECT_EQ(numbers::FormatThousands(999), QStringLiteral("999"));
@@ -73,7 +73,7 @@ TEST(Format, GroupsThousands) {
   EXPECT_EQ(numbers::FormatThousandsOneDecimal(0.04), QStringLiteral("0.0"));
 }
 
-TEST(GeneralDate, UsesTheUsFormAndLeavesOutMidnight) {
+TEST(FormatGeneralDate, UsesTheUsFormAndLeavesOutMidnight) {
   EXPECT_EQ(numbers::FormatGeneralDate(QDateTime(QDate(2026, 11, 21), QTime(21, 5, 3))),
             QStringLiteral("11/21/2026 9:05:03 PM"));
   EXPECT_EQ(numbers::FormatGeneralDate(QDateTime(QDate(2026, 1, 2), QTime(0, 0))), QStringLiteral("1/2/2026"));

@@ -6,13 +6,6 @@ namespace {
 
 using browse::FileTypeDescription;
 
-TEST(ScanExtensions, AreThe21OfThePartInOrder) {
-  EXPECT_EQ(browse::ScanExtensions().join(u','),
-            QStringLiteral("bmp,cal,cur,dcx,dib,emf,gif,ico,jpg,jpeg,jif,pbm,pcx,pgm,png,ppm,rle,tga,tif,wmf,wpg"));
-  EXPECT_FALSE(browse::IsScanExtension(QStringLiteral("jpe")));
-  EXPECT_FALSE(browse::IsScanExtension(QStringLiteral("tiff")));
-}
-
 TEST(FileTypeDescription, FollowsTheTable) {
   EXPECT_EQ(FileTypeDescription(QStringLiteral("bmp")), QStringLiteral("Bitmap image"));
   EXPECT_EQ(FileTypeDescription(QStringLiteral("JPE")), QStringLiteral("Jpeg image"));

@@ -1,4 +1,4 @@
-// Part 2.1: which files the scan lists, under which text, in which order.
+// Which files the scan lists, under which text, in which order.
 #include "browse/FolderScan.h"
 #include "support/TestFiles.h"
 

@@ -1,4 +1,4 @@
-// Part 1.1: how the command line is read.
+// How the command line is read.
 #include "document/CommandLine.h"
 
 #include <gtest/gtest.h>

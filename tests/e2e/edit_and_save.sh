@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Part 4.3 through the whole program under Xvfb, as a user would: open a photo, Colors >
+# An edit through the whole program under Xvfb, as a user would: open a photo, Colors >
 # Negative and Image > Rotate... 90 from the keyboard, File > Save, File > Exit; the saved
 # file must hold exactly what `vistrel-cli apply` makes of the original.
 # Usage: edit_and_save.sh PATH_TO_VISTREL PATH_TO_VISTREL_CLI PHOTO

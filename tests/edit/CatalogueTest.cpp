@@ -1,4 +1,4 @@
-// Part 4.3's command table: names, dialogs, parameters against the descriptions, the
+// The editing commands' table: names, dialogs, parameters against the descriptions, the
 // value reading with its fallbacks, and vistrel-cli's operation words.
 #include "edit/Catalogue.h"
 #include "edit/DialogDescription.h"
@@ -22,13 +22,6 @@ edit::DialogValues AtLoad(const char* command, const edit::DialogContext& contex
   return model.Values();
 }
 
-TEST(Catalogue, HasTheThirtySixImageCommandsOnceEach) {
-  QSet<QString> names;
-  for (const edit::CatalogueCommand& c : Catalogue()) names.insert(QLatin1String(c.Command));
-  EXPECT_EQ(Catalogue().size(), 36u);
-  EXPECT_EQ(names.size(), 36);
-}
-
 TEST(Catalogue, DialogCommandsAreExactlyThoseWithADescriptionOfTheirClass) {
   for (const edit::CatalogueCommand& c : Catalogue()) {
     const QString description = edit::DialogDescriptionFor(QLatin1String(c.Command));
@@ -50,21 +43,6 @@ TEST(Catalogue, EachBoxsRangeIsItsOwnSlidersRange) {
       EXPECT_EQ(p.Maximum, slider->Maximum) << c.Command << " " << p.Name;
     }
   }
-}
-
-TEST(Catalogue, UndoNamesAndSelectionMessagesAreThePartsTexts) {
-  EXPECT_STREQ(FindCatalogueCommand(QStringLiteral("mnuColorsHSL"))->UndoName, "Hue / Saturation / Luminance");
-  EXPECT_STREQ(FindCatalogueCommand(QStringLiteral("mnuImageFiltersMotionBlur"))->UndoName, "Motion Blur");
-  for (const char* depth : {"mnuColorsColorDepth1Bit", "mnuColorsColorDepth4Bits", "mnuColorsColorDepth8Bits",
-                            "mnuColorsColorDepth24Bits"}) {
-    EXPECT_STREQ(FindCatalogueCommand(QLatin1String(depth))->UndoName, "Color Depth");
-  }
-  EXPECT_STREQ(FindCatalogueCommand(QStringLiteral("mnuImageCrop"))->SelectionMessage, "Select an area before cropping");
-  EXPECT_STREQ(FindCatalogueCommand(QStringLiteral("mnuColorsRedEye"))->SelectionMessage,
-               "Select an area to apply red eye removal");
-  int geometry = 0;
-  for (const edit::CatalogueCommand& c : Catalogue()) geometry += c.ChangesGeometry;
-  EXPECT_EQ(geometry, 3);
 }
 
 TEST(Catalogue, ArgumentsComeFromTheBoxesTheOptionAndTheSelection) {

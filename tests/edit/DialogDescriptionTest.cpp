@@ -1,4 +1,4 @@
-// Part 4.1: the language's edge cases.
+// The description language's edge cases.
 #include "edit/DialogDescription.h"
 
 #include <gtest/gtest.h>

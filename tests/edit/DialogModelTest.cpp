@@ -1,4 +1,4 @@
-// Part 4.2's runtime on the model alone: linking, clamping, aspect lock, validation.
+// The parameter dialog's runtime on the model alone: linking, clamping, aspect lock, validation.
 #include "edit/DialogDescriptions.h"
 #include "edit/DialogModel.h"
 

@@ -1,9 +1,11 @@
-// Part 4.3's Colors operations: each has a property that fails if the operation is wrong.
+// The Colors operations: each has a property that fails if the operation is wrong.
 #include "imaging/Operations.h"
 #include "imaging/Saver.h"
 #include "support/ImageCompare.h"
 
 #include <QTemporaryDir>
+
+#include <functional>
 
 #include <gtest/gtest.h>
 
@@ -25,19 +27,32 @@ bool ChannelsEqual(const imaging::Image& image) {
   return true;
 }
 
-TEST(ColourOperations, NeutralValuesLeaveThePhotoUnchanged) {
+// Every operation at its neutral value gives the photo back, sample for sample.
+TEST(Operations, NeutralValuesLeaveThePhotoUnchanged) {
   const imaging::Image photo = Hopper();
-  EXPECT_EQ(MeanAbsoluteDifference(ops::Brightness(photo, 0), photo), 0);
-  EXPECT_EQ(MeanAbsoluteDifference(ops::Contrast(photo, 0), photo), 0);
-  EXPECT_EQ(MeanAbsoluteDifference(ops::Gamma(photo, 1.0), photo), 0);
-  EXPECT_EQ(MeanAbsoluteDifference(ops::RedGreenBlue(photo, 0, 0, 0), photo), 0);
-  EXPECT_EQ(MeanAbsoluteDifference(ops::Solarize(photo, 0), photo), 0);
-  EXPECT_EQ(MeanAbsoluteDifference(ops::HueSaturationLuminance(photo, 0, 0, 0), photo), 0);
-  EXPECT_EQ(MeanAbsoluteDifference(ops::ColorDepth(photo, 24), photo), 0);
+  const std::pair<const char*, std::function<imaging::Image(const imaging::Image&)>> neutral[] = {
+      {"Brightness", [](const auto& p) { return ops::Brightness(p, 0); }},
+      {"Contrast", [](const auto& p) { return ops::Contrast(p, 0); }},
+      {"Gamma", [](const auto& p) { return ops::Gamma(p, 1.0); }},
+      {"RGB", [](const auto& p) { return ops::RedGreenBlue(p, 0, 0, 0); }},
+      {"Solarize", [](const auto& p) { return ops::Solarize(p, 0); }},
+      {"HSL", [](const auto& p) { return ops::HueSaturationLuminance(p, 0, 0, 0); }},
+      {"24 bits", [](const auto& p) { return ops::ColorDepth(p, 24); }},
+      {"Blend", [](const auto& p) { return ops::Blend(p, 0); }},
+      {"Mosaic", [](const auto& p) { return ops::Mosaic(p, 1); }},
+      {"Motion Blur", [](const auto& p) { return ops::MotionBlur(p, 0, 0, 25); }},
+      {"Pinch", [](const auto& p) { return ops::Pinch(p, 0); }},
+      {"Swirl", [](const auto& p) { return ops::Swirl(p, 0); }},
+      {"Perspective", [](const auto& p) { return ops::Perspective(p, ops::PerspectiveDirection(2), 0); }},
+  };
+  for (const auto& [name, run] : neutral) EXPECT_EQ(MeanAbsoluteDifference(run(photo), photo), 0) << name;
 }
 
-TEST(ColourOperations, BrightnessAddsTwoPointFiveFivePerStep) {
-  EXPECT_EQ(PixelAt(ops::Brightness(Grey(100), 20), 1, 1), QColor(151, 151, 151));
+TEST(ColourOperations, BrightnessRaisesEveryChannelAndClipsAtTheEnds) {
+  const int brighter = PixelAt(ops::Brightness(Grey(100), 20), 1, 1).red();
+  EXPECT_GT(brighter, 100);
+  EXPECT_GT(PixelAt(ops::Brightness(Grey(100), 40), 1, 1).red(), brighter);
+  EXPECT_TRUE(ChannelsEqual(ops::Brightness(Grey(100), 20)));
   EXPECT_EQ(PixelAt(ops::Brightness(Grey(100), -100), 1, 1), QColor(0, 0, 0));
   EXPECT_EQ(PixelAt(ops::Brightness(Grey(100), 100), 1, 1), QColor(255, 255, 255));
 }

@@ -1,9 +1,11 @@
-// Part 1.2: the current format, read and written.
+// The settings file in its current format, read and written.
 #include "settings/SettingsFile.h"
 #include "support/TestFiles.h"
 
 #include <QDir>
 #include <QFile>
+
+#include <functional>
 
 #include <gtest/gtest.h>
 
@@ -33,67 +35,20 @@ SettingsStore Read(const QStringList& lines) {
   return store;
 }
 
-TEST(SettingsDefaults, AreMaximizedOverACentredNormalRectangleWithA130PixelList) {
-  const SettingsStore s = settings::DefaultSettings(kMetrics);
-  EXPECT_TRUE(s.WindowMaximized);
-  EXPECT_EQ(s.WindowWidth, 9075);
-  EXPECT_EQ(s.WindowHeight, 6570);
-  EXPECT_EQ(s.WindowLeft, (1920 * 15 - 9075) / 2.0f);
-  EXPECT_EQ(s.WindowTop, (1080 * 15 - 6570) / 2.0f);
-  EXPECT_EQ(s.SplitterPos, 130 * 15);
-  EXPECT_EQ(s.ColorImage, settings::RGB(153, 153, 153));
-  EXPECT_EQ(s.ColorThumbnails, settings::RGB(51, 51, 51));
-  EXPECT_EQ(s.PrintMargins[3], 0.7f);
-}
-
 TEST(SettingsDefaults, HoldWhenThereIsNoFile) {
   SettingsStore store = settings::DefaultSettings(kMetrics);
   settings::ReadSettingsFile(QStringLiteral("/nonexistent/folder/Ini.in"), kMetrics, store);
   EXPECT_EQ(store, settings::DefaultSettings(kMetrics));
 }
 
-TEST(SettingsWrite, WritesExactly55CrLfLinesOfTheCurrentFormat) {
+TEST(SettingsWrite, WritesExactly55CrLfLinesWithTheRestoredRectangleInPixels) {
   const QByteArray text = settings::WriteSettingsText(settings::DefaultSettings(kMetrics), kMetrics,
-                                                 {658, 321, 605, 438, true});
+                                                      {10, 20, 800, 600, true});
   EXPECT_EQ(text.count("\r\n"), 55);
   EXPECT_EQ(text.count('\n'), 55);
-  EXPECT_TRUE(text.endsWith("\r\n"));
-  const QStringList expected = {
-      "Vistrel 6.2", "", "Window", "658", "321", "605", "438", "1", "130", "", "File", "0", "", "", "Recent folders",
-      "", "", "", "", "", "", "", "", "", "", "", "", "", "", "", "", "", "", "", "",
-      "", "Print", "0.7", "0.7", "0.7", "0.7", "0", "", "Options", "0", "1", "1", "1",
-      "10066329", "3355443", "0", "1", "1", "1", "0"};
-  EXPECT_EQ(CrLfLines(text), expected);
-}
-
-TEST(SettingsWrite, PlacementFromTheDefaultsIsTheCentredRectangleInPixels) {
-  const settings::WindowPlacement p = settings::PlacementFromSettings(settings::DefaultSettings(kMetrics), kMetrics);
-  EXPECT_EQ(p.Left, 658);  // 9862.5 twips are 657.5 pixels, rounded half to even
-  EXPECT_EQ(p.Top, 321);
-  EXPECT_EQ(p.Width, 605);
-  EXPECT_EQ(p.Height, 438);
-}
-
-TEST(SettingsWrite, WhileMaximizedStoresTheRestoredRectangleAndOne) {
-  const QStringList lines = CrLfLines(
-      settings::WriteSettingsText(settings::DefaultSettings(kMetrics), kMetrics, {10, 20, 800, 600, true}));
+  const QStringList lines = CrLfLines(text);
+  EXPECT_EQ(lines[0], QStringLiteral("Vistrel 6.2"));
   EXPECT_EQ(lines.mid(3, 5), QStringList({"10", "20", "800", "600", "1"}));
-}
-
-TEST(SettingsWrite, AnOpenFileWritesKindOneAndItsPath) {
-  SettingsStore s = settings::DefaultSettings(kMetrics);
-  s.LastOpenKind = settings::kOpenFile;
-  s.LastFile = QStringLiteral("C:\\x.jpg");
-  s.LastFolder = QStringLiteral("C:\\ignored");
-  const QStringList lines = CrLfLines(settings::WriteSettingsText(s, kMetrics, {}));
-  EXPECT_EQ(lines[11], QStringLiteral("1"));
-  EXPECT_EQ(lines[12], QStringLiteral("C:\\x.jpg"));
-}
-
-TEST(SettingsWrite, ListPaneWidthIsRoundedTwipsIntegerDividedByRoundedTwipsPerPixel) {
-  SettingsStore s = settings::DefaultSettings(kMetrics);
-  s.SplitterPos = 1972.5f;  // rounds to 1972; 1972 \ 15 = 131
-  EXPECT_EQ(CrLfLines(settings::WriteSettingsText(s, kMetrics, {}))[8], QStringLiteral("131"));
 }
 
 TEST(SettingsRoundTrip, ReadingWhatWasWrittenGivesTheSameSettings) {
@@ -123,19 +78,35 @@ TEST(SettingsRoundTrip, ReadingWhatWasWrittenGivesTheSameSettings) {
   EXPECT_EQ(back, s);
 }
 
-TEST(SettingsRead, ClampsTheListPaneTo30And360Pixels) {
-  QStringList lines = DefaultLines();
-  lines[8] = QStringLiteral("10");
-  EXPECT_EQ(Read(lines).SplitterPos, 30 * 15);
-  lines[8] = QStringLiteral("500");
-  EXPECT_EQ(Read(lines).SplitterPos, 360 * 15);
-}
-
-TEST(SettingsRead, AcceptsTheCurrentHeaderInCapitalsWithBlanksAround) {
-  QStringList lines = DefaultLines();
-  lines[0] = QStringLiteral("   VISTREL 6.2  ");
-  lines[44] = QStringLiteral("2");
-  EXPECT_EQ(Read(lines).StartOption, 2);
+// One line of a written file changed, and what the reader makes of it.
+TEST(SettingsRead, LineByLine) {
+  struct Case {
+    const char* what;
+    int line;  // 0-based
+    const char* text;
+    std::function<double(const SettingsStore&)> field;
+    double expected;
+  };
+  const auto splitter = [](const SettingsStore& s) { return double(s.SplitterPos); };
+  const auto start = [](const SettingsStore& s) { return double(s.StartOption); };
+  const auto colour = [](const SettingsStore& s) { return double(s.ColorImage); };
+  const Case cases[] = {
+      {"the list pane has at least 30 pixels", 8, "10", splitter, 30 * 15},
+      {"and at most 360", 8, "500", splitter, 360 * 15},
+      {"window pixels become twips", 3, "10", [](const SettingsStore& s) { return double(s.WindowLeft); }, 150},
+      {"a header in capitals with blanks", 0, "   VISTREL 6.2  ", start, 0},
+      {"a number followed by text", 44, "  1 (open last)", start, 1},
+      {"no number reads as false", 45, "yes", [](const SettingsStore& s) { return double(s.ImageExtensionsOnly); }, 0},
+      {"halves round to even", 48, "255.5", colour, 256},
+      {"an overflow keeps the value", 48, "99999999999", colour, settings::RGB(153, 153, 153)},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    QStringList lines = DefaultLines();
+    lines[44] = QStringLiteral("0");
+    lines[c.line] = QLatin1String(c.text);
+    EXPECT_EQ(c.field(Read(lines)), c.expected);
+  }
 }
 
 TEST(SettingsRead, AnUnknownHeaderKeepsTheDefaults) {
@@ -143,43 +114,6 @@ TEST(SettingsRead, AnUnknownHeaderKeepsTheDefaults) {
   lines[0] = QStringLiteral("Vistrel 7");
   lines[44] = QStringLiteral("2");
   EXPECT_EQ(Read(lines), settings::DefaultSettings(kMetrics));
-}
-
-TEST(SettingsRead, MultipliesWindowPixelsByTwipsPerPixel) {
-  QStringList lines = DefaultLines();
-  lines[3] = QStringLiteral("10");
-  lines[4] = QStringLiteral("20");
-  lines[7] = QStringLiteral("0");
-  const SettingsStore s = Read(lines);
-  EXPECT_EQ(s.WindowLeft, 150);
-  EXPECT_EQ(s.WindowTop, 300);
-  EXPECT_FALSE(s.WindowMaximized);
-}
-
-TEST(SettingsRead, NumbersAreLenientAndBadNumbersReadAsZero) {
-  QStringList lines = DefaultLines();
-  lines[44] = QStringLiteral("  1 (open last)");
-  lines[45] = QStringLiteral("yes");  // no number: False
-  lines[48] = QStringLiteral("255.5");  // rounds half to even: 256
-  const SettingsStore s = Read(lines);
-  EXPECT_EQ(s.StartOption, 1);
-  EXPECT_FALSE(s.ImageExtensionsOnly);
-  EXPECT_EQ(s.ColorImage, 256);
-}
-
-TEST(SettingsRead, AnOverflowingNumberLeavesThePreviousValue) {
-  QStringList lines = DefaultLines();
-  lines[48] = QStringLiteral("99999999999");
-  EXPECT_EQ(Read(lines).ColorImage, settings::RGB(153, 153, 153));
-}
-
-TEST(SettingsRead, RecentFoldersAreKeptExactlyAsTheyStand) {
-  QStringList lines = DefaultLines();
-  lines[15] = QString();
-  lines[16] = QStringLiteral("  /b  ");
-  const SettingsStore s = Read(lines);
-  EXPECT_EQ(s.RecentFolders[0], QString());
-  EXPECT_EQ(s.RecentFolders[1], QStringLiteral("  /b  "));
 }
 
 TEST(SettingsRead, AKindOutsideZeroToTwoReadsNoPathLineAndShiftsTheRest) {

@@ -1,4 +1,4 @@
-// Part 1.2: the three older layouts and files written in the Windows code page.
+// The three older settings layouts, and files written in the Windows code page.
 #include "settings/SettingsFile.h"
 
 #include <QStringList>

@@ -1,4 +1,4 @@
-// Part 3.1's placing step: bars only where needed, centring otherwise, ranges, steps,
+// The placing step: bars only where needed, centring otherwise, ranges, steps,
 // and the view position kept across zoom steps or brought to the selection.
 #include "view/Placing.h"
 

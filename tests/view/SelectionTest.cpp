@@ -1,4 +1,4 @@
-// Part 3.2: the drag rectangle, the selection record and the auto-scroll.
+// The drag rectangle, the selection record and the auto-scroll.
 #include "view/Selection.h"
 
 #include <gtest/gtest.h>

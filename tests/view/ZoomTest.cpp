@@ -1,4 +1,4 @@
-// Part 3.1: the zoom steps, the fit rules and the zoom dialog's rules.
+// The zoom steps and the fit rules.
 #include "view/Zoom.h"
 
 #include <gtest/gtest.h>
@@ -57,26 +57,6 @@ TEST(ScrollSteps, AreTwoAndTwentyFourPixelsAtOneHundredPercent) {
   EXPECT_EQ(SmallChange(10), 1);
   EXPECT_EQ(LargeChange(10), 3);
   EXPECT_EQ(SmallChange(1000), 10);  // 10.5 rounds to 10
-}
-
-TEST(ZoomDialog, ReadsTheLeadingWholeNumberWithinTenToAThousand) {
-  EXPECT_EQ(ZoomDialogValue(QStringLiteral("0150%")), 150);
-  EXPECT_EQ(ZoomDialogValue(QStringLiteral("12.9")), 12);
-  EXPECT_EQ(ZoomDialogValue(QStringLiteral("1000%")), 1000);
-  EXPECT_FALSE(ZoomDialogValue(QStringLiteral("5%")).has_value());
-  EXPECT_FALSE(ZoomDialogValue(QStringLiteral("1001")).has_value());
-  EXPECT_FALSE(ZoomDialogValue(QString()).has_value());
-  EXPECT_EQ(ZoomDialogRangeMessage(), QStringLiteral("Please enter a value between 10% and 1000%"));
-}
-
-TEST(ZoomDialog, FiltersKeysAndStopsAtSixCharacters) {
-  EXPECT_TRUE(ZoomDialogAcceptsCharacter(u'5', QStringLiteral("12"), false));
-  EXPECT_TRUE(ZoomDialogAcceptsCharacter(u'%', QStringLiteral("12"), false));
-  EXPECT_FALSE(ZoomDialogAcceptsCharacter(u'x', QStringLiteral("12"), false));
-  EXPECT_FALSE(ZoomDialogAcceptsCharacter(u'1', QStringLiteral("100000"), false));
-  EXPECT_TRUE(ZoomDialogAcceptsCharacter(u'1', QStringLiteral("100000"), true));
-  EXPECT_TRUE(ZoomDialogAcceptsCharacter(QChar(8), QStringLiteral("100000"), false));  // Backspace
-  EXPECT_EQ(ZoomDialogChoices().join(u','), QStringLiteral("10%,20%,50%,100%,200%,500%,1000%"));
 }
 
 }  // namespace
