@@ -1,7 +1,6 @@
-// frmMain's file list on the offscreen platform: clicks, rename and the context menu.
-#include "app/frmMain.h"
+// The main window's file list: clicks, rename and the context menu.
 #include "support/DialogAnswerer.h"
-#include "support/TestFiles.h"
+#include "support/MainWindowTest.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>
@@ -15,15 +14,13 @@
 
 namespace {
 
-using testing_support::TempFolder;
-
-class frmMainListTest : public ::testing::Test {
+class frmMainListTest : public testing_support::MainWindowTest {
  protected:
-  frmMainListTest() : window_(config_.File(QStringLiteral("Ini.in"))) {
+  frmMainListTest() {
     pictures_.WritePng(QStringLiteral("a.png"));
     pictures_.WritePng(QStringLiteral("b.png"));
-    window_.RunStartup(pictures_.Path());
-    list_ = window_.findChild<QTreeView*>(QStringLiteral("lisLista"));
+    Start(pictures_.Path());
+    list_ = Child<QTreeView>("lisLista");
   }
 
   QPoint RowCentre(int row) const { return list_->visualRect(list_->model()->index(row, 0)).center(); }
@@ -37,22 +34,19 @@ class frmMainListTest : public ::testing::Test {
     QCoreApplication::processEvents();  // the delegate commits through a queued call
   }
 
-  TempFolder config_;
-  TempFolder pictures_;
-  app::frmMain window_;
   QTreeView* list_ = nullptr;
 };
 
 TEST_F(frmMainListTest, ClickingAnotherEntryOpensIt) {
   QTest::mouseClick(list_->viewport(), Qt::LeftButton, {}, RowCentre(1));
-  EXPECT_EQ(window_.CurrentDocument().ShownRow(), 1);
-  EXPECT_TRUE(window_.CurrentDocument().ImageLoaded());
+  EXPECT_EQ(Doc().ShownRow(), 1);
+  EXPECT_TRUE(Doc().ImageLoaded());
 }
 
 TEST_F(frmMainListTest, TheDownKeyOpensTheNextEntry) {
   list_->setFocus();
   QTest::keyClick(list_, Qt::Key_Down);
-  EXPECT_EQ(window_.CurrentDocument().ShownRow(), 1);
+  EXPECT_EQ(Doc().ShownRow(), 1);
 }
 
 TEST_F(frmMainListTest, RenamingInPlaceRenamesTheFile) {
@@ -73,7 +67,7 @@ TEST_F(frmMainListTest, RenamingWithAForbiddenCharacterIsRefusedWithAMessage) {
 TEST_F(frmMainListTest, TheRightButtonPopsUpTheListMenu) {
   QContextMenuEvent event(QContextMenuEvent::Mouse, RowCentre(0), list_->viewport()->mapToGlobal(RowCentre(0)));
   QApplication::sendEvent(list_->viewport(), &event);
-  auto* menu = window_.findChild<QMenu*>(QStringLiteral("mnuList"));
+  auto* menu = Child<QMenu>("mnuList");
   ASSERT_NE(menu, nullptr);
   EXPECT_TRUE(menu->isVisible());
   menu->close();

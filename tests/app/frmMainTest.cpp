@@ -2,7 +2,7 @@
 #include "settings/SettingsFile.h"
 #include "app/frmMain.h"
 #include "support/DialogAnswerer.h"
-#include "support/TestFiles.h"
+#include "support/MainWindowTest.h"
 
 #include <QAction>
 #include <QFile>
@@ -123,19 +123,6 @@ TEST_F(frmMainTest, DraggingTheSplitterStoresTheListWidthWithin30And360Pixels) {
   EXPECT_EQ(window.State().Settings.SplitterPos, 360 * 15);
   window.close();
   EXPECT_EQ(CrLfLines(ReadAll(SettingsPath()))[8], QStringLiteral("360"));
-}
-
-TEST_F(frmMainTest, CancellingTheSaveQuestionKeepsTheProgramAndTheSettingsFile) {
-  pictures_.WritePng(QStringLiteral("a.png"));
-  app::frmMain window(SettingsPath());
-  window.RunStartup(pictures_.Path());
-  window.findChild<QAction*>(QStringLiteral("mnuColorsNegative"))->trigger();
-  testing_support::DialogAnswerer answerer(QMessageBox::Cancel);
-  EXPECT_FALSE(window.close());
-  EXPECT_EQ(answerer.LastTitle(), QStringLiteral("Save Changes"));
-  EXPECT_EQ(answerer.LastText(), QStringLiteral("'a.png' has changed. Do you want to save changes?"));
-  EXPECT_TRUE(window.isVisible());
-  EXPECT_FALSE(QFile::exists(SettingsPath()));
 }
 
 }  // namespace

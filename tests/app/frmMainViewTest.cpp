@@ -1,52 +1,33 @@
-// The image view on the real main window (offscreen): zoom commands, scroll bars, the
-// selection drag, Zoom to Selection, Always Fit, stepping, the toolbar.
-#include "settings/SettingsFile.h"
+// The image view on the real main window: zoom commands, the selection drag, Zoom to
+// Selection, Always Fit, stepping with keys, buttons and the wheel, the toolbar.
 #include "document/StatusText.h"
-#include "app/frmMain.h"
-#include "support/DialogAnswerer.h"
-#include "support/TestFiles.h"
+#include "support/MainWindowTest.h"
 #include "view/Viewport.h"
 
-#include <QAction>
 #include <QApplication>
 #include <QFileInfo>
-#include <QLabel>
 #include <QMenu>
+#include <QScrollBar>
 #include <QToolBar>
 #include <QToolButton>
-#include <QScrollBar>
 #include <QTreeView>
 #include <QWheelEvent>
 #include <QtTest/QTest>
 
-#include <gtest/gtest.h>
-
 namespace {
 
-using testing_support::TempFolder;
-
-class frmMainViewTest : public ::testing::Test {
+class frmMainViewTest : public testing_support::MainWindowTest {
  protected:
-  // An 800 x 600 window, not maximized, Always Fit off, showing a 2000 x 1500 image.
+  // Always Fit off, a 2000 x 1500 image first in a folder of three.
   frmMainViewTest() {
-    settings::SettingsStore s = settings::DefaultSettings({});
-    s.FitToWindow = false;
-    settings::WriteSettingsFile(config_.File(QStringLiteral("Ini.in")), settings::WriteSettingsText(s, {}, {0, 0, 800, 600, false}));
     pictures_.WritePng(QStringLiteral("big.png"), 2000, 1500);
     pictures_.WritePng(QStringLiteral("c.png"), 40, 30);
     pictures_.WritePng(QStringLiteral("d.png"), 40, 30);
-    window_ = std::make_unique<app::frmMain>(config_.File(QStringLiteral("Ini.in")));
-    window_->RunStartup(pictures_.Path());
+    Start(pictures_.Path(), /*alwaysFit=*/false);
   }
-
-  void Trigger(const char* command) { window_->findChild<QAction*>(QLatin1String(command))->trigger(); }
   view::Viewport& View() { return window_->ImageView(); }
-  QScrollBar* Bar(const char* name) { return window_->findChild<QScrollBar*>(QLatin1String(name)); }
-  QWidget* Canvas() { return window_->findChild<QWidget*>(QStringLiteral("imaImagen")); }
-
-  TempFolder config_;
-  TempFolder pictures_;
-  std::unique_ptr<app::frmMain> window_;
+  QScrollBar* Bar(const char* name) { return Child<QScrollBar>(name); }
+  QWidget* Canvas() { return Child<QWidget>("imaImagen"); }
 };
 
 TEST_F(frmMainViewTest, ZoomCommandsSizeTheImage) {
@@ -58,21 +39,20 @@ TEST_F(frmMainViewTest, ZoomCommandsSizeTheImage) {
 }
 
 TEST_F(frmMainViewTest, TheStatusBarTellsNamePlaceSizeZoomAndFileSize) {
-  const auto pane = [this](const char* name) { return window_->findChild<QLabel*>(QLatin1String(name))->text(); };
-  EXPECT_EQ(pane("lblStatusName"), QStringLiteral("big.png"));
-  EXPECT_EQ(pane("lblStatusPosition"), QStringLiteral("1 / 3"));
-  EXPECT_EQ(pane("lblStatusSize"), QStringLiteral("2000 x 1500"));
-  EXPECT_EQ(pane("lblStatusZoom"), QStringLiteral("100%"));
-  EXPECT_EQ(pane("lblStatusFileSize"), document::FormatFileSize(QFileInfo(pictures_.File(QStringLiteral("big.png"))).size()));
+    EXPECT_EQ(Pane("lblStatusName"), QStringLiteral("big.png"));
+  EXPECT_EQ(Pane("lblStatusPosition"), QStringLiteral("1 / 3"));
+  EXPECT_EQ(Pane("lblStatusSize"), QStringLiteral("2000 x 1500"));
+  EXPECT_EQ(Pane("lblStatusZoom"), QStringLiteral("100%"));
+  EXPECT_EQ(Pane("lblStatusFileSize"), document::FormatFileSize(QFileInfo(pictures_.File(QStringLiteral("big.png"))).size()));
   Trigger("mnuViewZoomOut");
-  EXPECT_EQ(pane("lblStatusZoom"), QStringLiteral("80%"));
+  EXPECT_EQ(Pane("lblStatusZoom"), QStringLiteral("80%"));
   Trigger("mnuViewAlwaysFit");
   window_->resize(500, 400);  // Always Fit follows the window, and so does the status bar
   QApplication::processEvents();
-  EXPECT_EQ(pane("lblStatusZoom"), QString::number(View().Percentage()) + u'%');
+  EXPECT_EQ(Pane("lblStatusZoom"), QString::number(View().Percentage()) + u'%');
   QTest::keyClick(&View(), Qt::Key_End);
-  EXPECT_EQ(pane("lblStatusName"), QStringLiteral("d.png"));
-  EXPECT_EQ(pane("lblStatusPosition"), QStringLiteral("3 / 3"));
+  EXPECT_EQ(Pane("lblStatusName"), QStringLiteral("d.png"));
+  EXPECT_EQ(Pane("lblStatusPosition"), QStringLiteral("3 / 3"));
 }
 
 TEST_F(frmMainViewTest, FitShowsTheWholeImageAndSmallImagesNeedNoBars) {
@@ -107,40 +87,40 @@ TEST_F(frmMainViewTest, TurningAlwaysFitOnFitsAndOffReturnsToOneHundred) {
 TEST_F(frmMainViewTest, KeysOnTheImageStepThroughTheFolder) {
   View().setFocus();
   QTest::keyClick(&View(), Qt::Key_PageDown);
-  EXPECT_EQ(window_->CurrentDocument().ShownRow(), 1);
+  EXPECT_EQ(Doc().ShownRow(), 1);
   QTest::keyClick(&View(), Qt::Key_End);
-  EXPECT_EQ(window_->CurrentDocument().ShownRow(), 2);
+  EXPECT_EQ(Doc().ShownRow(), 2);
   QTest::keyClick(&View(), Qt::Key_Space);  // nothing beyond the last
-  EXPECT_EQ(window_->CurrentDocument().ShownRow(), 2);
+  EXPECT_EQ(Doc().ShownRow(), 2);
   QTest::keyClick(&View(), Qt::Key_Backspace);
-  EXPECT_EQ(window_->CurrentDocument().ShownRow(), 1);
+  EXPECT_EQ(Doc().ShownRow(), 1);
   QTest::keyClick(&View(), Qt::Key_Home);
-  EXPECT_EQ(window_->CurrentDocument().ShownRow(), 0);
-  EXPECT_EQ(window_->findChild<QTreeView*>(QStringLiteral("lisLista"))->currentIndex().row(), 0);
+  EXPECT_EQ(Doc().ShownRow(), 0);
+  EXPECT_EQ(Child<QTreeView>("lisLista")->currentIndex().row(), 0);
 }
 
 TEST_F(frmMainViewTest, ArrowsScrollAlongAShownBarAndStepThroughTheFolderOtherwise) {
   View().setFocus();
   QTest::keyClick(&View(), Qt::Key_Right);  // the 2000-pixel image has a horizontal bar at 100 %
   EXPECT_EQ(Bar("hscImagen")->value(), Bar("hscImagen")->singleStep());
-  EXPECT_EQ(window_->CurrentDocument().ShownRow(), 0);
+  EXPECT_EQ(Doc().ShownRow(), 0);
   QTest::keyClick(&View(), Qt::Key_Down);
   EXPECT_EQ(Bar("vscImagen")->value(), Bar("vscImagen")->singleStep());
   Trigger("mnuViewFit");  // no bars: the arrows step
   QTest::keyClick(&View(), Qt::Key_Right);
-  EXPECT_EQ(window_->CurrentDocument().ShownRow(), 1);
+  EXPECT_EQ(Doc().ShownRow(), 1);
   QTest::keyClick(&View(), Qt::Key_Down);  // the 40 x 30 image never needs bars
-  EXPECT_EQ(window_->CurrentDocument().ShownRow(), 2);
+  EXPECT_EQ(Doc().ShownRow(), 2);
   QTest::keyClick(&View(), Qt::Key_Left);
   QTest::keyClick(&View(), Qt::Key_Up);
-  EXPECT_EQ(window_->CurrentDocument().ShownRow(), 0);
+  EXPECT_EQ(Doc().ShownRow(), 0);
 }
 
 TEST_F(frmMainViewTest, TheMouseButtonsStepAndTheWheelZoomsAndScrolls) {
   QTest::mouseClick(Canvas(), Qt::ForwardButton);
-  EXPECT_EQ(window_->CurrentDocument().ShownRow(), 1);
+  EXPECT_EQ(Doc().ShownRow(), 1);
   QTest::mouseClick(Canvas(), Qt::BackButton);
-  EXPECT_EQ(window_->CurrentDocument().ShownRow(), 0);
+  EXPECT_EQ(Doc().ShownRow(), 0);
   const auto wheel = [this](Qt::KeyboardModifiers modifiers, int delta) {
     QWheelEvent event(QPointF(10, 10), Canvas()->mapToGlobal(QPointF(10, 10)), QPoint(), QPoint(0, delta),
                       Qt::NoButton, modifiers, Qt::NoScrollPhase, false);
@@ -163,7 +143,7 @@ TEST_F(frmMainViewTest, TheMiddleButtonPans) {
 }
 
 TEST_F(frmMainViewTest, TheToolbarButtonsHaveCaptionsTooltipsAndIconsAndRunTheCommands) {
-  auto* toolbar = window_->findChild<QToolBar*>(QStringLiteral("ctlToolbar"));
+  auto* toolbar = Child<QToolBar>("ctlToolbar");
   ASSERT_NE(toolbar, nullptr);
   for (QAction* action : toolbar->actions()) {
     if (action->isSeparator()) continue;
@@ -172,22 +152,22 @@ TEST_F(frmMainViewTest, TheToolbarButtonsHaveCaptionsTooltipsAndIconsAndRunTheCo
     EXPECT_EQ(action->toolTip(), action->iconText());
   }
   // The buttons are the menu commands: the zoom buttons work as the menu's do.
-  auto* zoomIn = qobject_cast<QToolButton*>(toolbar->widgetForAction(window_->findChild<QAction*>(QStringLiteral("mnuViewZoomIn"))));
+  auto* zoomIn = qobject_cast<QToolButton*>(toolbar->widgetForAction(Command("mnuViewZoomIn")));
   ASSERT_NE(zoomIn, nullptr);
   QTest::mouseClick(zoomIn, Qt::LeftButton);
   EXPECT_EQ(View().Percentage(), 120);
 }
 
 TEST_F(frmMainViewTest, TheViewButtonSwitchesModesAndItsPopupOffersThemAll) {
-  auto* popup = window_->findChild<QMenu*>(QStringLiteral("frmMenuBotonView"));
+  auto* popup = Child<QMenu>("frmMenuBotonView");
   ASSERT_NE(popup, nullptr);
   EXPECT_EQ(popup->actions().size(), 3);
-  EXPECT_EQ(window_->CurrentDocument().View(), document::ViewMode::ListAndImage);
+  EXPECT_EQ(Doc().View(), document::ViewMode::ListAndImage);
   Trigger("mnuViewBoton");
-  EXPECT_EQ(window_->CurrentDocument().View(), document::ViewMode::Image);
-  EXPECT_TRUE(window_->findChild<QAction*>(QStringLiteral("mnuViewImage"))->isChecked());
+  EXPECT_EQ(Doc().View(), document::ViewMode::Image);
+  EXPECT_TRUE(Command("mnuViewImage")->isChecked());
   Trigger("mnuViewBoton");
-  EXPECT_EQ(window_->CurrentDocument().View(), document::ViewMode::ListAndImage);
+  EXPECT_EQ(Doc().View(), document::ViewMode::ListAndImage);
 }
 
 }  // namespace

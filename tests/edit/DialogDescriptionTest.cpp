@@ -37,23 +37,23 @@ TEST(ParseDialogDescription, BlendWithOnlyClassWindowAndPreview) {
   EXPECT_EQ(layout.CancelTabIndex, 1);
 }
 
-TEST(ParseDialogDescription, KeywordsInCapitalsReadAsLowerCase) {
-  const auto layout = ParseDialogDescription(QStringLiteral("CLA,Blend,VEN,40,27,Blend,Pre,24,1,"));
-  EXPECT_EQ(layout.DialogClass, QStringLiteral("Blend"));
-  EXPECT_EQ(layout.WindowWidth, 4800);
-  EXPECT_TRUE(layout.HasPreview());
-}
-
-TEST(ParseDialogDescription, APreClauseWithOnlyItsXReadsAnEmptyY) {
-  const auto layout = ParseDialogDescription(QStringLiteral("cla,Blend,pre,24"));
-  EXPECT_EQ(layout.PreviewX, 24 * 120);
-  EXPECT_EQ(layout.PreviewY, 0);
-}
-
-TEST(ParseDialogDescription, AKeywordWithoutACommaAfterItEndsTheDescription) {
-  const auto layout = ParseDialogDescription(QStringLiteral("cla,Blend,pre"));
-  EXPECT_FALSE(layout.HasPreview());
-  EXPECT_EQ(layout.DialogClass, QStringLiteral("Blend"));
+// Short clauses: what the parser makes of descriptions that end or bend early.
+TEST(ParseDialogDescription, ShortClauses) {
+  const auto preview = [](const char* text) {
+    const auto layout = ParseDialogDescription(QLatin1String(text));
+    return layout.HasPreview() ? QStringLiteral("%1 %2").arg(*layout.PreviewX).arg(*layout.PreviewY) : QString();
+  };
+  EXPECT_EQ(preview("CLA,Blend,VEN,40,27,Blend,Pre,24,1,"), QStringLiteral("2880 120"));  // keywords in any case
+  EXPECT_EQ(preview("cla,Blend,pre,24"), QStringLiteral("2880 0"));                       // a missing Y reads empty
+  EXPECT_EQ(preview("cla,Blend,pre"), QString());  // a keyword without a comma after it ends the text
+  const auto bare = ParseDialogDescription(QStringLiteral("let,1,1,x,"));
+  EXPECT_FALSE(bare.Title || bare.WindowWidth);
+  EXPECT_TRUE(bare.DialogClass.isEmpty());
+  EXPECT_TRUE(ParseDialogDescription(QString()).Controls.empty());
+  const QString twoBoxes = QStringLiteral("tex,1,3,4,2,tex,1,9,4,2,");
+  EXPECT_EQ(ParseDialogDescription(twoBoxes).Controls.back().Index, 2);
+  EXPECT_EQ(ParseDialogDescription(twoBoxes).Controls.back().Index, 2);  // each parse counts from one
+  EXPECT_EQ(ParseDialogDescription(twoBoxes).Find(ControlKind::TextBox, 1)->Link, 2);  // boxes may share a link
 }
 
 TEST(ParseDialogDescription, AnExtraFieldIsSkippedAsAnUnknownKeyword) {
@@ -69,12 +69,6 @@ TEST(ParseDialogDescription, AValueThatSpellsAKeywordIsTakenAsOne) {
   ASSERT_EQ(layout.Controls.size(), 1u);
   EXPECT_EQ(layout.Controls[0].X, 360);
   EXPECT_EQ(layout.Controls[0].Caption, QStringLiteral("Hi"));
-}
-
-TEST(ParseDialogDescription, TwoTextBoxesMayShareALink) {
-  const auto layout = ParseDialogDescription(QStringLiteral("tex,1,3,4,2,tex,1,9,4,2,"));
-  EXPECT_EQ(layout.Find(ControlKind::TextBox, 1)->Link, 2);
-  EXPECT_EQ(layout.Find(ControlKind::TextBox, 2)->Link, 2);
 }
 
 TEST(ParseDialogDescription, TickFrequencyRoundsHalfToEven) {
@@ -113,20 +107,6 @@ TEST(ParseDialogDescription, ControlsAreNumberedPerKindAndTabbedInClauseOrder) {
   EXPECT_EQ(layout.Find(ControlKind::Button, 1)->Caption, QStringLiteral("90"));
   EXPECT_EQ(layout.OkTabIndex, 7);
   EXPECT_EQ(layout.CancelTabIndex, 8);
-}
-
-TEST(ParseDialogDescription, WithoutVenOrClaLeavesWindowAndClassUnset) {
-  const auto layout = ParseDialogDescription(QStringLiteral("let,1,1,x,"));
-  EXPECT_FALSE(layout.Title.has_value());
-  EXPECT_FALSE(layout.WindowWidth.has_value());
-  EXPECT_TRUE(layout.DialogClass.isEmpty());
-  EXPECT_TRUE(ParseDialogDescription(QString()).Controls.empty());
-}
-
-TEST(ParseDialogDescription, EachParseNumbersFromOne) {
-  const QString text = QStringLiteral("tex,1,3,4,1,tex,1,3,4,1,");
-  EXPECT_EQ(ParseDialogDescription(text).Controls.back().Index, 2);
-  EXPECT_EQ(ParseDialogDescription(text).Controls.back().Index, 2);
 }
 
 }  // namespace

@@ -67,43 +67,44 @@ TEST(DialogModel, MotionBlursIntensityBoxDrivesTheVerticalSpeedSlider) {
   EXPECT_EQ(blur.Text(2), QStringLiteral("0"));
 }
 
-TEST(DialogModel, ResizeShowsTheSizeAndKeepsTheAspect) {
+TEST(DialogModel, ResizeShowsTheSizeWithOnlyTheNewSizeEditable) {
   DialogModel resize = Dialog("mnuImageResize", k800x600);
   EXPECT_EQ(resize.Text(1), QStringLiteral("800"));
   EXPECT_EQ(resize.Text(2), QStringLiteral("600"));
-  EXPECT_FALSE(resize.TextEnabled(1));
-  EXPECT_FALSE(resize.TextEnabled(2));
-  EXPECT_TRUE(resize.TextEnabled(3));
-  EXPECT_TRUE(resize.Checked(1));
-  EXPECT_FALSE(resize.TextChanged(3, QStringLiteral("400")));
-  EXPECT_EQ(resize.Text(4), QStringLiteral("300"));
-  resize.TextChanged(4, QStringLiteral("150"));
-  EXPECT_EQ(resize.Text(3), QStringLiteral("200"));
+  EXPECT_FALSE(resize.TextEnabled(1) || resize.TextEnabled(2));
+  EXPECT_TRUE(resize.TextEnabled(3) && resize.Checked(1));
 }
 
-TEST(DialogModel, ResizeAspectRoundsHalfToEvenAndEmptiesWhereNeeded) {
-  DialogModel resize = Dialog("mnuImageResize", {5 * 15, 3 * 15, 15, 15});
-  resize.TextChanged(3, QStringLiteral("5"));  // 5 x 3 / 5 = 3
-  EXPECT_EQ(resize.Text(4), QStringLiteral("3"));
-  resize.TextChanged(4, QStringLiteral("3"));
-  EXPECT_EQ(resize.Text(3), QStringLiteral("5"));
-  resize.TextChanged(3, QStringLiteral("  "));
-  EXPECT_TRUE(resize.Text(4).isEmpty());
-  resize.TextChanged(4, QStringLiteral("+"));
-  EXPECT_TRUE(resize.Text(3).isEmpty());
-  EXPECT_TRUE(resize.Text(4).isEmpty());
-  DialogModel halves = Dialog("mnuImageResize", {4 * 15, 1 * 15, 15, 15});
-  halves.TextChanged(3, QStringLiteral("10"));  // 2.5 rounds to 2
-  EXPECT_EQ(halves.Text(4), QStringLiteral("2"));
-}
-
-TEST(DialogModel, ResizeWithoutTheLockLeavesTheOtherBox) {
-  DialogModel resize = Dialog("mnuImageResize", k800x600);
-  resize.CheckClicked(1, false);
-  resize.TextChanged(3, QStringLiteral("400"));
-  EXPECT_EQ(resize.Text(4), QStringLiteral("600"));
-  resize.CheckClicked(1, true);  // switching the lock on recomputes the height
-  EXPECT_EQ(resize.Text(4), QStringLiteral("300"));
+// What the other box of the new size holds after typing into one, aspect locked or not.
+TEST(DialogModel, ResizeKeepsTheAspectWhenLocked) {
+  struct Case {
+    const char* what;
+    int width, height;  // the image, in pixels
+    bool locked;
+    int box;  // 3 width, 4 height
+    const char* typed;
+    const char* other;
+  };
+  const Case cases[] = {
+      {"width", 800, 600, true, 3, "400", "300"},
+      {"height", 800, 600, true, 4, "150", "200"},
+      {"halves round to even", 4, 1, true, 3, "10", "2"},
+      {"blanks empty the other", 5, 3, true, 3, "  ", ""},
+      {"a lone sign empties the other", 5, 3, true, 4, "+", ""},
+      {"unlocked leaves it", 800, 600, false, 3, "400", "600"},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    DialogModel resize = Dialog("mnuImageResize", {c.width * 15.0, c.height * 15.0, 15, 15});
+    if (!c.locked) resize.CheckClicked(1, false);
+    resize.TextChanged(c.box, QLatin1String(c.typed));
+    EXPECT_EQ(resize.Text(7 - c.box), QLatin1String(c.other));
+  }
+  DialogModel relocked = Dialog("mnuImageResize", k800x600);
+  relocked.CheckClicked(1, false);
+  relocked.TextChanged(3, QStringLiteral("400"));
+  relocked.CheckClicked(1, true);  // switching the lock on recomputes the height
+  EXPECT_EQ(relocked.Text(4), QStringLiteral("300"));
 }
 
 TEST(DialogModel, ResizeAccepts1To2048) {

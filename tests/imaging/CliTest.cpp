@@ -34,73 +34,46 @@ CliRun Cli(const QStringList& arguments) {
 TEST(VistrelCli, InfoPrintsOneLineAFileAndFailsWhenOneDoes) {
   const QString good = CorpusPath(QStringLiteral("formats/pil184.pcx"));
   const QString bad = CorpusPath(QStringLiteral("malformed/negative_size.ppm"));
-  const CliRun run = Cli({QStringLiteral("info"), good, bad});
+  const CliRun run = Cli({"info", good, bad});
   EXPECT_EQ(run.ExitCode, 1);
-  EXPECT_EQ(run.Output, good + QStringLiteral("\tPCX\t447x144\n") + bad + QStringLiteral("\tCan't open file\n"));
-  EXPECT_EQ(Cli({QStringLiteral("info"), good}).ExitCode, 0);
+  EXPECT_EQ(run.Output, good + "\tPCX\t447x144\n" + bad + "\tCan't open file\n");
+  EXPECT_EQ(Cli({"info", good}).ExitCode, 0);
 }
 
-TEST(VistrelCli, ConvertLoadsAsTheViewerAndSavesByExtension) {
+TEST(VistrelCli, ConvertLoadsAsTheViewerAndSavesByExtensionOrSaysWhyNot) {
   testing_support::TempFolder folder;
   const QString out = folder.File(QStringLiteral("upright.tga"));
-  EXPECT_EQ(Cli({QStringLiteral("convert"), CorpusPath(QStringLiteral("exif-orientation/Landscape_8.jpg")), out}).ExitCode, 0);
-  EXPECT_EQ(Cli({QStringLiteral("info"), out}).Output, out + QStringLiteral("\tTGA\t1800x1200\n"));
-}
-
-TEST(VistrelCli, ConvertSaysCantSaveFileAndLeavesNothing) {
-  testing_support::TempFolder folder;
-  const CliRun run = Cli({QStringLiteral("convert"), CorpusPath(QStringLiteral("formats/hopper.png")), folder.File(QStringLiteral("x.gif"))});
-  EXPECT_NE(run.ExitCode, 0);
-  EXPECT_EQ(run.Output, QStringLiteral("Can't save file\n"));
-  EXPECT_EQ(Cli({QStringLiteral("convert"), folder.File(QStringLiteral("missing.png")), folder.File(QStringLiteral("y.png"))}).Output,
-            QStringLiteral("Can't open file\n"));
-  EXPECT_EQ(Cli({QStringLiteral("nothing")}).ExitCode, 2);
+  EXPECT_EQ(Cli({"convert", CorpusPath(QStringLiteral("exif-orientation/Landscape_8.jpg")), out}).ExitCode, 0);
+  EXPECT_EQ(Cli({"info", out}).Output, out + "\tTGA\t1800x1200\n");
+  const CliRun gif = Cli({"convert", CorpusPath(QStringLiteral("formats/hopper.png")), folder.File(QStringLiteral("x.gif"))});
+  EXPECT_NE(gif.ExitCode, 0);
+  EXPECT_EQ(gif.Output, QStringLiteral("Can't save file\n"));
+  EXPECT_EQ(Cli({"convert", folder.File(QStringLiteral("missing.png")), out}).Output, QStringLiteral("Can't open file\n"));
+  EXPECT_EQ(Cli({"nothing"}).ExitCode, 2);
 }
 
 TEST(VistrelCli, ApplyRunsOperationsInTurnAsTheViewerDoes) {
+  namespace ops = imaging::ops;
   testing_support::TempFolder folder;
   const QString photo = CorpusPath(QStringLiteral("formats/hopper.png"));
   const QString out = folder.File(QStringLiteral("out.png"));
-  const QStringList chain = {QStringLiteral("Brightness"), QStringLiteral("20"), QStringLiteral("Negative"),
-                             QStringLiteral("Rotate"), QStringLiteral("90"), QStringLiteral("Crop"), QStringLiteral("10"),
-                             QStringLiteral("10"), QStringLiteral("100"), QStringLiteral("50")};
-  ASSERT_EQ(Cli(QStringList{QStringLiteral("apply"), photo, out} + chain).ExitCode, 0);
-  const imaging::Image expected = imaging::ops::Crop(
-      imaging::ops::Rotate(imaging::ops::Negative(imaging::ops::Brightness(imaging::LoadFile(photo).value(), 20)), 90),
-      QRect(10, 10, 100, 50));
-  EXPECT_EQ(testing_support::MeanAbsoluteDifference(imaging::LoadFile(out).value(), expected), 0);
-}
-
-TEST(VistrelCli, ApplyStreamsAChainThatReadsInOrderToTheSamePixels) {
-  testing_support::TempFolder folder;
-  const QString photo = CorpusPath(QStringLiteral("exif-orientation/Landscape_1.jpg"));
-  const QString out = folder.File(QStringLiteral("out.ppm"));
-  ASSERT_EQ(Cli({QStringLiteral("apply"), photo, out, QStringLiteral("Sharpen"), QStringLiteral("3"), QStringLiteral("ColorDepth"),
-                 QStringLiteral("8"), QStringLiteral("Crop"), QStringLiteral("100"), QStringLiteral("50"), QStringLiteral("900"),
-                 QStringLiteral("600")})
-                .ExitCode,
-            0);
-  const imaging::Image expected = imaging::ops::Crop(
-      imaging::ops::ColorDepth(imaging::ops::Sharpen(imaging::LoadFile(photo).value(), 3), 8), QRect(100, 50, 900, 600));
+  ASSERT_EQ(Cli({"apply", photo, out, "Brightness", "20", "Negative", "Rotate", "90", "Crop", "10", "10", "100", "50"}).ExitCode, 0);
+  imaging::Image expected = ops::Negative(ops::Brightness(imaging::LoadFile(photo).value(), 20));
+  expected = ops::Crop(ops::Rotate(expected, 90), QRect(10, 10, 100, 50));
   EXPECT_EQ(testing_support::MeanAbsoluteDifference(imaging::LoadFile(out).value(), expected), 0);
 }
 
 TEST(VistrelCli, ApplyNamesTheAllowedRangeOfABadValue) {
   testing_support::TempFolder folder;
-  const QString photo = CorpusPath(QStringLiteral("formats/hopper.png"));
   const QString out = folder.File(QStringLiteral("out.png"));
   QProcess process;
-  process.start(QStringLiteral(VISTREL_CLI_PATH), {QStringLiteral("apply"), photo, out, QStringLiteral("Brightness"), QStringLiteral("250")});
+  process.start(QStringLiteral(VISTREL_CLI_PATH), {"apply", CorpusPath(QStringLiteral("formats/hopper.png")), out, "Brightness", "250"});
   process.waitForFinished(60000);
   EXPECT_EQ(process.exitCode(), 2);
   EXPECT_EQ(QString::fromLocal8Bit(process.readAllStandardError()),
             QStringLiteral("Brightness: value must be from -100 to 100, not 250\n"));
   EXPECT_FALSE(QFile::exists(out));
 }
-
-}  // namespace
-
-namespace {
 
 // A save killed at any moment leaves the target either exactly as it was or complete:
 // never a half-written file (the bytes go to a temporary file that is renamed over it).
@@ -120,7 +93,7 @@ TEST(InterruptedSave, AKilledSaveLeavesTheOriginalIntactOrTheNewFileWhole) {
   int keptOriginal = 0, replacedWhole = 0;
   for (const int delay : {0, 10, 30, 60, 100, 150, 250, 400}) {
     QProcess saver;
-    saver.start(QStringLiteral(VISTREL_CLI_PATH), {QStringLiteral("convert"), input, target});
+    saver.start(QStringLiteral(VISTREL_CLI_PATH), {"convert", input, target});
     ASSERT_TRUE(saver.waitForStarted());
     QThread::msleep(static_cast<unsigned long>(delay));
     ::kill(static_cast<pid_t>(saver.processId()), SIGKILL);
