@@ -19,7 +19,11 @@ QIcon ThemedIcon(const char* name) {
 QAction* CommandTable::Declare(const Command& command, CommandRules rules) {
   auto* action = new QAction(QLatin1String(command.Caption), owner_);
   action->setObjectName(QLatin1String(command.Name));
-  if (command.Shortcut.key() != Qt::Key_unknown) action->setShortcut(QKeySequence(command.Shortcut));
+  QList<QKeySequence> shortcuts;
+  for (const QKeyCombination key : {command.Shortcut, command.AlternateShortcut}) {
+    if (key.key() != Qt::Key_unknown) shortcuts << QKeySequence(key);
+  }
+  action->setShortcuts(shortcuts);
   if (command.Icon) action->setIcon(ThemedIcon(command.Icon));
   if (command.ButtonCaption) {
     action->setIconText(QLatin1String(command.ButtonCaption));

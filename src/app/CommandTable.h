@@ -25,6 +25,7 @@ struct Command {
   QKeyCombination Shortcut = {};
   const char* Icon = nullptr;           // a freedesktop icon name, for the toolbar
   const char* ButtonCaption = nullptr;  // the toolbar button's caption
+  QKeyCombination AlternateShortcut = {};
 };
 
 struct CommandRules {

@@ -103,11 +103,12 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   bool RunOpenFolder();
   void RunOpenFile();
   bool RunSave();
-  void RunSaveAs();
+  bool RunSaveAs();
+  bool ConfirmReplace(const QString& path);
   void ShowCantSave(const QString& path, const QString& title);
   void ShowExclamation(const QString& text) override;
   document::SaveChangesAnswer AskSaveChanges(const QString& question) override;
-  bool SaveForPrompt() override { return RunSave(); }
+  bool SaveForPrompt() override;
 
   // frmMainViewCommands.cpp
   bool CanZoom() const;

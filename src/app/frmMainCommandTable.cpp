@@ -97,7 +97,7 @@ void frmMain::DeclareEditCommands() {
   t.Declare({"mnuEditUndo", "&Undo", Qt::CTRL | Qt::Key_Z, "edit-undo", "Undo"},
             {[this] { document_.Undo(); }, [this] { return document_.CanEdit() && document_.UndoHistory().CanUndo(); },
              {}, [&history] { return history.UndoCaption(); }, [&history] { return history.UndoTooltip(); }});
-  t.Declare({"mnuEditRedo", "&Redo", Qt::CTRL | Qt::Key_Y, "edit-redo", "Redo"},
+  t.Declare({"mnuEditRedo", "&Redo", Qt::CTRL | Qt::Key_Y, "edit-redo", "Redo", Qt::CTRL | Qt::SHIFT | Qt::Key_Z},
             {[this] { document_.Redo(); }, [this] { return document_.CanEdit() && document_.UndoHistory().CanRedo(); },
              {}, [&history] { return history.RedoCaption(); }, [&history] { return history.RedoTooltip(); }});
   t.Declare({"mnuEditCopy", "&Copy", Qt::CTRL | Qt::Key_C}, {[this] { CopyToClipboard(); }, [this] { return document_.CanEdit(); }});
@@ -123,9 +123,9 @@ void frmMain::DeclareViewCommands() {
   CommandRules alwaysFit = zoom([this] { ToggleAlwaysFit(); });
   alwaysFit.Checked = [this] { return state_.Settings.FitToWindow; };
   t.Declare({"mnuViewAlwaysFit", "&Always Fit"}, alwaysFit);
-  t.Declare({"mnuViewZoomIn", "Zoom I&n", Qt::Key_Plus, "zoom-in", "Zoom In"}, zoom([this] { StepZoom(+1); }));
-  t.Declare({"mnuViewZoomOut", "Zoom O&ut", Qt::Key_Minus, "zoom-out", "Zoom Out"}, zoom([this] { StepZoom(-1); }));
-  t.Declare({"mnuViewZoom", "&Zoom...", Qt::CTRL | Qt::SHIFT | Qt::Key_Z}, zoom([this] { RunZoomDialog(); }));
+  t.Declare({"mnuViewZoomIn", "Zoom I&n", Qt::Key_Plus, "zoom-in", "Zoom In", Qt::CTRL | Qt::Key_Equal}, zoom([this] { StepZoom(+1); }));
+  t.Declare({"mnuViewZoomOut", "Zoom O&ut", Qt::Key_Minus, "zoom-out", "Zoom Out", Qt::CTRL | Qt::Key_Minus}, zoom([this] { StepZoom(-1); }));
+  t.Declare({"mnuViewZoom", "&Zoom...", Qt::CTRL | Qt::Key_M}, zoom([this] { RunZoomDialog(); }));
   t.Declare({"mnuViewZoomToSelection", "Zoom to Sele&ction"}, zoom([this] { RunZoomToSelection(); }));
   t.Declare({"mnuViewFullScreen", "Full Scr&een", Qt::Key_F11, "view-fullscreen", "Full Screen"});
   t.Declare({"mnuViewToolbar", "Tool&bar"}, {[this] {

@@ -7,6 +7,7 @@
 #include "view/Viewport.h"
 #include "widgets/BusyPointer.h"
 
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
@@ -44,8 +45,8 @@ bool frmMain::RunOpenFolder() {
   return true;
 }
 
+// Open File: the save question only once a file is chosen, as for Open Folder.
 void frmMain::RunOpenFile() {
-  if (!document_.ConfirmSaveChanges()) return;
   widgets::FileDialogRequest request;
   request.Title = QStringLiteral("Open File");
   request.NameFilters = files::QtNameFilters(files::OpenFileFilters());
@@ -53,7 +54,7 @@ void frmMain::RunOpenFile() {
                              ? QFileInfo(state_.Settings.LastFile).absolutePath()
                              : state_.Settings.LastFolder;
   const widgets::FileDialogAnswer answer = chooseFile_(this, request);
-  if (answer.Path.isEmpty()) return;
+  if (answer.Path.isEmpty() || !document_.ConfirmSaveChanges()) return;
   document_.OpenFile(answer.Path);
 }
 
@@ -81,25 +82,45 @@ bool frmMain::RunSave() {
   return true;
 }
 
-void frmMain::RunSaveAs() {
+// Save As: true when the image was written.
+bool frmMain::RunSaveAs() {
   const QString current = document_.CurrentFilePath();
   widgets::FileDialogRequest request;
   request.Title = QStringLiteral("Save As");
   request.Save = true;
   request.NameFilters = files::QtNameFilters(files::SaveAsFilters());
-  request.SelectedFilter = files::SaveAsFilterIndex(LowerSuffix(current));
-  request.ProposedPath = current;
+  // A type that cannot be written is proposed as PNG, which holds any image.
+  const bool writable = !files::CannotBeWritten(LowerSuffix(current));
+  const QFileInfo proposed(current);
+  request.ProposedPath = writable ? current : proposed.dir().filePath(proposed.completeBaseName() + QStringLiteral(".png"));
+  request.SelectedFilter = files::SaveAsFilterIndex(LowerSuffix(request.ProposedPath));
   const widgets::FileDialogAnswer answer = chooseFile_(this, request);
-  if (answer.Path.isEmpty()) return;
+  if (answer.Path.isEmpty()) return false;
+  const QString target = files::WithSaveAsExtension(answer.Path, answer.FilterIndex);
+  // The dialog asked about the name as typed; a file under the completed name is asked about here.
+  if (target != answer.Path && QFileInfo::exists(target) && !ConfirmReplace(target)) return false;
   widgets::ShowBusyPointer();
   picFondo_->SelectNone();
-  const QString target = files::WithSaveAsExtension(answer.Path, answer.FilterIndex);
   if (!document_.SaveImageTo(target)) {
     ShowCantSave(target, QStringLiteral("Save As"));
-    return;
+    return false;
   }
   document_.AfterSaveAs(target);
   widgets::RestorePointer();
+  return true;
+}
+
+bool frmMain::ConfirmReplace(const QString& path) {
+  const QString question = QStringLiteral("%1 already exists.\nDo you want to replace it?").arg(QFileInfo(path).fileName());
+  return QMessageBox::warning(this, QStringLiteral("Save As"), question, QMessageBox::Yes | QMessageBox::No,
+                              QMessageBox::No) == QMessageBox::Yes;
+}
+
+// Yes to the save question. Save writes the file; where Save would do nothing (a type
+// that cannot be written) Save As is offered, so an edit is never dropped unasked.
+bool frmMain::SaveForPrompt() {
+  if (CanSave() && files::CannotBeWritten(LowerSuffix(document_.CurrentFilePath()))) return RunSaveAs();
+  return RunSave();
 }
 
 void frmMain::ShowExclamation(const QString& text) {

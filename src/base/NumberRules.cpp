@@ -4,7 +4,6 @@
 
 #include <cmath>
 #include <limits>
-#include <string>
 
 namespace numbers {
 
@@ -70,12 +69,11 @@ double LeadingNumber(QStringView text) {
     const qsizetype expDigits = DigitRun(text, expPos);
     if (expDigits > 0) end = expPos + expDigits;
   }
-  std::string number = text.mid(start, end - start).toString().toStdString();
-  for (char& c : number) {
-    if (c == 'd' || c == 'D') c = 'e';
-  }
-  const double value = std::strtod(number.c_str(), nullptr);
-  return std::isfinite(value) ? value : 0.0;
+  QString number = text.mid(start, end - start).toString();
+  number.replace(u'd', u'e').replace(u'D', u'e');
+  bool ok = false;
+  const double value = QLocale::c().toDouble(number, &ok);  // "." whatever the user's locale
+  return ok && std::isfinite(value) ? value : 0.0;
 }
 
 std::optional<std::int32_t> RoundToInt32(double value) {

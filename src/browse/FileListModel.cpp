@@ -32,7 +32,8 @@ int FileListModel::columnCount(const QModelIndex& parent) const { return parent.
 
 QVariant FileListModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid() || index.row() >= Count()) return {};
-  if (role == Qt::DisplayRole || role == Qt::EditRole) return Entry(index.row()).DisplayName;
+  if (role == Qt::DisplayRole) return Entry(index.row()).DisplayName;
+  if (role == Qt::EditRole) return Entry(index.row()).FileName;  // the editor starts from the real name
   return {};
 }
 

@@ -3,6 +3,9 @@
 #include "base/NumberRules.h"
 #include "base/Paths.h"
 
+#include <QDir>
+#include <QUrl>
+
 namespace document {
 
 QString JoinArguments(const QStringList& argumentsAfterProgram) { return argumentsAfterProgram.join(u' '); }
@@ -14,6 +17,13 @@ QString CommandLinePath(const QString& commandLine) {
     if (path.endsWith(u'"')) path = numbers::TrimBlanks(path.chopped(1));
   }
   return base::StripTrailingBackslashes(path);
+}
+
+QString ResolveCommandLinePath(const QString& path, const QString& workingFolder) {
+  if (path.isEmpty()) return path;
+  QString local = path;
+  if (path.startsWith(QLatin1String("file://"), Qt::CaseInsensitive)) local = QUrl(path).toLocalFile();
+  return base::StripTrailingBackslashes(QDir::cleanPath(QDir(workingFolder).absoluteFilePath(local)));
 }
 
 }  // namespace document

@@ -14,4 +14,9 @@ QString JoinArguments(const QStringList& argumentsAfterProgram);
 // the trailing separators. Empty means "no command line".
 QString CommandLinePath(const QString& commandLine);
 
+// The path made absolute against `workingFolder` before anything keeps it, so the
+// settings and the recent folders work wherever the program starts next time. A
+// file:// URI, as desktop launchers pass, becomes its local path.
+QString ResolveCommandLinePath(const QString& path, const QString& workingFolder);
+
 }  // namespace document

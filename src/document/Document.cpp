@@ -7,6 +7,7 @@
 #include "settings/RecentFolders.h"
 #include "files/FileOperations.h"
 
+#include <QDir>
 #include <QFileInfo>
 
 namespace document {
@@ -15,7 +16,7 @@ Document::Document(AppState& state, browse::FileListModel& list, DocumentPrompts
     : state_(state), list_(list), prompts_(prompts), loader_(std::move(loader)) {}
 
 StartupEnd Document::OpenAtStartup(const QString& commandLine) {
-  const QString path = CommandLinePath(commandLine);
+  const QString path = ResolveCommandLinePath(CommandLinePath(commandLine), QDir::currentPath());
   if (!path.isEmpty()) {
     if (base::FolderExists(path)) {
       OpenFolderFromCommandLine(path);
@@ -200,6 +201,7 @@ bool Document::RenameEntry(int row, const QString& newText) {
     }
   }
   const browse::FileEntry old = list_.Entry(row);
+  if (name == old.FileName) return false;  // confirmed without a change: nothing to do
   const QString& folder = state_.Settings.LastFolder;
   if (!files::RenameFile(base::JoinPath(folder, old.FileName), base::JoinPath(folder, name))) return false;
   const int newRow = list_.ReplaceAndResort(row, {base::DisplayName(name), name});

@@ -49,18 +49,24 @@ bool Document::SaveImageTo(const QString& path) {
   return true;
 }
 
+// Saved outside the folder shown, the image goes on as that single file, so Save and the
+// save question keep applying to what the user sees.
 void Document::AfterSaveAs(const QString& path) {
   settings::SettingsStore& s = state_.Settings;
+  const bool inFolder = QFileInfo(path).absolutePath() == QFileInfo(s.LastFolder + u'/').absolutePath();
+  if (s.LastOpenKind == settings::kOpenFolder && !inFolder) {
+    s.LastOpenKind = settings::kOpenFile;
+    s.LastFolder.clear();
+    list_.Clear();
+    shownRow_ = -1;
+    viewMode_ = ViewMode::Image;
+    Q_EMIT LayoutChanged();
+  }
   if (s.LastOpenKind == settings::kOpenFile) {
     s.LastFile = path;
   } else if (s.LastOpenKind == settings::kOpenFolder) {
     ScanFolder();
-    const QString name = QFileInfo(path).fileName();
-    if (QFileInfo(path).absolutePath() == QFileInfo(s.LastFolder + u'/').absolutePath()) {
-      for (int row = 0; row < list_.Count(); ++row) {
-        if (list_.Entry(row).FileName == name) shownRow_ = row;
-      }
-    }
+    shownRow_ = list_.RowOfFileName(QFileInfo(path).fileName());
     Q_EMIT ListRowSelected(shownRow_);
   }
   Q_EMIT StatusChanged({});

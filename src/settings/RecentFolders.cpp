@@ -4,6 +4,18 @@
 
 namespace settings {
 
+namespace {
+
+// Paths compare as the file system does: exactly where names are case-sensitive.
+constexpr Qt::CaseSensitivity kPathCase =
+#if defined(Q_OS_WIN) || defined(Q_OS_MACOS)
+    Qt::CaseInsensitive;
+#else
+    Qt::CaseSensitive;
+#endif
+
+}  // namespace
+
 void AddRecentFolder(settings::SettingsStore& settings, const QString& folder) {
   const QString added = numbers::TrimBlanks(folder);
   if (!settings.RecentEnabled || added.isEmpty()) return;
@@ -12,7 +24,7 @@ void AddRecentFolder(settings::SettingsStore& settings, const QString& folder) {
   rebuilt[next++] = added;
   for (const QString& old : settings.RecentFolders) {
     if (next == rebuilt.size()) break;
-    if (old.compare(added, Qt::CaseInsensitive) == 0) continue;
+    if (old.compare(added, kPathCase) == 0) continue;
     rebuilt[next++] = old;
   }
   settings.RecentFolders = rebuilt;

@@ -7,8 +7,9 @@
 
 namespace settings {
 
-// Moves (or puts) the trimmed folder at the top, dropping an entry equal to it
-// ignoring case and the oldest one when full. Nothing when disabled or empty.
+// Moves (or puts) the trimmed folder at the top, dropping an entry that names the same
+// folder (ignoring case only where the file system does) and the oldest one when full.
+// Nothing when disabled or empty.
 void AddRecentFolder(settings::SettingsStore& settings, const QString& folder);
 
 }  // namespace settings

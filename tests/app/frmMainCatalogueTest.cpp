@@ -129,6 +129,21 @@ TEST_F(frmMainCatalogueTest, RotateNinetyThroughItsButtonSwapsTheSides) {
   EXPECT_EQ(Doc().ChangeLevel(), 1);
 }
 
+// The desktop's usual keys: Ctrl+Shift+Z redoes, Ctrl+= and Ctrl+- zoom.
+TEST_F(frmMainCatalogueTest, TheDesktopsRedoAndZoomKeysWork) {
+  StartOnPhoto();
+  window_->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+  Trigger("mnuImageFlip");
+  Trigger("mnuEditUndo");
+  QTest::keyClick(window_.get(), Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_EQ(Command("mnuEditUndo")->text(), QStringLiteral("&Undo Flip"));
+  QTest::keyClick(window_.get(), Qt::Key_Equal, Qt::ControlModifier);
+  EXPECT_EQ(window_->ImageView().Percentage(), 120);
+  QTest::keyClick(window_.get(), Qt::Key_Minus, Qt::ControlModifier);
+  EXPECT_EQ(window_->ImageView().Percentage(), 100);
+}
+
 TEST_F(frmMainCatalogueTest, CopyExportsTheSelectionAndLeavesTheImage) {
   StartOnPhoto();
   Select(QPoint(1, 1), QPoint(30, 10));  // QTest takes (0, 0) for the widget's centre

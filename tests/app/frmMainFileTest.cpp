@@ -2,6 +2,7 @@
 // dialogs answered through the window's file chooser and the message boxes by
 // DialogAnswerer: a user's file is never lost or half-written.
 #include "support/DialogAnswerer.h"
+#include "files/FileDialogs.h"
 #include "support/MainWindowTest.h"
 
 #include <QFile>
@@ -120,10 +121,59 @@ TEST_F(frmMainFileTest, CancelToTheSaveQuestionKeepsTheChangedImage) {
   Trigger("mnuFileOpenFile");
   EXPECT_EQ(answerer.LastText(), QStringLiteral("'photo.png' has changed. Do you want to save changes?"));
   EXPECT_EQ(answerer.LastTitle(), QStringLiteral("Save Changes"));
-  EXPECT_TRUE(requests_.empty());  // the dialog never opened
+  EXPECT_EQ(requests_.size(), 1u);  // asked once a file was chosen
   EXPECT_FALSE(window_->close());
   EXPECT_EQ(window_->State().Settings.LastFile, file);
   EXPECT_EQ(Doc().ChangeLevel(), 1);
+}
+
+TEST_F(frmMainFileTest, CancellingTheOpenDialogAsksNothingAndKeepsTheEdits) {
+  Start(WriteGradient(pictures_, QStringLiteral("photo.png")));
+  Trigger("mnuColorsNegative");
+  DialogAnswerer answerer(QMessageBox::No);
+  Trigger("mnuFileOpenFile");  // fileAnswer_ is empty: the user cancels the dialog
+  EXPECT_EQ(answerer.Count(), 0);
+  EXPECT_EQ(Doc().ChangeLevel(), 1);
+}
+
+TEST_F(frmMainFileTest, SaveAsAsksBeforeReplacingAFileUnderTheCompletedName) {
+  const QString existing = WriteGradient(pictures_, QStringLiteral("b.png"));
+  const QByteArray before = ReadAll(existing);
+  Start(WriteGradient(pictures_, QStringLiteral("photo.png")));
+  Trigger("mnuImageFlip");
+  fileAnswer_ = {pictures_.File(QStringLiteral("b")), files::SaveAsFilterIndex(QStringLiteral("png"))};
+  DialogAnswerer answerer(QMessageBox::No);
+  Trigger("mnuFileSaveAs");
+  EXPECT_EQ(answerer.LastText(), QStringLiteral("b.png already exists.\nDo you want to replace it?"));
+  EXPECT_EQ(ReadAll(existing), before);
+  EXPECT_EQ(Doc().ChangeLevel(), 1);
+}
+
+TEST_F(frmMainFileTest, YesOnAnImageSaveCannotWriteOffersSaveAsInAFormatThatCan) {
+  const QString gif = pictures_.File(QStringLiteral("anim.gif"));
+  ASSERT_EQ(QProcess::execute(QStringLiteral("convert"), {"-size", "10x10", "gradient:", gif}), 0);
+  Start(gif);
+  Trigger("mnuImageFlip");
+  fileAnswer_ = {pictures_.File(QStringLiteral("anim.png")), files::SaveAsFilterIndex(QStringLiteral("png"))};
+  DialogAnswerer answerer(QMessageBox::Yes);
+  EXPECT_TRUE(window_->close());
+  ASSERT_EQ(requests_.size(), 1u);
+  EXPECT_TRUE(requests_[0].ProposedPath.endsWith(QStringLiteral("anim.png")));
+  EXPECT_TRUE(QFile::exists(fileAnswer_.Path));
+}
+
+TEST_F(frmMainFileTest, SaveAsOutsideTheFolderKeepsTheImageNamedAndAsked) {
+  WriteGradient(pictures_, QStringLiteral("a.png"));
+  Start(pictures_.Path());
+  Trigger("mnuImageFlip");
+  fileAnswer_ = {config_.File(QStringLiteral("elsewhere.png")), files::SaveAsFilterIndex(QStringLiteral("png"))};
+  Trigger("mnuFileSaveAs");
+  EXPECT_EQ(Doc().CurrentFilePath(), fileAnswer_.Path);
+  EXPECT_TRUE(Command("mnuFileSave")->isEnabled());
+  Trigger("mnuColorsNegative");
+  DialogAnswerer answerer(QMessageBox::Cancel);
+  EXPECT_FALSE(window_->close());
+  EXPECT_EQ(answerer.LastText(), QStringLiteral("'elsewhere.png' has changed. Do you want to save changes?"));
 }
 
 TEST_F(frmMainFileTest, YesWithAFailingSaveKeepsTheImageAndTheWindowOpen) {

@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QContextMenuEvent>
+#include <QDir>
 #include <QFile>
 #include <QLineEdit>
 #include <QMenu>
@@ -53,6 +54,21 @@ TEST_F(frmMainListTest, RenamingInPlaceRenamesTheFile) {
   EditRow(0, QStringLiteral("z.png"));
   EXPECT_TRUE(QFile::exists(pictures_.File(QStringLiteral("z.png"))));
   EXPECT_EQ(list_->model()->index(1, 0).data().toString(), QStringLiteral("z.png"));
+}
+
+TEST_F(frmMainListTest, ConfirmingARenameWithoutAChangeLeavesTheNameAsItIs) {
+  const QString upper = pictures_.WritePng(QStringLiteral("IMG_0001.JPG"));
+  Doc().ScanFolder();
+  list_->setCurrentIndex(list_->model()->index(2, 0));  // after a.png and b.png
+  list_->setFocus();
+  QTest::keyClick(list_, Qt::Key_F2);
+  auto* editor = list_->findChild<QLineEdit*>();
+  ASSERT_NE(editor, nullptr);
+  EXPECT_EQ(editor->text(), QStringLiteral("IMG_0001.JPG"));  // the real name, not the shown one
+  QTest::keyClick(editor, Qt::Key_Return);
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(QFile::exists(upper));
+  EXPECT_EQ(QDir(pictures_.Path()).entryList(QDir::Files).size(), 3);
 }
 
 TEST_F(frmMainListTest, RenamingWithAForbiddenCharacterIsRefusedWithAMessage) {

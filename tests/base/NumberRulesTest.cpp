@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <clocale>
+#include <string>
+
 namespace {
 
 TEST(LeadingNumber, TakesTheLeadingNumberAfterBlanks) {
@@ -11,6 +14,15 @@ TEST(LeadingNumber, TakesTheLeadingNumberAfterBlanks) {
   EXPECT_EQ(numbers::LeadingNumber(u".25"), 0.25);
   EXPECT_EQ(numbers::LeadingNumber(u"1D3"), 1000);
   EXPECT_EQ(numbers::LeadingNumber(u"7e"), 7);  // an exponent without digits is not part of the number
+}
+
+// Under a locale whose decimal separator is a comma, a point is still the separator.
+TEST(LeadingNumber, ReadsAPointWhateverTheLocale) {
+  const std::string before = std::setlocale(LC_NUMERIC, nullptr);
+  ASSERT_NE(std::setlocale(LC_NUMERIC, "de_DE.UTF-8"), nullptr) << "scripts/setup makes this locale";
+  EXPECT_EQ(numbers::LeadingNumber(u"27.5"), 27.5);
+  EXPECT_EQ(numbers::LeadingNumber(u"1.5E2x"), 150);
+  std::setlocale(LC_NUMERIC, before.c_str());
 }
 
 TEST(LeadingNumber, WithoutANumberIsZero) {

@@ -1,4 +1,5 @@
-// How the command line is read.
+// How the command line is read: one path, quotes and trailing separators dropped, made
+// absolute before anything keeps it.
 #include "document/CommandLine.h"
 
 #include <gtest/gtest.h>
@@ -7,30 +8,36 @@ namespace {
 
 using document::CommandLinePath;
 
-TEST(CommandLine, AQuotedFolderWithATrailingSeparatorLosesBoth) {
-  EXPECT_EQ(CommandLinePath(QStringLiteral("\"/home/ana/My Pictures/\"")), QStringLiteral("/home/ana/My Pictures"));
-}
-
-TEST(CommandLine, AnUnquotedPathWithBlanksIsOnePath) {
+TEST(CommandLine, IsOnePath) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"\"/home/ana/My Pictures/\"", "/home/ana/My Pictures"},
+      {"\"\"/tmp/a\"\"", "\"/tmp/a\""},  // one quote at each end goes
+      {"\" /tmp/a \"", "/tmp/a"},
+      {"/", "/"},
+      {"//", "/"},
+      {"\"\"", ""},
+      {"  \" \"  ", ""},
+      {"     ", ""},
+  };
+  for (const auto& [line, path] : cases) EXPECT_EQ(CommandLinePath(QLatin1String(line)), QLatin1String(path)) << line;
   EXPECT_EQ(CommandLinePath(document::JoinArguments({"/home/ana/My", "Pictures/a.jpg"})),
             QStringLiteral("/home/ana/My Pictures/a.jpg"));
 }
 
-TEST(CommandLine, TwoQuotesOnlyOrBlanksOnlyAreNoCommandLine) {
-  EXPECT_TRUE(CommandLinePath(QStringLiteral("\"\"")).isEmpty());
-  EXPECT_TRUE(CommandLinePath(QStringLiteral("  \" \"  ")).isEmpty());
-  EXPECT_TRUE(CommandLinePath(QStringLiteral("     ")).isEmpty());
-  EXPECT_TRUE(CommandLinePath(QString()).isEmpty());
-}
-
-TEST(CommandLine, OnlyOneQuoteIsRemovedAtEachEnd) {
-  EXPECT_EQ(CommandLinePath(QStringLiteral("\"\"/tmp/a\"\"")), QStringLiteral("\"/tmp/a\""));
-  EXPECT_EQ(CommandLinePath(QStringLiteral("\" /tmp/a \"")), QStringLiteral("/tmp/a"));
-}
-
-TEST(CommandLine, TheRootStaysTheRoot) {
-  EXPECT_EQ(CommandLinePath(QStringLiteral("/")), QStringLiteral("/"));
-  EXPECT_EQ(CommandLinePath(QStringLiteral("//")), QStringLiteral("/"));
+TEST(CommandLine, IsMadeAbsoluteAndTakesFileUris) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"a.jpg", "/work/a.jpg"},
+      {"../pictures/", "/pictures"},
+      {"./", "/work"},
+      {"/tmp/x/../a.jpg", "/tmp/a.jpg"},
+      {"file:///home/ana/My%20Pictures/a.jpg", "/home/ana/My Pictures/a.jpg"},
+      {"", ""},
+  };
+  for (const auto& [given, absolute] : cases) {
+    EXPECT_EQ(document::ResolveCommandLinePath(CommandLinePath(QLatin1String(given)), QStringLiteral("/work")),
+              QLatin1String(absolute))
+        << given;
+  }
 }
 
 }  // namespace

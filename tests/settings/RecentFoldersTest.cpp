@@ -15,14 +15,12 @@ TEST(AddRecentFolder, PutsTheTrimmedFolderOnTop) {
   EXPECT_TRUE(s.RecentFolders[2].isEmpty());
 }
 
-TEST(AddRecentFolder, MovesAnEntryEqualButForCapitalsAndTakesTheNewSpelling) {
+TEST(AddRecentFolder, MovesTheSameFolderToTheTopAndKeepsFoldersThatDifferInCase) {
   settings::SettingsStore s = Fresh();
-  settings::AddRecentFolder(s, QStringLiteral("/Fotos"));
-  settings::AddRecentFolder(s, QStringLiteral("/other"));
-  settings::AddRecentFolder(s, QStringLiteral("/FOTOS"));
-  EXPECT_EQ(s.RecentFolders[0], QStringLiteral("/FOTOS"));
-  EXPECT_EQ(s.RecentFolders[1], QStringLiteral("/other"));
-  EXPECT_TRUE(s.RecentFolders[2].isEmpty());
+  for (const char* folder : {"/Fotos", "/other", "/fotos", "/Fotos"}) settings::AddRecentFolder(s, QLatin1String(folder));
+  // On a case-sensitive file system "/fotos" is another folder.
+  EXPECT_EQ(QStringList(s.RecentFolders.begin(), s.RecentFolders.begin() + 4),
+            (QStringList{"/Fotos", "/fotos", "/other", ""}));
 }
 
 TEST(AddRecentFolder, DropsTheOldestWhenFull) {
