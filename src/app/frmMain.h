@@ -70,6 +70,7 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   void moveEvent(QMoveEvent* event) override;
   void changeEvent(QEvent* event) override;
   void showEvent(QShowEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   // frmMain.cpp

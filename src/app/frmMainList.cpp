@@ -4,6 +4,7 @@
 #include "browse/ListColumn.h"
 
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QSignalBlocker>
 #include <QTreeView>
@@ -32,12 +33,33 @@ void frmMain::BuildListView() {
   connect(lisLista_, &QWidget::customContextMenuRequested, this,
           [this](const QPoint& position) { mnuList_->popup(lisLista_->viewport()->mapToGlobal(position)); });
   list_.SetRenameHandler([this](int row, const QString& name) { return document_.RenameEntry(row, name); });
+  lisLista_->installEventFilter(this);
+}
+
+// Right and Space step to the next image, Left and Backspace to the previous one, as they
+// do on the image; the list's own keys (Up, Down, Home, End, F2) stay the list's.
+bool frmMain::eventFilter(QObject* watched, QEvent* event) {
+  if (watched != lisLista_ || event->type() != QEvent::KeyPress) {
+    return QMainWindow::eventFilter(watched, event);
+  }
+  const auto* key = static_cast<QKeyEvent*>(event);
+  if (key->modifiers() != Qt::NoModifier) return QMainWindow::eventFilter(watched, event);
+  switch (key->key()) {
+    case Qt::Key_Right: case Qt::Key_Space: document_.Step(1); return true;
+    case Qt::Key_Left: case Qt::Key_Backspace: document_.Step(-1); return true;
+    default: return QMainWindow::eventFilter(watched, event);
+  }
 }
 
 void frmMain::OnListRowActivated(int row) {
   if (row < 0) return;
   document_.ClickEntry(row);
   commands_.Refresh();  // the list's current entry decides Rename
+  // When the entry did not open (Cancel to the save question) the highlight goes back to
+  // the entry shown, once the list has finished handling the click that moved it.
+  if (document_.ShownRow() != row && document_.ShownRow() >= 0) {
+    QMetaObject::invokeMethod(this, [this] { SelectListRow(document_.ShownRow()); }, Qt::QueuedConnection);
+  }
 }
 
 void frmMain::SelectListRow(int row) {

@@ -1,4 +1,4 @@
-// frmMain's widgets, its status bar panes, and what the document's signals change in them.
+// frmMain's widgets, its status bar panes and title, and what the document's signals change in them.
 #include "app/frmMain.h"
 
 #include "base/Paths.h"
@@ -86,6 +86,7 @@ void frmMain::RefreshStatusBar(const QString& message) {
     const QFileInfo file(path);
     if (file.isFile()) facts.FileBytes = file.size();
   }
+  setWindowTitle(facts.DisplayName.isEmpty() ? QStringLiteral("Vistrel") : facts.DisplayName + QStringLiteral(" - Vistrel"));
   const document::StatusTexts texts = document::ComposeStatus(facts);
   const QString* panes[] = {&texts.Name, &texts.Position, &texts.Size, &texts.Zoom, &texts.FileSize};
   for (size_t i = 0; i < statusPanes_.size(); ++i) {

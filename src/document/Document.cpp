@@ -165,7 +165,8 @@ void Document::ClickEntry(int row) {
     ShowImage();
   }
   Q_EMIT LayoutChanged();
-  Q_EMIT StatusChanged({});
+  // An entry that does not open says so where the picture would be described.
+  Q_EMIT StatusChanged(image_ ? QString() : list_.Entry(row).DisplayName + QStringLiteral(": Can't open file"));
   AnnounceNeighbours();
 }
 

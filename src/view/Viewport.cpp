@@ -33,6 +33,7 @@ Viewport::Viewport(const base::ScreenMetrics& metrics, QWidget* parent) : QWidge
   connect(imaImagen_, &ImageCanvas::Pressed, this, &Viewport::BeginDrag);
   connect(imaImagen_, &ImageCanvas::Dragged, this, &Viewport::Drag);
   connect(imaImagen_, &ImageCanvas::Released, this, [this] {
+    if (dragging_ && !selection_.Exists()) Drag(pressedAt_);  // a click selects the pixel under it
     dragging_ = false;
     tmrSel_.stop();
     imaImagen_->unsetCursor();
@@ -61,14 +62,18 @@ void Viewport::SetImage(const std::optional<imaging::Image>& image, base::Natura
   Show(image, natural, fit);
 }
 
-void Viewport::ReplaceImage(const imaging::Image& image, base::NaturalSize natural) { Show(image, natural, alwaysFit_); }
+// An edit that keeps the size keeps the view where it was; one that changes it is placed anew.
+void Viewport::ReplaceImage(const imaging::Image& image, base::NaturalSize natural) {
+  const bool sameSize = image_ && image_->Width() == image.Width() && image_->Height() == image.Height();
+  Show(image, natural, alwaysFit_, sameSize ? Pending::ZoomStep : Pending::None);
+}
 
-void Viewport::Show(const std::optional<imaging::Image>& image, base::NaturalSize natural, bool fit) {
+void Viewport::Show(const std::optional<imaging::Image>& image, base::NaturalSize natural, bool fit, Pending pending) {
   image_ = image;
   natural_ = image ? natural : base::NaturalSize{};
   imaImagen_->SetImage(image);
   imaImagen_->setVisible(image.has_value());
-  ApplyZoom(fit && image ? FitPercentage() : percentage_);
+  ApplyZoom(fit && image ? FitPercentage() : percentage_, pending);
 }
 
 QSizeF Viewport::ControlTwips() const {
@@ -171,6 +176,7 @@ void Viewport::ShowOutline() {
 void Viewport::BeginDrag(QPointF pixels) {
   SelectNone();
   anchor_ = QPointF(pixels.x() * TwipsX(), pixels.y() * TwipsY());
+  pressedAt_ = pixels;
   dragging_ = true;
   tmrSel_.start();
 }

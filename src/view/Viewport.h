@@ -68,7 +68,8 @@ class Viewport : public QWidget {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  void Show(const std::optional<imaging::Image>& image, base::NaturalSize natural, bool fit);
+  void Show(const std::optional<imaging::Image>& image, base::NaturalSize natural, bool fit,
+            Pending pending = Pending::None);
   float TwipsX() const;
   float TwipsY() const;
   QSizeF ControlTwips() const;
@@ -94,6 +95,7 @@ class Viewport : public QWidget {
   bool dragging_ = false;
   QPointF anchor_;  // control twips
   QPointF lastPointer_;
+  QPointF pressedAt_;  // where the left button went down, in the control's pixels
   QPoint panFrom_;  // the middle button's last position, while panning
   DragRectangle drag_;
 };

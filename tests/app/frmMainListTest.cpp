@@ -44,10 +44,28 @@ TEST_F(frmMainListTest, ClickingAnotherEntryOpensIt) {
   EXPECT_TRUE(Doc().ImageLoaded());
 }
 
-TEST_F(frmMainListTest, TheDownKeyOpensTheNextEntry) {
+TEST_F(frmMainListTest, CancelToTheSaveQuestionKeepsTheShownEntryHighlighted) {
+  Trigger("mnuColorsNegative");
+  testing_support::DialogAnswerer answerer(QMessageBox::Cancel);
+  QTest::mouseClick(list_->viewport(), Qt::LeftButton, {}, RowCentre(1));
+  QCoreApplication::processEvents();
+  EXPECT_EQ(answerer.Count(), 1);
+  EXPECT_EQ(Doc().ShownRow(), 0);
+  EXPECT_EQ(list_->currentIndex().row(), 0);
+  const QModelIndexList selected = list_->selectionModel()->selectedRows();
+  ASSERT_EQ(selected.size(), 1);
+  EXPECT_EQ(selected.front().row(), 0);
+}
+
+TEST_F(frmMainListTest, KeysOnTheListStepAsOnTheImage) {
   list_->setFocus();
-  QTest::keyClick(list_, Qt::Key_Down);
-  EXPECT_EQ(Doc().ShownRow(), 1);
+  const std::pair<Qt::Key, int> keys[] = {{Qt::Key_Down, 1}, {Qt::Key_Left, 0}, {Qt::Key_Space, 1},
+                                          {Qt::Key_Backspace, 0}, {Qt::Key_Right, 1}};
+  for (const auto& [key, row] : keys) {
+    QTest::keyClick(list_, key);
+    EXPECT_EQ(Doc().ShownRow(), row) << key;
+    EXPECT_EQ(list_->currentIndex().row(), row) << key;
+  }
 }
 
 TEST_F(frmMainListTest, RenamingInPlaceRenamesTheFile) {

@@ -40,6 +40,7 @@ TEST_F(frmMainViewTest, ZoomCommandsSizeTheImage) {
 
 TEST_F(frmMainViewTest, TheStatusBarTellsNamePlaceSizeZoomAndFileSize) {
     EXPECT_EQ(Pane("lblStatusName"), QStringLiteral("big.png"));
+  EXPECT_EQ(window_->windowTitle(), QStringLiteral("big.png - Vistrel"));
   EXPECT_EQ(Pane("lblStatusPosition"), QStringLiteral("1 / 3"));
   EXPECT_EQ(Pane("lblStatusSize"), QStringLiteral("2000 x 1500"));
   EXPECT_EQ(Pane("lblStatusZoom"), QStringLiteral("100%"));
@@ -61,6 +62,22 @@ TEST_F(frmMainViewTest, FitShowsTheWholeImageAndSmallImagesNeedNoBars) {
   EXPECT_FALSE(Bar("hscImagen")->isVisible());
   EXPECT_FALSE(Bar("vscImagen")->isVisible());
   EXPECT_LE(Canvas()->width(), View().width());
+}
+
+TEST_F(frmMainViewTest, AnEditOrUndoThatKeepsTheSizeKeepsTheView) {
+  Bar("hscImagen")->setValue(300);
+  Bar("vscImagen")->setValue(200);
+  Trigger("mnuColorsNegative");
+  Trigger("mnuEditUndo");
+  EXPECT_EQ(Bar("hscImagen")->value(), 300);
+  EXPECT_EQ(Bar("vscImagen")->value(), 200);
+  EXPECT_EQ(Canvas()->x(), -300);
+}
+
+TEST_F(frmMainViewTest, AClickWithoutMovementSelectsThePixelUnderIt) {
+  QTest::mouseClick(Canvas(), Qt::LeftButton, {}, QPoint(30, 40));
+  ASSERT_TRUE(View().Selection().Exists());
+  EXPECT_EQ(View().Selection().Pixels(15, 15), QRect(30, 40, 1, 1));
 }
 
 TEST_F(frmMainViewTest, ZoomToSelectionEnlargesAndCentresIt) {

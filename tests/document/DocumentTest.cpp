@@ -157,10 +157,12 @@ TEST_F(DocumentTest, SteppingAnnouncesTheNeighboursNearestInTheDirectionOfTravel
   EXPECT_EQ(document_.ShownRow(), 1);  // nothing beyond the end
 }
 
-TEST_F(DocumentTest, AnEntryThatFailsToOpenShowsNothingAndAnnouncesNothing) {
+TEST_F(DocumentTest, AnEntryThatFailsToOpenSaysSoAndAnnouncesNothing) {
   folder_.WriteBytes(QStringLiteral("a.png"), "broken");
   QSignalSpy announced(&document_, &Document::NeighboursAnnounced);
+  QSignalSpy status(&document_, &Document::StatusChanged);
   OpenFolderOf({"b.png"});
+  EXPECT_EQ(status.last().at(0).toString(), QStringLiteral("a.png: Can't open file"));
   EXPECT_EQ(announced.count(), 0);
   EXPECT_FALSE(document_.ImageLoaded());
   EXPECT_TRUE(document_.CurrentFilePath().isEmpty());

@@ -17,7 +17,7 @@ cp "$photo" "$work/photo.png"
 xvfb-run -a -s '-screen 0 1280x800x24' bash -c '
   "$1" "$2" 2>/dev/null &
   pid=$!
-  wid=$(timeout 20 xdotool search --sync --onlyvisible --name "^Vistrel$" | head -n 1) || { kill $pid; exit 3; }
+  wid=$(timeout 20 xdotool search --sync --onlyvisible --name "Vistrel$" | head -n 1) || { kill $pid; exit 3; }
   sleep 0.5
   xdotool windowfocus --sync "$wid" key --clearmodifiers alt+c n
   sleep 0.5

@@ -21,7 +21,7 @@ run_and_exit() {
   xvfb-run -a -s '-screen 0 1280x800x24' bash -c '
     "$@" 2>/dev/null &
     pid=$!
-    wid=$(timeout 20 xdotool search --sync --onlyvisible --name "^Vistrel$" | head -n 1) || { kill $pid; exit 3; }
+    wid=$(timeout 20 xdotool search --sync --onlyvisible --name "Vistrel$" | head -n 1) || { kill $pid; exit 3; }
     sleep 0.5
     xdotool windowfocus --sync "$wid" key --clearmodifiers ctrl+q
     for _ in $(seq 100); do kill -0 $pid 2>/dev/null || break; sleep 0.1; done
