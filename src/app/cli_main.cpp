@@ -4,7 +4,10 @@
 //   vistrel-cli convert IN OUT load IN as the viewer does, save OUT by its extension
 //   vistrel-cli thumbnail IN OUT WIDTHxHEIGHT   the same, reduced to fit the box
 //   vistrel-cli apply IN OUT OPERATION [VALUE...]...   the editing operations in turn, then save
+// Exit codes: 0 done, 1 a file could not be opened or saved, 2 the words were wrong.
+// Failures go to standard error as "Can't open file: PATH (reason)".
 #include "edit/Catalogue.h"
+#include "files/FailureReasons.h"
 #include "imaging/Loader.h"
 #include "imaging/Saver.h"
 #include "imaging/Streaming.h"
@@ -12,47 +15,78 @@
 #include <QCoreApplication>
 
 #include <cstdio>
+#include <optional>
 
 namespace {
 
+constexpr int kLargestThumbnailSide = 16384;
+constexpr const char* kUsage =
+    "usage: vistrel-cli info FILE...\n"
+    "       vistrel-cli convert IN OUT\n"
+    "       vistrel-cli thumbnail IN OUT WIDTHxHEIGHT\n"
+    "       vistrel-cli apply IN OUT OPERATION [VALUE...] [OPERATION [VALUE...]]...\n"
+    "       vistrel-cli --help | --version\n";
+
 int Usage() {
-  std::fprintf(stderr,
-               "usage: vistrel-cli info FILE...\n       vistrel-cli convert IN OUT\n"
-               "       vistrel-cli thumbnail IN OUT WIDTHxHEIGHT\n"
-               "       vistrel-cli apply IN OUT OPERATION [VALUE...] [OPERATION [VALUE...]]...\n");
+  std::fputs(kUsage, stderr);
   return 2;
 }
 
 void Print(const QString& line) { std::printf("%s\n", line.toLocal8Bit().constData()); }
+void Complain(const QString& line) { std::fprintf(stderr, "%s\n", line.toLocal8Bit().constData()); }
 
-int Info(const QStringList& files) {
+int CantOpen(const QString& path) {
+  Complain(QStringLiteral("Can't open file: %1 (%2)").arg(path, files::OpenFailureReason(path)));
+  return 1;
+}
+
+int CantSave(const QString& path) {
+  Complain(QStringLiteral("Can't save file: %1 (%2)").arg(path, files::SaveFailureReason(path)));
+  return 1;
+}
+
+int Info(const QStringList& paths) {
   int failures = 0;
-  for (const QString& file : files) {
-    const auto loaded = imaging::LoadImage(file);
+  for (const QString& path : paths) {
+    const auto loaded = imaging::LoadImage(path);
     if (!loaded) {
-      Print(file + QStringLiteral("\tCan't open file"));
+      Print(path + QStringLiteral("\tCan't open file"));
       ++failures;
       continue;
     }
-    Print(QStringLiteral("%1\t%2\t%3x%4").arg(file, loaded->Format).arg(loaded->Picture.Width()).arg(loaded->Picture.Height()));
+    Print(QStringLiteral("%1\t%2\t%3x%4").arg(path, loaded->Format).arg(loaded->Picture.Width()).arg(loaded->Picture.Height()));
   }
   return failures == 0 ? 0 : 1;
 }
 
-int Convert(const QString& input, const QString& output, const QString& box = {}) {
-  const QStringList sides = box.split(u'x');
-  const auto image = box.isEmpty() ? imaging::LoadFile(input)
-                     : sides.size() == 2 ? imaging::LoadFitting(input, sides[0].toInt(), sides[1].toInt())
-                                         : std::nullopt;
-  if (!image) {
-    Print(QStringLiteral("Can't open file"));
-    return 1;
+// "320x240": both sides whole numbers from 1 to kLargestThumbnailSide.
+std::optional<QSize> ThumbnailBox(const QString& text) {
+  const QStringList sides = text.split(u'x');
+  if (sides.size() != 2) return std::nullopt;
+  bool wideOk = false, highOk = false;
+  const int width = sides[0].toInt(&wideOk), height = sides[1].toInt(&highOk);
+  const auto inRange = [](int side) { return side >= 1 && side <= kLargestThumbnailSide; };
+  if (!wideOk || !highOk || !inRange(width) || !inRange(height)) return std::nullopt;
+  return QSize(width, height);
+}
+
+int Save(const imaging::Image& image, const QString& output) {
+  return imaging::SaveImage(image, output) ? 0 : CantSave(output);
+}
+
+int Convert(const QString& input, const QString& output) {
+  const auto image = imaging::LoadFile(input);
+  return image ? Save(*image, output) : CantOpen(input);
+}
+
+int Thumbnail(const QString& input, const QString& output, const QString& boxText) {
+  const auto box = ThumbnailBox(boxText);
+  if (!box) {
+    Complain(QStringLiteral("Bad size: %1 (WIDTHxHEIGHT, each from 1 to %2)").arg(boxText).arg(kLargestThumbnailSide));
+    return 2;
   }
-  if (!imaging::SaveImage(*image, output)) {
-    Print(QStringLiteral("Can't save file"));
-    return 1;
-  }
-  return 0;
+  const auto image = imaging::LoadFitting(input, box->width(), box->height());
+  return image ? Save(*image, output) : CantOpen(input);
 }
 
 // Decodes, applies and writes in one pipeline where every step allows it; false when
@@ -71,36 +105,34 @@ bool ApplyStreaming(const QString& input, const QString& output, const edit::Ope
 int Apply(const QString& input, const QString& output, const QStringList& words) {
   const edit::OperationChain chain = edit::ParseOperationChain(words);
   if (!chain.Error.isEmpty()) {
-    std::fprintf(stderr, "%s\n", chain.Error.toLocal8Bit().constData());
+    Complain(chain.Error);
     return 2;
   }
   if (ApplyStreaming(input, output, chain)) return 0;
   auto image = imaging::LoadFile(input);
-  if (!image) {
-    Print(QStringLiteral("Can't open file"));
-    return 1;
-  }
+  if (!image) return CantOpen(input);
   for (const edit::OperationStep& step : chain.Steps) image = edit::Apply(*step.Command, *image, step.Values);
-  if (!imaging::SaveImage(*image, output)) {
-    Print(QStringLiteral("Can't save file"));
-    return 1;
-  }
-  return 0;
+  return Save(*image, output);
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
   QCoreApplication application(argc, argv);
-  imaging::Initialize();
   const QStringList arguments = QCoreApplication::arguments().mid(1);
-  if (arguments.size() >= 2 && arguments[0] == QLatin1String("info")) return Info(arguments.mid(1));
-  if (arguments.size() == 3 && arguments[0] == QLatin1String("convert")) return Convert(arguments[1], arguments[2]);
-  if (arguments.size() == 4 && arguments[0] == QLatin1String("thumbnail")) {
-    return Convert(arguments[1], arguments[2], arguments[3]);
+  const QString verb = arguments.value(0);
+  if (verb == QLatin1String("--help")) {
+    std::fputs(kUsage, stdout);
+    return 0;
   }
-  if (arguments.size() >= 4 && arguments[0] == QLatin1String("apply")) {
-    return Apply(arguments[1], arguments[2], arguments.mid(3));
+  if (verb == QLatin1String("--version")) {
+    std::printf("vistrel-cli %s\n", VISTREL_VERSION);
+    return 0;
   }
+  imaging::Initialize();
+  if (verb == QLatin1String("info") && arguments.size() >= 2) return Info(arguments.mid(1));
+  if (verb == QLatin1String("convert") && arguments.size() == 3) return Convert(arguments[1], arguments[2]);
+  if (verb == QLatin1String("thumbnail") && arguments.size() == 4) return Thumbnail(arguments[1], arguments[2], arguments[3]);
+  if (verb == QLatin1String("apply") && arguments.size() >= 4) return Apply(arguments[1], arguments[2], arguments.mid(3));
   return Usage();
 }

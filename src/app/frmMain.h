@@ -107,7 +107,8 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   bool RunSaveAs();
   bool ConfirmReplace(const QString& path);
   void ShowCantSave(const QString& path, const QString& title);
-  void ShowExclamation(const QString& text) override;
+  static void ShowWarning(QWidget* parent, const QString& title, const QString& text, const QString& detail);
+  void ShowExclamation(const QString& text, const QString& detail = {}) override;
   document::SaveChangesAnswer AskSaveChanges(const QString& question) override;
   bool SaveForPrompt() override;
 

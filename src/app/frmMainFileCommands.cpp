@@ -2,6 +2,7 @@
 #include "app/frmMain.h"
 
 #include "base/Paths.h"
+#include "files/FailureReasons.h"
 #include "files/FileDialogs.h"
 #include "settings/RecentFolders.h"
 #include "view/Viewport.h"
@@ -60,7 +61,7 @@ void frmMain::RunOpenFile() {
 
 void frmMain::ShowCantSave(const QString& path, const QString& title) {
   widgets::RestorePointer();
-  QMessageBox::warning(this, title, QStringLiteral("Can't save file") + files::ReadOnlyNote(path));
+  ShowWarning(this, title, QStringLiteral("Can't save file") + files::ReadOnlyNote(path), files::SaveFailureReason(path));
   picFondo_->update();
 }
 
@@ -123,8 +124,15 @@ bool frmMain::SaveForPrompt() {
   return RunSave();
 }
 
-void frmMain::ShowExclamation(const QString& text) {
-  QMessageBox::warning(isVisible() ? this : nullptr, QStringLiteral("Vistrel"), text);
+void frmMain::ShowExclamation(const QString& text, const QString& detail) {
+  ShowWarning(isVisible() ? this : nullptr, QStringLiteral("Vistrel"), text, detail);
+}
+
+// A warning box whose detail line says what went wrong; the message keeps the program's text.
+void frmMain::ShowWarning(QWidget* parent, const QString& title, const QString& text, const QString& detail) {
+  QMessageBox box(QMessageBox::Warning, title, text, QMessageBox::Ok, parent);
+  if (!detail.isEmpty()) box.setInformativeText(detail.at(0).toUpper() + detail.mid(1) + u'.');
+  box.exec();
 }
 
 document::SaveChangesAnswer frmMain::AskSaveChanges(const QString& question) {

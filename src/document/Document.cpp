@@ -5,6 +5,7 @@
 #include "base/NumberRules.h"
 #include "base/Paths.h"
 #include "settings/RecentFolders.h"
+#include "files/FailureReasons.h"
 #include "files/FileOperations.h"
 
 #include <QDir>
@@ -94,7 +95,7 @@ bool Document::OpenSingleFile(const QString& path, bool reportFailure) {
     s.LastOpenKind = settings::kOpenNothing;
     if (reportFailure) {
       widgets::RestorePointer();
-      prompts_.ShowExclamation(QStringLiteral("Can't open file"));
+      prompts_.ShowExclamation(QStringLiteral("Can't open file"), files::OpenFailureReason(path));
     }
     return false;
   }

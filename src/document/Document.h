@@ -28,7 +28,8 @@ enum class ViewMode : int { Image = 0, ListAndImage = 1, Thumbnails = 2 };
 class DocumentPrompts {
  public:
   virtual ~DocumentPrompts() = default;
-  virtual void ShowExclamation(const QString& text) = 0;
+  // The message as the program words it, and what went wrong in a few words (may be empty).
+  virtual void ShowExclamation(const QString& text, const QString& detail = {}) = 0;
   virtual SaveChangesAnswer AskSaveChanges(const QString& question) = 0;
   // The Save command, for a Yes to the question: false when the write failed.
   virtual bool SaveForPrompt() = 0;

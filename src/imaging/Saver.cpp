@@ -99,6 +99,11 @@ std::optional<QByteArray> EncodeImage(const Image& image, const QString& ext, co
   return std::nullopt;
 }
 
+bool CanEncode(const QString& ext) {
+  static const QStringList kOthers = {"ppm", "bmp", "dib", "pbm", "pgm", "tga", "pcx", "dcx", "wpg"};
+  return VipsSaveSpecFor(ext, {}).has_value() || kOthers.contains(ext);
+}
+
 bool SaveImage(const Image& image, const QString& path, const SaveOptions& options) {
   const QString ext = QFileInfo(path).suffix().toLower();
   if (ext == "ppm") {  // straight from the pixels: no encoded copy

@@ -27,6 +27,9 @@ struct SaveOptions {
 std::optional<QByteArray> EncodeImage(const Image& image, const QString& lowerCaseExtension,
                                       const SaveOptions& options = {});
 
+// True for the extensions EncodeImage writes.
+bool CanEncode(const QString& lowerCaseExtension);
+
 // Encodes and writes atomically; false when anything failed (nothing changed on disk).
 bool SaveImage(const Image& image, const QString& path, const SaveOptions& options = {});
 

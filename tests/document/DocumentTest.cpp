@@ -97,6 +97,7 @@ TEST_F(DocumentTest, StartUpCases) {
     SCOPED_TRACE(c.what);
     state_.LoadDefaultSettings();
     prompts_.messages.clear();
+    prompts_.details.clear();
     Document fresh(state_, list_, prompts_, [this](const QString& path) { return files::LoadImageFile(path, state_.Metrics); });
     state_.Settings.StartOption = c.startOption;
     state_.Settings.LastOpenKind = c.lastKind;
@@ -104,6 +105,9 @@ TEST_F(DocumentTest, StartUpCases) {
     EXPECT_EQ(fresh.OpenAtStartup(c.commandLine), c.expectedEnd);
     EXPECT_EQ(state_.Settings.LastOpenKind, c.expectedKind);
     EXPECT_EQ(prompts_.messages, c.expectedMessages);
+    if (!c.expectedMessages.isEmpty()) {
+      EXPECT_EQ(prompts_.details.last(), QStringLiteral("not an image this program reads"));
+    }
     EXPECT_EQ(fresh.ImageLoaded(), c.expectedImage);
     // Only a folder from the command line joins the recent folders.
     EXPECT_EQ(state_.Settings.RecentFolders[0].isEmpty(), c.commandLine.trimmed().isEmpty() || c.expectedKind != kOpenFolder);

@@ -14,7 +14,11 @@ class FakePrompts : public document::DocumentPrompts {
   bool saveSucceeds = true;
   int saves = 0;
 
-  void ShowExclamation(const QString& text) override { messages << text; }
+  QStringList details;
+  void ShowExclamation(const QString& text, const QString& detail) override {
+    messages << text;
+    details << detail;
+  }
   document::SaveChangesAnswer AskSaveChanges(const QString& question) override {
     questions << question;
     return answer;
