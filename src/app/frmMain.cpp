@@ -15,6 +15,9 @@
 #include <QTreeView>
 #include <QWindow>
 
+#include <algorithm>
+#include <limits>
+
 namespace app {
 
 namespace {
@@ -74,9 +77,36 @@ void frmMain::RefreshScreenMetrics() {
   m.ScreenHeightTwips = static_cast<float>(screen->size().height()) * m.TwipsPerPixelY;
 }
 
+namespace {
+
+// A rectangle stored on a screen that is no longer there comes back onto the nearest
+// screen, within its free area.
+QRect OnAScreen(QRect rectangle) {
+  const QList<QScreen*> screens = QGuiApplication::screens();
+  QScreen* nearest = nullptr;
+  qint64 nearestDistance = std::numeric_limits<qint64>::max();
+  for (QScreen* screen : screens) {
+    if (screen->availableGeometry().intersects(rectangle)) return rectangle;
+    const QPoint d = screen->availableGeometry().center() - rectangle.center();
+    const qint64 distance = qint64(d.x()) * d.x() + qint64(d.y()) * d.y();
+    if (distance < nearestDistance) {
+      nearest = screen;
+      nearestDistance = distance;
+    }
+  }
+  if (!nearest) return rectangle;
+  const QRect area = nearest->availableGeometry();
+  rectangle.setSize(rectangle.size().boundedTo(area.size()));
+  rectangle.moveTo(std::clamp(rectangle.x(), area.left(), area.right() - rectangle.width() + 1),
+                   std::clamp(rectangle.y(), area.top(), area.bottom() - rectangle.height() + 1));
+  return rectangle;
+}
+
+}  // namespace
+
 void frmMain::PlaceWindow() {
   const settings::WindowPlacement p = settings::PlacementFromSettings(state_.Settings, state_.Metrics);
-  setGeometry(p.Left, p.Top, std::max(p.Width, 200), std::max(p.Height, 150));
+  setGeometry(OnAScreen(QRect(p.Left, p.Top, std::max(p.Width, 200), std::max(p.Height, 150))));
   normalRect_ = geometry();
   if (state_.Settings.WindowMaximized) setWindowState(windowState() | Qt::WindowMaximized);
 }

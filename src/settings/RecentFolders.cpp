@@ -1,6 +1,7 @@
 #include "settings/RecentFolders.h"
 
 #include "base/NumberRules.h"
+#include "settings/SettingsFile.h"
 
 namespace settings {
 
@@ -18,7 +19,7 @@ constexpr Qt::CaseSensitivity kPathCase =
 
 void AddRecentFolder(settings::SettingsStore& settings, const QString& folder) {
   const QString added = numbers::TrimBlanks(folder);
-  if (!settings.RecentEnabled || added.isEmpty()) return;
+  if (!settings.RecentEnabled || added.isEmpty() || !FitsOnALine(added)) return;
   std::array<QString, settings::kRecentFolderSlots> rebuilt;
   size_t next = 0;
   rebuilt[next++] = added;

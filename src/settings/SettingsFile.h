@@ -18,6 +18,9 @@ struct WindowPlacement {
   bool Maximized = false;
 };
 
+// False for a path with a line break, which the line-by-line file cannot hold.
+bool FitsOnALine(const QString& path);
+
 // The placement that the store describes, for writing without a window.
 WindowPlacement PlacementFromSettings(const SettingsStore& store, const base::ScreenMetrics& metrics);
 

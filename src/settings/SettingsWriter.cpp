@@ -28,6 +28,8 @@ int Pixels(float twips, float twipsPerPixel) { return numbers::RoundToInt32(twip
 
 }  // namespace
 
+bool FitsOnALine(const QString& path) { return !path.contains(u'\n') && !path.contains(u'\r'); }
+
 WindowPlacement PlacementFromSettings(const SettingsStore& s, const base::ScreenMetrics& m) {
   return {Pixels(s.WindowLeft, m.TwipsPerPixelX), Pixels(s.WindowTop, m.TwipsPerPixelY),
           Pixels(s.WindowWidth, m.TwipsPerPixelX), Pixels(s.WindowHeight, m.TwipsPerPixelY),
@@ -38,12 +40,14 @@ QByteArray WriteSettingsText(const SettingsStore& s, const base::ScreenMetrics& 
   QStringList lines = {QStringLiteral("Vistrel 6.2"), {}, QStringLiteral("Window")};
   lines << Number(w.Left) << Number(w.Top) << Number(w.Width) << Number(w.Height) << Flag(w.Maximized);
   lines << Number(numbers::RoundedDiv(s.SplitterPos, m.TwipsPerPixelX).value_or(0));
-  lines << QString() << QStringLiteral("File") << Number(s.LastOpenKind);
   const QString openPath = s.LastOpenKind == kOpenFile     ? s.LastFile
                            : s.LastOpenKind == kOpenFolder ? s.LastFolder
                                                            : QString();
-  lines << openPath << QString() << QStringLiteral("Recent folders");
-  for (const QString& folder : s.RecentFolders) lines << folder;
+  // A path with a line break would shift every later line: it is not kept.
+  const bool openPathFits = FitsOnALine(openPath);
+  lines << QString() << QStringLiteral("File") << Number(openPathFits ? s.LastOpenKind : kOpenNothing);
+  lines << (openPathFits ? openPath : QString()) << QString() << QStringLiteral("Recent folders");
+  for (const QString& folder : s.RecentFolders) lines << (FitsOnALine(folder) ? folder : QString());
   lines << QString() << QStringLiteral("Print");
   for (const float margin : s.PrintMargins) lines << SingleText(margin);
   lines << Number(s.PrintUnits) << QString() << QStringLiteral("Options");

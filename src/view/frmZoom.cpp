@@ -11,13 +11,29 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTimer>
+#include <QValidator>
 #include <QVBoxLayout>
 
 namespace view {
 
 namespace {
+
 const QString kCaption = QStringLiteral("Zoom Functions");
-}
+
+// The box's key rule applied to whatever reaches its text (typed into the box or the
+// combo, pasted), so no path goes around it.
+class ZoomTextValidator : public QValidator {
+ public:
+  using QValidator::QValidator;
+  State validate(QString& input, int&) const override {
+    for (qsizetype i = 0; i < input.size(); ++i) {
+      if (!ZoomDialogAcceptsCharacter(input[i], input.left(i), false)) return Invalid;
+    }
+    return Acceptable;
+  }
+};
+
+}  // namespace
 
 frmZoom::frmZoom(int percentage, QWidget* parent) : QDialog(parent), value_(percentage) {
   setObjectName(QStringLiteral("frmZoom"));
@@ -28,6 +44,8 @@ frmZoom::frmZoom(int percentage, QWidget* parent) : QDialog(parent), value_(perc
   cboZoom_->setEditable(true);
   cboZoom_->setInsertPolicy(QComboBox::NoInsert);
   cboZoom_->addItems(ZoomDialogChoices());
+  cboZoom_->setCompleter(nullptr);  // "5" stays "5", never completed to "50%"
+  cboZoom_->setValidator(new ZoomTextValidator(cboZoom_));
   cboZoom_->setEditText(QString::number(percentage) + u'%');
   cboZoom_->lineEdit()->installEventFilter(this);
   auto* ok = new QPushButton(QStringLiteral("OK"), this);
@@ -41,6 +59,7 @@ frmZoom::frmZoom(int percentage, QWidget* parent) : QDialog(parent), value_(perc
   buttons->addStretch();
   buttons->addWidget(ok);
   buttons->addWidget(cancel);
+  setMinimumWidth(fontMetrics().horizontalAdvance(kCaption) + 120);  // room for the whole caption
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(cboZoom_);
   layout->addLayout(buttons);
@@ -51,12 +70,6 @@ bool frmZoom::eventFilter(QObject* watched, QEvent* event) {
   auto* edit = cboZoom_->lineEdit();
   if (watched == edit && event->type() == QEvent::FocusIn) {
     QTimer::singleShot(0, edit, &QLineEdit::selectAll);  // after the focus change settles
-  }
-  if (watched == edit && event->type() == QEvent::KeyPress) {
-    const QString text = static_cast<QKeyEvent*>(event)->text();
-    if (!text.isEmpty() && !ZoomDialogAcceptsCharacter(text.front(), edit->text(), edit->hasSelectedText())) {
-      return true;  // refused
-    }
   }
   return QDialog::eventFilter(watched, event);
 }
@@ -81,6 +94,7 @@ void frmZoom::AcceptIfValid() {
   }
   QMessageBox::warning(this, kCaption, ZoomDialogRangeMessage());
   cboZoom_->setFocus();
+  cboZoom_->lineEdit()->selectAll();
 }
 
 }  // namespace view

@@ -6,6 +6,8 @@
 
 #include <QAction>
 #include <QFile>
+#include <QGuiApplication>
+#include <QScreen>
 #include <QMenu>
 #include <QTreeView>
 #include <QtTest/QTest>
@@ -101,6 +103,16 @@ TEST_F(frmMainTest, ANormalWindowIsPlacedAtTheStoredRectangle) {
   window.RunStartup(QString());
   EXPECT_FALSE(window.isMaximized());
   EXPECT_EQ(window.geometry(), QRect(30, 40, 640, 480));
+}
+
+TEST_F(frmMainTest, AWindowStoredOffEveryScreenComesBackOntoOne) {
+  settings::SettingsStore stored = settings::DefaultSettings({});
+  ASSERT_TRUE(settings::WriteSettingsFile(SettingsPath(), settings::WriteSettingsText(stored, {}, {9000, -4000, 640, 480, false})));
+  app::frmMain window(SettingsPath());
+  window.RunStartup(QString());
+  const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+  EXPECT_TRUE(screen.contains(window.geometry())) << window.geometry().x() << "," << window.geometry().y();
+  EXPECT_EQ(window.geometry().size(), QSize(640, 480).boundedTo(screen.size()));
 }
 
 TEST_F(frmMainTest, DraggingTheSplitterStoresTheListWidthWithin30And360Pixels) {

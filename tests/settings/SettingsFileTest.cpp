@@ -1,4 +1,5 @@
 // The settings file in its current format, read and written.
+#include "settings/RecentFolders.h"
 #include "settings/SettingsFile.h"
 #include "support/TestFiles.h"
 
@@ -107,6 +108,24 @@ TEST(SettingsRead, LineByLine) {
     lines[c.line] = QLatin1String(c.text);
     EXPECT_EQ(c.field(Read(lines)), c.expected);
   }
+}
+
+// Linux allows a line break in a name; such a path is never written, so the lines after it
+// keep their places.
+TEST(SettingsWrite, APathWithALineBreakIsNotKept) {
+  SettingsStore s = settings::DefaultSettings(kMetrics);
+  s.LastOpenKind = settings::kOpenFolder;
+  s.LastFolder = QStringLiteral("/tmp/two\nlines");
+  s.RecentFolders[0] = s.LastFolder;
+  s.StartOption = 1;
+  settings::AddRecentFolder(s, QStringLiteral("/tmp/also\rbroken"));
+  const QByteArray text = settings::WriteSettingsText(s, kMetrics, {});
+  EXPECT_EQ(CrLfLines(text).size(), 55);
+  SettingsStore back = settings::DefaultSettings(kMetrics);
+  settings::ReadSettingsText(text, kMetrics, back);
+  EXPECT_EQ(back.LastOpenKind, settings::kOpenNothing);
+  EXPECT_TRUE(back.RecentFolders[0].isEmpty());
+  EXPECT_EQ(back.StartOption, 1);
 }
 
 TEST(SettingsRead, AnUnknownHeaderKeepsTheDefaults) {
