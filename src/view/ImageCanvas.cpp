@@ -60,10 +60,13 @@ void ImageCanvas::paintEvent(QPaintEvent* event) {
     painter.drawImage(exposed, picture, source);
   }
   if (outline_.isEmpty()) return;
-  QPen pen(Qt::black, 0, Qt::DashLine);
-  painter.setPen(pen);
-  painter.drawRect(QRectF(outline_.left() * scale, outline_.top() * scale, outline_.width() * scale - 1,
-                          outline_.height() * scale - 1));
+  // White under black dashes, so the outline shows on dark and light pictures alike.
+  const QRectF frame(outline_.left() * scale, outline_.top() * scale, outline_.width() * scale - 1,
+                     outline_.height() * scale - 1);
+  painter.setPen(QPen(Qt::white, 0));
+  painter.drawRect(frame);
+  painter.setPen(QPen(Qt::black, 0, Qt::DashLine));
+  painter.drawRect(frame);
 }
 
 void ImageCanvas::mousePressEvent(QMouseEvent* event) {

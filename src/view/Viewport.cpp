@@ -217,13 +217,23 @@ namespace view {
 
 void Viewport::wheelEvent(QWheelEvent* event) { HandleWheel(event); }
 
+// Wheels that report in finer steps than a notch (touchpads, smooth wheels) add up until a
+// notch's worth has turned; a sideways turn, or Shift, scrolls across.
 void Viewport::HandleWheel(QWheelEvent* event) {
-  const int steps = event->angleDelta().y() / 120;
-  if (event->modifiers() & Qt::ControlModifier) {
-    if (steps != 0) Q_EMIT ZoomStepRequested(steps > 0 ? 1 : -1);
-  } else {
-    QScrollBar* bar = (event->modifiers() & Qt::ShiftModifier) ? hscImagen_ : vscImagen_;
-    if (bar->isVisible()) bar->setValue(bar->value() - steps * bar->pageStep());
+  constexpr int kNotch = 120;
+  const bool shifted = event->modifiers() & Qt::ShiftModifier;
+  const QPoint delta = event->angleDelta();
+  const bool across = shifted || (delta.x() != 0 && delta.y() == 0);
+  wheelTurned_ += across && !shifted ? delta.x() : (delta.y() != 0 ? delta.y() : delta.x());
+  const int steps = wheelTurned_ / kNotch;
+  wheelTurned_ -= steps * kNotch;
+  if (steps != 0) {
+    if (event->modifiers() & Qt::ControlModifier) {
+      Q_EMIT ZoomStepRequested(steps > 0 ? 1 : -1);
+    } else {
+      QScrollBar* bar = across ? hscImagen_ : vscImagen_;
+      if (bar->isVisible()) bar->setValue(bar->value() - steps * bar->pageStep());
+    }
   }
   event->accept();
 }

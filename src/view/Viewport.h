@@ -96,7 +96,8 @@ class Viewport : public QWidget {
   QPointF anchor_;  // control twips
   QPointF lastPointer_;
   QPointF pressedAt_;  // where the left button went down, in the control's pixels
-  QPoint panFrom_;  // the middle button's last position, while panning
+  QPoint panFrom_;
+  int wheelTurned_ = 0;  // eighths of a degree not yet acted on  // the middle button's last position, while panning
   DragRectangle drag_;
 };
 

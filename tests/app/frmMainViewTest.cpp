@@ -145,6 +145,8 @@ TEST_F(frmMainViewTest, TheMouseButtonsStepAndTheWheelZoomsAndScrolls) {
   };
   wheel(Qt::NoModifier, -120);
   EXPECT_EQ(Bar("vscImagen")->value(), Bar("vscImagen")->pageStep());
+  for (int i = 0; i < 4; ++i) wheel(Qt::NoModifier, -30);  // a touchpad's small steps add up
+  EXPECT_EQ(Bar("vscImagen")->value(), 2 * Bar("vscImagen")->pageStep());
   wheel(Qt::ControlModifier, 120);
   EXPECT_EQ(View().Percentage(), 120);
 }
