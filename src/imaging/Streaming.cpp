@@ -2,11 +2,16 @@
 
 #include "imaging/SaverInternal.h"
 
+#include <QDateTime>
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryFile>
 
 #include <cstdio>
+#include <string>
+
+#include <sys/stat.h>
 
 namespace imaging {
 
@@ -20,19 +25,62 @@ StreamingScope::StreamingScope() { ++streamingScopes; }
 StreamingScope::~StreamingScope() { --streamingScopes; }
 bool StreamingScope::Active() { return streamingScopes > 0; }
 
-bool SaveStreaming(const Image& image, const QString& path) {
-  const auto spec = VipsSaveSpecFor(QFileInfo(path).suffix().toLower(), {});
-  if (!spec) return false;
-  QTemporaryFile temporary(path + QStringLiteral(".XXXXXX") + spec->Suffix);
-  if (!temporary.open()) return false;
-  temporary.close();
+namespace {
+
+// A temporary file of ours is hidden and has no image extension, so no viewer lists it.
+const QString kPartSuffix = QStringLiteral(".vistrel-part");
+
+// Removes what a killed save of ours left in the folder; a part older than ten minutes
+// belongs to no save still running.
+void SweepStaleParts(const QDir& folder) {
+  const QDateTime stale = QDateTime::currentDateTime().addSecs(-600);
+  for (const QFileInfo& part : folder.entryInfoList({QStringLiteral(".*") + kPartSuffix}, QDir::Files | QDir::Hidden)) {
+    if (part.lastModified() < stale) QFile::remove(part.filePath());
+  }
+}
+
+// New files get the mode the user's umask gives; a replaced file keeps its own.
+void SetModeOfNewFile(const QString& temporary, const QString& target) {
+  if (QFile::exists(target)) {
+    QFile::setPermissions(temporary, QFile::permissions(target));
+    return;
+  }
+  const mode_t mask = ::umask(0);
+  ::umask(mask);
+  ::chmod(QFile::encodeName(temporary).constData(), 0666 & ~mask);
+}
+
+// libvips' saver for the format, chosen by the format's suffix rather than the file name.
+bool WriteWithVips(const Image& image, const VipsSaveSpec& spec, const QString& file) {
+  const char* saver = vips_foreign_find_save(spec.Suffix.toLatin1().constData());
+  if (!saver) {
+    vips_error_clear();
+    return false;
+  }
+  const std::string operation = saver;
   try {
-    PreparedForVipsSave(image, *spec).write_to_file(QFile::encodeName(temporary.fileName()).constData(), spec->Options());
+    vips::VImage::call(operation.c_str(), spec.Options()
+                                              ->set("in", PreparedForVipsSave(image, spec))
+                                              ->set("filename", QFile::encodeName(file).constData()));
   } catch (const vips::VError&) {
     vips_error_clear();
     return false;
   }
-  if (QFile::exists(path)) temporary.setPermissions(QFile::permissions(path));
+  return true;
+}
+
+}  // namespace
+
+bool SaveStreaming(const Image& image, const QString& path) {
+  const auto spec = VipsSaveSpecFor(QFileInfo(path).suffix().toLower(), {});
+  if (!spec) return false;
+  const QFileInfo target(path);
+  SweepStaleParts(target.dir());
+  QTemporaryFile temporary(target.dir().filePath(u'.' + target.fileName() + QStringLiteral(".XXXXXX") + kPartSuffix));
+  if (!temporary.open()) return false;
+  temporary.close();
+  if (!WriteWithVips(image, *spec, temporary.fileName())) return false;  // the part is removed with `temporary`
+  SetModeOfNewFile(temporary.fileName(), path);
   // rename(2) replaces the target in one step: it is never missing or half written.
   if (std::rename(QFile::encodeName(temporary.fileName()).constData(), QFile::encodeName(path).constData()) != 0) {
     return false;

@@ -7,9 +7,13 @@
 #include "support/ImageCompare.h"
 #include "support/TestFiles.h"
 
+#include <QDateTime>
+#include <QDir>
 #include <QFile>
 
 #include <gtest/gtest.h>
+
+#include <sys/stat.h>
 
 namespace {
 
@@ -55,6 +59,30 @@ TEST(Streaming, DeclinesWhatItCannotDoAndLeavesTheTargetAlone) {
   ASSERT_TRUE(source.has_value());
   EXPECT_FALSE(imaging::SaveStreaming(*source, target));  // TGA is written by the helper, not libvips
   EXPECT_EQ(testing_support::ReadAll(target), QByteArray("old"));
+}
+
+// A streamed save leaves nothing beside its file but the file, with the mode the umask
+// gives, and clears what a killed save of ours left there before.
+TEST(Streaming, LeavesOnlyItsFileWithTheUsualModeAndSweepsStaleParts) {
+  testing_support::TempFolder folder;
+  const QString stale = folder.WriteBytes(QStringLiteral(".old.tif.Ab12Cd.vistrel-part"), "partial");
+  QFile part(stale);
+  ASSERT_TRUE(part.open(QIODevice::ReadWrite));
+  ASSERT_TRUE(part.setFileTime(QDateTime::currentDateTime().addSecs(-3600), QFileDevice::FileModificationTime));
+  part.close();
+  const QString target = folder.File(QStringLiteral("out.tif"));
+  {
+    const imaging::StreamingScope scope;
+    const auto source = imaging::OpenForStreaming(CorpusPath(QStringLiteral("formats/hopper.png")));
+    ASSERT_TRUE(source.has_value());
+    ASSERT_TRUE(imaging::SaveStreaming(*source, target));
+  }
+  EXPECT_EQ(QDir(folder.Path()).entryList(QDir::Files | QDir::Hidden), QStringList{"out.tif"});
+  const mode_t mask = ::umask(0);
+  ::umask(mask);
+  struct stat info {};
+  ASSERT_EQ(::stat(QFile::encodeName(target).constData(), &info), 0);
+  EXPECT_EQ(info.st_mode & 0777, 0666 & ~mask);
 }
 
 }  // namespace
