@@ -164,8 +164,14 @@ TEST(ColourOperations, RedEyeRemovalFixesRedPixelsInsideTheAreaOnly) {
   const imaging::Image fixed = ops::RedEyeRemoval(eyes, QRect(0, 0, 5, 4));
   EXPECT_EQ(PixelAt(fixed, 2, 2), QColor(50, 40, 60));
   EXPECT_EQ(PixelAt(fixed, 7, 2), QColor(220, 40, 60));
-  const imaging::Image skin = Painted(4, 4, [](int, int) { return QColor(200, 150, 120); });
-  EXPECT_EQ(MeanAbsoluteDifference(ops::RedEyeRemoval(skin, QRect(0, 0, 4, 4)), skin), 0);
+  // A face: skin, a yellow highlight and a red pupil; only the pupil changes.
+  const imaging::Image face = Painted(12, 4, [](int x, int) {
+    return x < 4 ? QColor(224, 172, 105) : x < 8 ? QColor(255, 255, 0) : QColor(190, 40, 45);
+  });
+  const imaging::Image fixedFace = ops::RedEyeRemoval(face, QRect(0, 0, 12, 4));
+  EXPECT_EQ(PixelAt(fixedFace, 1, 1), QColor(224, 172, 105));
+  EXPECT_EQ(PixelAt(fixedFace, 5, 1), QColor(255, 255, 0));
+  EXPECT_EQ(PixelAt(fixedFace, 10, 1), QColor(42, 40, 45));  // 42.5 rounds to even
   EXPECT_EQ(MeanAbsoluteDifference(ops::RedEyeRemoval(eyes, QRect(50, 50, 5, 5)), eyes), 0);  // outside the image
 }
 

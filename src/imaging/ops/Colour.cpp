@@ -82,15 +82,21 @@ Image GrayScale(const Image& image) {
   });
 }
 
+constexpr double kRedEyeDominance = 1.8;
+
 Image RedEyeRemoval(const Image& image, const QRect& area) {
   const QRect inside = area.intersected(QRect(0, 0, image.Width(), image.Height()));
   if (inside.isEmpty()) return image;
   return detail::OnWholeImage(image, [&inside](const vips::VImage& in) {
     const vips::VImage part = in.extract_area(inside.x(), inside.y(), inside.width(), inside.height());
     const vips::VImage red = part.extract_band(0).cast(VIPS_FORMAT_FLOAT);
-    const vips::VImage rest = (part.extract_band(1).cast(VIPS_FORMAT_FLOAT) + part.extract_band(2)) / 2;
-    // A pixel is red-eye where red clearly dominates the mean of green and blue.
-    const vips::VImage eye = (red > rest * 1.5) & (red > 40);
+    const vips::VImage green = part.extract_band(1).cast(VIPS_FORMAT_FLOAT);
+    const vips::VImage blue = part.extract_band(2).cast(VIPS_FORMAT_FLOAT);
+    const vips::VImage rest = (green + blue) / 2;
+    // A pixel is red-eye where red dominates green and blue each by far: a strongly
+    // saturated red. Skin (red over green by a third or so) and yellow (green as high as
+    // red) are left alone.
+    const vips::VImage eye = (red > green * kRedEyeDominance) & (red > blue * kRedEyeDominance) & (red > 40);
     vips::VImage fixed = eye.ifthenelse(rest.round(VIPS_OPERATION_ROUND_RINT), red).cast(VIPS_FORMAT_UCHAR);
     fixed = fixed.bandjoin(part.extract_band(1, vips::VImage::option()->set("n", part.bands() - 1)));
     return in.insert(fixed, inside.x(), inside.y());
