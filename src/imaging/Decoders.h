@@ -31,6 +31,11 @@ struct HelperLimits {
   qint64 AddressSpaceBytes = qint64(3) << 30;  // 0: no cap
 };
 
+// The most pixels ImageMagick decodes under the usual system policy (its area resource,
+// 128 MP, is a maximum our own limits cannot raise). We write no larger image through the
+// helper, so every file we write we can open again.
+inline constexpr qint64 kHelperMaxPixels = 128'000'000;
+
 class HelperDecoder {
  public:
   // The default runs ImageMagick's `convert`; tests pass a program that crashes or hangs.

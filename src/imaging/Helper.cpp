@@ -27,7 +27,6 @@ const char kPolicy[] = R"(<policymap>
   <policy domain="coder" rights="read | write" pattern="{BMP,BMP2,BMP3,DIB,ICO,CUR,PCX,DCX,CALS,GROUP4,TIFF,TGA,WPG,WMF,PBM,PGM,PPM,PNM,PAM}" />
   <policy domain="delegate" rights="none" pattern="*" />
   <policy domain="path" rights="none" pattern="@*" />
-  <policy domain="resource" name="disk" value="0" />
 </policymap>
 )";
 
@@ -56,8 +55,12 @@ Image FromPam(const QByteArray& bytes, const PamImage& pam) {
 
 HelperDecoder::HelperDecoder()
     : HelperDecoder(QStringLiteral("convert"),
-                    {QStringLiteral("-limit"), QStringLiteral("area"), QString::number(kMaxPixels),
-                     QStringLiteral("-limit"), QStringLiteral("disk"), QStringLiteral("0"),
+                    // Memory and map as the usual system policy has them, whatever this system's
+                    // says; past them the pixel cache may spill to a bounded file on disk.
+                    {QStringLiteral("-limit"), QStringLiteral("area"), QString::number(kHelperMaxPixels),
+                     QStringLiteral("-limit"), QStringLiteral("memory"), QStringLiteral("256MiB"),
+                     QStringLiteral("-limit"), QStringLiteral("map"), QStringLiteral("512MiB"),
+                     QStringLiteral("-limit"), QStringLiteral("disk"), QStringLiteral("1GiB"),
                      QStringLiteral("-limit"), QStringLiteral("time"), QStringLiteral("20"),
                      // ImageMagick records a Targa's bottom-left origin as orientation
                      // metadata rather than turning the rows; -auto-orient turns them.
@@ -128,6 +131,7 @@ std::optional<Image> HelperDecoder::Decode(const QByteArray& bytes, const QStrin
 }
 
 std::optional<QByteArray> HelperDecoder::Encode(const Image& image, const QString& coder) const {
+  if (qint64(image.Width()) * image.Height() > kHelperMaxPixels) return std::nullopt;
   QStringList arguments = arguments_;
   arguments.replaceInStrings(QStringLiteral("%IN%"), QStringLiteral("PAM:-"));
   arguments.replaceInStrings(QStringLiteral("%OUT%"), coder + QStringLiteral(":-"));

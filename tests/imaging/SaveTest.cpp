@@ -73,6 +73,20 @@ TEST(SaveImage, AJpegSavedAsJpegKeepsItsExifWithOrientationOne) {
   EXPECT_EQ(QString::fromLatin1(identify.readAllStandardOutput()).trimmed(), QStringLiteral("1800 1200 1 72/1"));
 }
 
+// Written through the helper, a large image opens again (the pixel cache needs more than
+// the helper's memory limit and spills to its bounded disk cache).
+TEST(SaveImage, ALargePcxWeWroteOpensAgain) {
+  testing_support::TempFolder folder;
+  QImage big(5000, 3500, QImage::Format_RGB888);
+  big.fill(QColor(10, 200, 30));
+  const QString pcx = folder.File(QStringLiteral("big.pcx"));
+  ASSERT_TRUE(imaging::SaveImage(imaging::Image::FromQImage(big), pcx));
+  const auto back = imaging::LoadFile(pcx);
+  ASSERT_TRUE(back.has_value());
+  EXPECT_EQ(back->Width(), 5000);
+  EXPECT_EQ(testing_support::PixelAt(*back, 4999, 3499), QColor(10, 200, 30));
+}
+
 TEST(SaveImage, AFailedSaveLeavesTheTargetAsItWas) {
   TempFolder folder;
   const QString unknown = folder.WriteBytes(QStringLiteral("keep.xyz"), "original");
