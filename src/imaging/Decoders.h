@@ -29,6 +29,7 @@ std::optional<QSize> QtHeaderSize(const QString& path);
 struct HelperLimits {
   std::chrono::milliseconds Time{20000};
   qint64 AddressSpaceBytes = qint64(3) << 30;  // 0: no cap
+  int CpuSeconds = 20;
 };
 
 // The most pixels ImageMagick decodes under the usual system policy (its area resource,

@@ -14,7 +14,16 @@
 #include <QTemporaryDir>
 #include <QTemporaryFile>
 
+#include <QDateTime>
+#include <QSaveFile>
+#include <QStandardPaths>
+
+#include <csignal>
+
 #include <sys/resource.h>
+#ifdef Q_OS_LINUX
+#include <sys/prctl.h>
+#endif
 
 namespace imaging {
 
@@ -30,14 +39,37 @@ const char kPolicy[] = R"(<policymap>
 </policymap>
 )";
 
-// A private folder holding our ImageMagick policy, made once per process.
+bool WritePolicy(const QString& folder) {
+  if (!QDir().mkpath(folder)) return false;
+  const QString path = QDir(folder).filePath(QStringLiteral("policy.xml"));
+  QFile existing(path);
+  if (existing.open(QIODevice::ReadOnly) && existing.readAll() == QByteArray(kPolicy)) return true;
+  QSaveFile file(path);
+  return file.open(QIODevice::WriteOnly) && file.write(kPolicy) > 0 && file.commit();
+}
+
+// A private copy of ours older than any helper's time limit belongs to a process that was
+// killed; it is removed.
+void SweepStaleCopies() {
+  const QDateTime stale = QDateTime::currentDateTime().addSecs(-600);
+  const QDir temporary(QDir::tempPath());
+  for (const QFileInfo& copy : temporary.entryInfoList({QStringLiteral("vistrel-*.bin")}, QDir::Files)) {
+    if (copy.lastModified() < stale) QFile::remove(copy.filePath());
+  }
+}
+
+// The folder holding our ImageMagick policy: one per user in the cache folder, so a killed
+// process leaves nothing behind; a private temporary one where the cache is not writable.
 QString PolicyFolder() {
-  static QTemporaryDir folder;
-  static const bool written = [] {
-    QFile file(folder.filePath(QStringLiteral("policy.xml")));
-    return file.open(QIODevice::WriteOnly) && file.write(kPolicy) > 0;
+  static const QString folder = [] {
+    SweepStaleCopies();
+    const QString cache = QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation);
+    const QString ours = cache + QStringLiteral("/vistrel/helper-policy");
+    if (!cache.isEmpty() && WritePolicy(ours)) return ours;
+    static QTemporaryDir fallback(QDir::tempPath() + QStringLiteral("/vistrel-policy-XXXXXX"));
+    return WritePolicy(fallback.path()) ? fallback.path() : QString();
   }();
-  return written ? folder.path() : QString();
+  return folder;
 }
 
 Image FromPam(const QByteArray& bytes, const PamImage& pam) {
@@ -86,13 +118,20 @@ std::optional<QByteArray> HelperDecoder::Run(const QByteArray& input, const QStr
   QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
   environment.insert(QStringLiteral("MAGICK_CONFIGURE_PATH"), PolicyFolder());
   process.setProcessEnvironment(environment);
+  // In the child: its memory and CPU time are capped, and it dies with its parent.
   const rlim_t addressSpace = static_cast<rlim_t>(limits_.AddressSpaceBytes);
-  if (addressSpace > 0) {
-    process.setChildProcessModifier([addressSpace] {
+  const rlim_t cpuSeconds = static_cast<rlim_t>(limits_.CpuSeconds);
+  process.setChildProcessModifier([addressSpace, cpuSeconds] {
+    if (addressSpace > 0) {
       const rlimit cap{addressSpace, addressSpace};
       setrlimit(RLIMIT_AS, &cap);
-    });
-  }
+    }
+    const rlimit cpu{cpuSeconds, cpuSeconds + 1};
+    setrlimit(RLIMIT_CPU, &cpu);
+#ifdef Q_OS_LINUX
+    prctl(PR_SET_PDEATHSIG, SIGKILL);
+#endif
+  });
   process.start(program_, arguments);
   if (!process.waitForStarted()) return std::nullopt;
   process.write(input);

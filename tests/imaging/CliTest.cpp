@@ -6,6 +6,7 @@
 #include "imaging/Operations.h"
 #include "imaging/Saver.h"
 
+#include <QDateTime>
 #include <QFile>
 #include <QImage>
 #include <QProcess>
@@ -92,6 +93,27 @@ TEST(VistrelCli, ApplyRunsOperationsInTurnAsTheViewerDoes) {
   imaging::Image expected = ops::Negative(ops::Brightness(imaging::LoadFile(photo).value(), 20));
   expected = ops::Crop(ops::Rotate(expected, 90), QRect(10, 10, 100, 50));
   EXPECT_EQ(testing_support::MeanAbsoluteDifference(imaging::LoadFile(out).value(), expected), 0);
+}
+
+// A private copy left by a killed decode is cleared by the next run that decodes through
+// the helper; a fresh one (a decode still running) stays.
+TEST(VistrelCli, ClearsStaleCopiesOfKilledDecodes) {
+  testing_support::TempFolder temporary;
+  const QString stale = temporary.WriteBytes(QStringLiteral("vistrel-Ab12Cd.bin"), "copy");
+  const QString fresh = temporary.WriteBytes(QStringLiteral("vistrel-Ef34Gh.bin"), "copy");
+  QFile old(stale);
+  ASSERT_TRUE(old.open(QIODevice::ReadWrite));
+  ASSERT_TRUE(old.setFileTime(QDateTime::currentDateTime().addSecs(-3600), QFileDevice::FileModificationTime));
+  old.close();
+  QProcess process;
+  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+  environment.insert(QStringLiteral("TMPDIR"), temporary.Path());
+  process.setProcessEnvironment(environment);
+  process.start(QStringLiteral(VISTREL_CLI_PATH), {"info", CorpusPath(QStringLiteral("formats/pil184.pcx"))});
+  ASSERT_TRUE(process.waitForFinished(60000));
+  EXPECT_EQ(process.exitCode(), 0);
+  EXPECT_FALSE(QFile::exists(stale));
+  EXPECT_TRUE(QFile::exists(fresh));
 }
 
 // A save killed at any moment leaves the target either exactly as it was or complete:

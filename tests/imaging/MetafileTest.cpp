@@ -10,6 +10,7 @@
 
 #include <limits>
 
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -72,6 +73,27 @@ TEST(EmfRender, RefusesWhatIsNotAnEmfOrIsTooLarge) {
   qToLittleEndian<qint32>(200000000, huge.data() + 36);
   EXPECT_FALSE(imaging::emf::Render(huge, imaging::kMaxPixels).has_value());
   EXPECT_FALSE(imaging::emf::Render(CorpusEmf(), 100).has_value());
+}
+
+// A small file that asks for a great deal of painting (a thousand-pixel frame filled
+// twenty thousand times) is refused quickly instead of keeping the helper busy.
+TEST(EmfRender, RefusesADrawingThatCostsFarMoreThanItsPicture) {
+  const QByteArray corpus = CorpusEmf();
+  const qsizetype headerSize = qFromLittleEndian<qint32>(corpus.constData() + 4);
+  QByteArray file = corpus.left(headerSize);
+  qToLittleEndian<qint32>(26458, file.data() + 32);  // a frame of 1,000 x 1,000 pixels
+  qToLittleEndian<qint32>(26458, file.data() + 36);
+  QByteArray fill(24, '\0');
+  qToLittleEndian<quint32>(43, fill.data());  // EMR_RECTANGLE
+  qToLittleEndian<quint32>(24, fill.data() + 4);
+  qToLittleEndian<qint32>(-1000000, fill.data() + 8);
+  qToLittleEndian<qint32>(-1000000, fill.data() + 12);
+  qToLittleEndian<qint32>(1000000, fill.data() + 16);
+  qToLittleEndian<qint32>(1000000, fill.data() + 20);
+  for (int i = 0; i < 20000; ++i) file += fill;
+  file += corpus.right(20);  // EMR_EOF
+  EXPECT_FALSE(imaging::emf::Render(file, imaging::kMaxPixels).has_value());
+  EXPECT_TRUE(imaging::emf::Render(CorpusEmf(), imaging::kMaxPixels).has_value());  // a real drawing still plays
 }
 
 }  // namespace

@@ -53,7 +53,21 @@ QTransform XForm(const Record& r, qsizetype o) {
 
 }  // namespace
 
+namespace {
+constexpr std::int64_t kCanvasesOfWork = 64;
+constexpr std::int64_t kWorkPerPathElement = 16;
+constexpr std::int64_t kBaseWork = 64'000'000;  // what even a small picture may cost
+}  // namespace
+
+// What a shape costs: the part of the picture it covers, and its path's points.
+void Player::Spend(const QRectF& bounds, qsizetype elements) {
+  const QRectF covered = painter_.transform().mapRect(bounds).intersected(canvas_);
+  work_ += std::int64_t(covered.width() * covered.height()) + std::int64_t(elements) * kWorkPerPathElement;
+}
+
 Player::Player(const Header& header, QImage& target) : header_(header), painter_(&target) {
+  canvas_ = QRectF(QPointF(0, 0), QSizeF(target.size()));
+  budget_ = kBaseWork + kCanvasesOfWork * std::int64_t(target.width()) * target.height();
   painter_.setRenderHint(QPainter::Antialiasing);
   const Box& frame = header.FrameHundredthsMm;
   const double pxPerMmX = double(header.DevicePixels.width()) / header.DeviceMillimetres.width();
@@ -92,6 +106,8 @@ void Player::Shape(const QPainterPath& shape, bool fill, bool stroke) {
     path_.addPath(shape);
     return;
   }
+  Spend(shape.controlPointRect(), shape.elementCount());
+  if (Exhausted()) return;
   QPainterPath filled = shape;
   filled.setFillRule(dc_.FillRule);
   if (fill) painter_.fillPath(filled, dc_.Brush);
@@ -303,7 +319,8 @@ void Player::PlayBitmap(const Record& r) {
   if (picture.isNull()) return;
   const QRectF target(r.Point(16, false), QSizeF(r.Int(64), r.Int(68)));
   const QRectF source(r.Point(24, false), QSizeF(r.Int(32), r.Int(36)));
-  painter_.drawImage(target, picture, source);
+  Spend(target, 0);
+  if (!Exhausted()) painter_.drawImage(target, picture, source);
 }
 
 void Player::Play(const Record& r) {

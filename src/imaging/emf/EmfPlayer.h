@@ -20,6 +20,9 @@ class Player {
  public:
   Player(const Header& header, QImage& target);
   void Play(const Record& record);
+  // True once the drawing has cost more than a picture should: the painted area of its
+  // shapes beyond 64 times the picture, or millions of path points. Such a file is refused.
+  bool Exhausted() const { return work_ > budget_; }
 
  private:
   struct State {
@@ -47,6 +50,7 @@ class Player {
   void SelectStock(std::uint32_t index);
   void ApplyTransform();
   QTransform PageToDevice() const;
+  void Spend(const QRectF& bounds, qsizetype elements);
 
   Header header_;
   QPainter painter_;
@@ -57,6 +61,9 @@ class Player {
   QPainterPath path_;
   bool inPath_ = false;
   QPointF current_;
+  QRectF canvas_;
+  std::int64_t work_ = 0;
+  std::int64_t budget_ = 0;
 };
 
 }  // namespace imaging::emf

@@ -39,7 +39,10 @@ std::optional<QImage> Render(const QByteArray& file, std::int64_t maxPixels) {
   image.fill(Qt::transparent);
   {
     Player player(*header, image);
-    for (const Record& record : ReadRecords(file, kMostRecords)) player.Play(record);
+    for (const Record& record : ReadRecords(file, kMostRecords)) {
+      player.Play(record);
+      if (player.Exhausted()) return std::nullopt;
+    }
   }
   return image;
 }
