@@ -46,11 +46,15 @@ void SortEntries(std::vector<FileEntry>& entries) {
             [](const FileEntry& a, const FileEntry& b) { return ListTextLess(a.DisplayName, b.DisplayName); });
 }
 
-std::vector<FileEntry> ScanFolder(const QString& folder, bool imageExtensionsOnly) {
+std::vector<FileEntry> ScanFolder(const QString& folder, bool imageExtensionsOnly, const std::atomic_bool* cancel) {
   std::vector<FileEntry> entries;
   DIR* dir = folder.isEmpty() ? nullptr : opendir(QFile::encodeName(folder).constData());
   if (!dir) return entries;
   while (const dirent* entry = readdir(dir)) {
+    if (cancel && cancel->load(std::memory_order_relaxed)) {
+      closedir(dir);
+      return {};
+    }
     if (imageExtensionsOnly && !HasScanExtension(entry->d_name)) continue;
     if (!IsRegularFile(dirfd(dir), entry)) continue;
     const QString name = QFile::decodeName(entry->d_name);

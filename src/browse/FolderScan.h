@@ -4,6 +4,7 @@
 
 #include <QString>
 
+#include <atomic>
 #include <vector>
 
 namespace browse {
@@ -18,8 +19,9 @@ struct FileEntry {
 
 // The files of `folder` (hidden ones included, folders never), filtered by the 21 scan
 // extensions when `imageExtensionsOnly`, sorted in list order. An unreadable folder gives
-// an empty list.
-std::vector<FileEntry> ScanFolder(const QString& folder, bool imageExtensionsOnly);
+// an empty list, and so does a scan stopped by `cancel` (checked between entries).
+std::vector<FileEntry> ScanFolder(const QString& folder, bool imageExtensionsOnly,
+                                  const std::atomic_bool* cancel = nullptr);
 
 // Sorts entries in the one list order (by their shown text).
 void SortEntries(std::vector<FileEntry>& entries);

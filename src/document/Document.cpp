@@ -1,6 +1,7 @@
 #include "document/Document.h"
 
 #include "widgets/BusyPointer.h"
+#include "widgets/WaitForWork.h"
 #include "document/CommandLine.h"
 #include "base/NumberRules.h"
 #include "base/Paths.h"
@@ -9,6 +10,7 @@
 #include "files/FileOperations.h"
 
 #include <QDir>
+#include <QtConcurrent/QtConcurrentRun>
 #include <QFileInfo>
 
 namespace document {
@@ -105,7 +107,14 @@ bool Document::OpenSingleFile(const QString& path, bool reportFailure) {
 }
 
 void Document::ScanFolder() {
-  list_.SetEntries(browse::ScanFolder(state_.Settings.LastFolder, state_.Settings.ImageExtensionsOnly));
+  std::vector<browse::FileEntry> entries;
+  std::atomic_bool cancel{false};
+  const QFuture<void> scan = QtConcurrent::run([&] {
+    entries = scanner_(state_.Settings.LastFolder, state_.Settings.ImageExtensionsOnly, &cancel);
+  });
+  const bool cancelled = widgets::WaitForWork(scan, cancel);
+  list_.SetEntries(cancelled ? std::vector<browse::FileEntry>{} : std::move(entries));
+  if (cancelled) Q_EMIT StatusChanged(QStringLiteral("Folder scan cancelled"));
   Q_EMIT ListFilled();
   Q_EMIT ListRowSelected(-1);
   shownRow_ = -1;

@@ -8,6 +8,7 @@
 
 #include "base/Twips.h"
 #include "browse/FileListModel.h"
+#include "browse/FolderScan.h"
 #include "document/AppState.h"
 #include "document/SaveChanges.h"
 #include "edit/UndoHistory.h"
@@ -18,6 +19,7 @@
 #include <QObject>
 #include <QStringList>
 
+#include <atomic>
 #include <functional>
 #include <optional>
 
@@ -43,6 +45,8 @@ class Document : public QObject {
  public:
   using Loader = std::function<std::optional<files::LoadedImage>(const QString& path)>;
   using History = edit::UndoHistory<imaging::PackedImage>;
+  using Scanner = std::function<std::vector<browse::FileEntry>(const QString& folder, bool imagesOnly,
+                                                               const std::atomic_bool* cancel)>;
 
   Document(AppState& state, browse::FileListModel& list, DocumentPrompts& prompts, Loader loader);
 
@@ -50,7 +54,10 @@ class Document : public QObject {
   // asks the caller for the Open Folder command.
   StartupEnd OpenAtStartup(const QString& commandLine);
 
+  // Reads the folder into the list on a worker; the window stays painted, and Esc stops
+  // the scan (the list then stays empty and the status bar says so).
   void ScanFolder();
+  void SetScanner(Scanner scanner) { scanner_ = std::move(scanner); }
   void ClickEntry(int row);
   // Next and previous image, first and last: the list's selection moves and the entry
   // opens as a click on it would. Nothing beyond either end.
@@ -130,6 +137,9 @@ class Document : public QObject {
   browse::FileListModel& list_;
   DocumentPrompts& prompts_;
   Loader loader_;
+  Scanner scanner_ = [](const QString& folder, bool imagesOnly, const std::atomic_bool* cancel) {
+    return browse::ScanFolder(folder, imagesOnly, cancel);
+  };
   ViewMode viewMode_ = ViewMode::Image;
   int direction_ = 1;  // of the last step through the folder
   int shownRow_ = -1;  // the entry shown, -1 when none
