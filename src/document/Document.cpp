@@ -131,6 +131,7 @@ void Document::Load(const QString& path) {
 
 void Document::ClearCurrentImage() {
   history_.Clear();
+  unrecordedBase_.reset();
   image_.reset();
   natural_ = {};
   ShowImage();

@@ -129,6 +129,7 @@ class Document : public QObject {
   void ForgetWhatIsOpen();
   void AnnounceNeighbours();
   void StartHistory();  // a new history with the image shown as its unnamed base state
+  void RecordBase();
   void ShowState(const edit::UndoMove& move);
   void ShowImage();
   QString EntryPath(int row) const;
@@ -146,6 +147,7 @@ class Document : public QObject {
   std::optional<imaging::Image> image_;
   base::NaturalSize natural_;
   History history_;
+  std::optional<imaging::Image> unrecordedBase_;  // the base state until an edit packs it
 };
 
 }  // namespace document

@@ -5,13 +5,22 @@
 
 namespace document {
 
+// The base state is packed only when the first edit needs it: opening or saving an image
+// costs nothing more than the image shown, which the history shares until then.
 void Document::StartHistory() {
   history_.Clear();
-  if (image_) history_.Push(imaging::PackedImage::Pack(*image_), QString());
+  unrecordedBase_ = image_;
   Q_EMIT StateChanged();
 }
 
+void Document::RecordBase() {
+  if (!unrecordedBase_) return;
+  history_.Push(imaging::PackedImage::Pack(*unrecordedBase_), QString());
+  unrecordedBase_.reset();
+}
+
 void Document::ApplyEdit(const imaging::Image& edited, const QString& undoName) {
+  RecordBase();
   image_ = edited;
   natural_ = base::NaturalSize::FromPixels(edited.Width(), edited.Height(), state_.Metrics);
   // With no free slot the edit stays, unrecorded, and the captions do not change.

@@ -23,7 +23,7 @@ class MainWindowTest : public ::testing::Test {
   void Trigger(const char* name) const { Command(name)->trigger(); }
   document::Document& Doc() const { return window_->CurrentDocument(); }
   const imaging::Image& Shown() const { return *Doc().CurrentImage(); }
-  int Steps() const { return Doc().UndoHistory().Count(); }
+  bool NothingToUndo() const { return !Doc().UndoHistory().CanUndo(); }
   QString Pane(const char* name) const;
   template <typename T>
   T* Child(const char* name) const {
