@@ -42,6 +42,8 @@ namespace app {
 
 // Shows the parameter dialog modally: true for OK.
 bool RunParameterDialog(edit::frmDiseno& dialog);
+// Shows the Open Folder dialog modally: the chosen folder, empty when closed.
+QString RunOpenFolderDialog(QWidget* parent, settings::SettingsStore& settings);
 
 class frmMain : public QMainWindow, private document::DocumentPrompts {
   Q_OBJECT
@@ -60,6 +62,9 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
 
   // Tests answer the open and save dialogs through this.
   void SetFileChooser(widgets::FileChooser chooser) { chooseFile_ = std::move(chooser); }
+  // ... the Open Folder dialog through this: the chosen folder, empty when closed ...
+  using FolderChooser = std::function<QString(QWidget* parent, settings::SettingsStore& settings)>;
+  void SetFolderChooser(FolderChooser chooser) { chooseFolder_ = std::move(chooser); }
   // ... and the parameter dialog through this: true for OK, false for Cancel.
   using ParameterDialogRunner = std::function<bool(edit::frmDiseno& dialog)>;
   void SetParameterDialogRunner(ParameterDialogRunner runner) { runParameterDialog_ = std::move(runner); }
@@ -150,6 +155,7 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   std::array<QLabel*, 5> statusPanes_{};
   QMenu* mnuList_ = nullptr;
   widgets::FileChooser chooseFile_ = widgets::ShowFileDialog;
+  FolderChooser chooseFolder_ = RunOpenFolderDialog;
   ParameterDialogRunner runParameterDialog_ = RunParameterDialog;
   QRect normalRect_;  // the restored rectangle, kept while maximized
   bool screenWatched_ = false;

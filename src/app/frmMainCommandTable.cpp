@@ -3,6 +3,7 @@
 // declared without a handler is shown and stays disabled: it is not available yet.
 #include "app/frmMain.h"
 
+#include "browse/frmAbrirCarpeta.h"
 #include "edit/Catalogue.h"
 #include "view/Viewport.h"
 
@@ -157,7 +158,8 @@ void frmMain::DeclareToolsAndHelpCommands() {
   t.Declare({"mnuToolsSetWallpaper", "Se&t Wallpaper"});
   t.Declare({"mnuToolsRemoveWallpaper", "&Remove Wallpaper"});
   t.Declare({"mnuToolsTiposArchivo", "&Associate File Types with Vistrel..."});
-  t.Declare({"mnuToolsBorrarListaReciente", "&Clear List of Recent Folders"});
+  t.Declare({"mnuToolsBorrarListaReciente", "&Clear List of Recent Folders"},
+            {[this] { browse::ConfirmAndClearRecentFolders(this, state_.Settings); }});
   t.Declare({"mnuToolsOptions", "&Options..."});
   t.Declare({"mnuHelpContents", "&Contents", Qt::Key_F1});
   t.Declare({"mnuHelpAbout", "&About Vistrel"});

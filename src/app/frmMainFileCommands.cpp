@@ -4,12 +4,12 @@
 #include "base/Paths.h"
 #include "files/FailureReasons.h"
 #include "files/FileDialogs.h"
-#include "settings/RecentFolders.h"
+#include "browse/frmAbrirCarpeta.h"
 #include "view/Viewport.h"
 #include "widgets/BusyPointer.h"
 
 #include <QDir>
-#include <QFileDialog>
+#include <QCoreApplication>
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QTreeView>
@@ -28,19 +28,24 @@ bool frmMain::CanSave() const {
 
 bool frmMain::CanSaveAs() const { return document_.ImageLoaded() && !document_.CurrentFilePath().isEmpty(); }
 
-// The platform's folder chooser, then the chosen folder opens in List and Image. False
-// when nothing was opened.
+QString RunOpenFolderDialog(QWidget* parent, settings::SettingsStore& settings) {
+  browse::frmAbrirCarpeta dialog(settings, parent);
+  dialog.exec();
+  return dialog.ChosenFolder();
+}
+
+// The Open Folder dialog, then the chosen folder opens in List and Image. The save question
+// comes only once a folder is chosen, so a closed dialog keeps the edits and their change
+// level. False when nothing was opened.
 bool frmMain::RunOpenFolder() {
-  if (!document_.ConfirmSaveChanges()) return false;
   if (!isVisible()) {
     LayOut();
     show();
   }
-  const QString chosen = base::StripTrailingBackslashes(
-      QFileDialog::getExistingDirectory(this, QStringLiteral("Open Folder"), state_.Settings.LastFolder));
+  const QString chosen = chooseFolder_(this, state_.Settings);
   picFondo_->update();
-  if (chosen.isEmpty()) return false;
-  settings::AddRecentFolder(state_.Settings, chosen);
+  QCoreApplication::processEvents();
+  if (chosen.isEmpty() || !document_.ConfirmSaveChanges()) return false;
   document_.OpenChosenFolder(chosen);
   lisLista_->setFocus();
   return true;

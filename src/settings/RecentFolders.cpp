@@ -31,4 +31,23 @@ void AddRecentFolder(settings::SettingsStore& settings, const QString& folder) {
   settings.RecentFolders = rebuilt;
 }
 
+QStringList RecentFolderList(const settings::SettingsStore& settings) {
+  QStringList folders;
+  for (const QString& folder : settings.RecentFolders) {
+    if (!folder.isEmpty()) folders << folder;
+  }
+  return folders;
+}
+
+void RemoveRecentFolder(settings::SettingsStore& settings, int slot) {
+  auto& slots = settings.RecentFolders;
+  if (slot < 0 || slot >= int(slots.size())) return;
+  for (size_t i = size_t(slot); i + 1 < slots.size(); ++i) slots[i] = slots[i + 1];
+  slots.back().clear();
+}
+
+void ClearRecentFolders(settings::SettingsStore& settings) {
+  for (QString& folder : settings.RecentFolders) folder.clear();
+}
+
 }  // namespace settings

@@ -136,6 +136,41 @@ TEST_F(frmMainFileTest, CancellingTheOpenDialogAsksNothingAndKeepsTheEdits) {
   EXPECT_EQ(Doc().ChangeLevel(), 1);
 }
 
+TEST_F(frmMainFileTest, OpenFolderAsksAboutTheEditsOnlyOnceAFolderIsChosen) {
+  Start(WriteGradient(pictures_, QStringLiteral("photo.png")));
+  Trigger("mnuColorsNegative");
+  QString chosen;  // the dialog closed without a choice
+  window_->SetFolderChooser([&](QWidget*, settings::SettingsStore&) { return chosen; });
+  {
+    DialogAnswerer answerer(QMessageBox::No);
+    Trigger("mnuFileOpenFolder");
+    EXPECT_EQ(answerer.Count(), 0);
+    EXPECT_EQ(Doc().ChangeLevel(), 1);
+  }
+  chosen = config_.Path();
+  WriteGradient(config_, QStringLiteral("z.png"));
+  DialogAnswerer answerer(QMessageBox::No);
+  Trigger("mnuFileOpenFolder");
+  EXPECT_EQ(answerer.LastText(), QStringLiteral("'photo.png' has changed. Do you want to save changes?"));
+  EXPECT_EQ(Doc().View(), document::ViewMode::ListAndImage);
+  EXPECT_EQ(Doc().CurrentFilePath(), config_.File(QStringLiteral("z.png")));
+}
+
+TEST_F(frmMainFileTest, ClearingTheRecentFoldersAsksFirst) {
+  Start(pictures_.Path());
+  settings::SettingsStore& stored = window_->State().Settings;
+  ASSERT_FALSE(stored.RecentFolders[0].isEmpty());  // the folder from the command line
+  {
+    DialogAnswerer no(QMessageBox::No);
+    Trigger("mnuToolsBorrarListaReciente");
+    EXPECT_EQ(no.Count(), 1);
+  }
+  EXPECT_FALSE(stored.RecentFolders[0].isEmpty());
+  DialogAnswerer yes(QMessageBox::Yes);
+  Trigger("mnuToolsBorrarListaReciente");
+  EXPECT_TRUE(stored.RecentFolders[0].isEmpty());
+}
+
 TEST_F(frmMainFileTest, SaveAsAsksBeforeReplacingAFileUnderTheCompletedName) {
   const QString existing = WriteGradient(pictures_, QStringLiteral("b.png"));
   const QByteArray before = ReadAll(existing);

@@ -1,0 +1,39 @@
+#include "browse/FolderChoice.h"
+
+#include "base/NumberRules.h"
+#include "base/Paths.h"
+#include "browse/FileTypes.h"
+
+#include <QDirIterator>
+
+namespace browse {
+
+bool FolderHasImages(const QString& folder) {
+  QDirIterator files(folder, QDir::Files | QDir::Hidden);
+  while (files.hasNext()) {
+    const QString extension = base::FileExtension(files.next());
+    if (IsScanExtension(extension) || extension == QLatin1String("jpe")) return true;
+  }
+  return false;
+}
+
+FolderChoice CheckFolderChoice(const QString& candidate) {
+  const QString trimmed = numbers::TrimBlanks(candidate);
+  if (trimmed.isEmpty()) return {trimmed, FolderProblem::NothingChosen};
+  const QString folder = base::StripTrailingBackslashes(trimmed);
+  if (!base::FolderExists(folder)) return {folder, FolderProblem::NotFound};
+  if (!FolderHasImages(folder)) return {folder, FolderProblem::NoImages};
+  return {folder, FolderProblem::None};
+}
+
+QString FolderProblemMessage(FolderProblem problem) {
+  switch (problem) {
+    case FolderProblem::NothingChosen: return QStringLiteral("Please select a folder");
+    case FolderProblem::NotFound: return QStringLiteral("Folder not found");
+    case FolderProblem::NoImages: return QStringLiteral("No image found");
+    case FolderProblem::None: break;
+  }
+  return {};
+}
+
+}  // namespace browse

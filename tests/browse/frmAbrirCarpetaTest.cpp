@@ -1,0 +1,126 @@
+// The Open Folder dialog, typed into and clicked as a user would, and the folder rules
+// behind it.
+#include "browse/FolderChoice.h"
+#include "browse/frmAbrirCarpeta.h"
+#include "settings/RecentFolders.h"
+#include "support/DialogAnswerer.h"
+#include "support/TestFiles.h"
+
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QtTest/QTest>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using browse::FolderProblem;
+using testing_support::DialogAnswerer;
+using testing_support::TempFolder;
+
+TEST(FolderChoice, NeedsAFolderThatExistsAndHoldsAnImage) {
+  TempFolder root;
+  const QString photos = root.MakeFolder(QStringLiteral("photos"));
+  root.WritePng(QStringLiteral("photos/a.png"));
+  const QString onlyJpe = root.MakeFolder(QStringLiteral("jpe"));
+  root.WriteBytes(QStringLiteral("jpe/old.JPE"), "x");  // any content: the extension decides
+  const QString notes = root.MakeFolder(QStringLiteral("notes"));
+  root.WriteBytes(QStringLiteral("notes/readme.txt"), "x");
+  const std::pair<QString, FolderProblem> cases[] = {
+      {QStringLiteral("   "), FolderProblem::NothingChosen},
+      {root.File(QStringLiteral("missing")), FolderProblem::NotFound},
+      {notes, FolderProblem::NoImages},
+      {QStringLiteral(" ") + photos + QStringLiteral("/ "), FolderProblem::None},
+      {onlyJpe, FolderProblem::None},
+  };
+  for (const auto& [candidate, problem] : cases) {
+    EXPECT_EQ(browse::CheckFolderChoice(candidate).Problem, problem) << candidate.toStdString();
+  }
+  EXPECT_EQ(browse::CheckFolderChoice(photos + u'/').Folder, photos);
+}
+
+TEST(RecentFolders, RemovingOneLeavesNoGap) {
+  settings::SettingsStore s = settings::DefaultSettings({});
+  for (const char* folder : {"/c", "/b", "/a"}) settings::AddRecentFolder(s, QLatin1String(folder));
+  settings::RemoveRecentFolder(s, 1);
+  EXPECT_EQ(settings::RecentFolderList(s), (QStringList{"/a", "/c"}));
+  EXPECT_TRUE(s.RecentFolders[2].isEmpty());
+}
+
+class frmAbrirCarpetaTest : public ::testing::Test {
+ protected:
+  frmAbrirCarpetaTest() : settings_(settings::DefaultSettings({})) {
+    photos_ = root_.MakeFolder(QStringLiteral("photos"));
+    root_.WritePng(QStringLiteral("photos/a.png"));
+    empty_ = root_.MakeFolder(QStringLiteral("empty"));
+  }
+  template <typename T>
+  T* Child(QWidget& dialog, const char* name) {
+    return dialog.findChild<T*>(QLatin1String(name));
+  }
+  void ClickOk(QWidget& dialog) { QTest::mouseClick(Child<QPushButton>(dialog, "cmdAceptar"), Qt::LeftButton); }
+
+  TempFolder root_;
+  QString photos_, empty_;
+  settings::SettingsStore settings_;
+};
+
+TEST_F(frmAbrirCarpetaTest, RefusesWhatCannotOpenAndKeepsTheUserWhereTheyWere) {
+  browse::frmAbrirCarpeta dialog(settings_);
+  dialog.show();
+  dialog.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+  auto* box = Child<QLineEdit>(dialog, "txtCarpeta");
+  const std::pair<QString, const char*> refusals[] = {
+      {QString(), "Please select a folder"}, {root_.File(QStringLiteral("gone")), "Folder not found"}, {empty_, "No image found"}};
+  for (const auto& [typed, message] : refusals) {
+    box->setText(typed);
+    DialogAnswerer answerer;
+    ClickOk(dialog);
+    EXPECT_EQ(answerer.LastText(), QLatin1String(message));
+    EXPECT_TRUE(dialog.isVisible());
+    EXPECT_EQ(dialog.focusWidget(), box) << message;
+  }
+  EXPECT_TRUE(settings::RecentFolderList(settings_).isEmpty());
+}
+
+TEST_F(frmAbrirCarpetaTest, ATypedFolderIsChosenWithoutItsTrailingSeparatorAndGoesOnTopOfTheRecent) {
+  settings::AddRecentFolder(settings_, QStringLiteral("/elsewhere"));
+  browse::frmAbrirCarpeta dialog(settings_);
+  dialog.show();
+  Child<QLineEdit>(dialog, "txtCarpeta")->setText(photos_ + u'/');
+  ClickOk(dialog);
+  EXPECT_EQ(dialog.result(), QDialog::Accepted);
+  EXPECT_EQ(dialog.ChosenFolder(), photos_);
+  EXPECT_EQ(settings::RecentFolderList(settings_), (QStringList{photos_, "/elsewhere"}));
+}
+
+TEST_F(frmAbrirCarpetaTest, TheRecentTabOpensRemovesAndClears) {
+  for (const QString& folder : {QStringLiteral("/gone/one"), photos_, QStringLiteral("/gone/two")}) {
+    settings::AddRecentFolder(settings_, folder);
+  }
+  browse::frmAbrirCarpeta dialog(settings_);
+  dialog.show();
+  Child<QTabWidget>(dialog, "tabPestana")->setCurrentIndex(1);
+  auto* recent = Child<QListWidget>(dialog, "lisRecientes");
+  ASSERT_EQ(recent->count(), 3);
+  recent->setCurrentRow(0);
+  QTest::mouseClick(Child<QPushButton>(dialog, "cmdBorrar"), Qt::LeftButton);
+  EXPECT_EQ(settings::RecentFolderList(settings_), (QStringList{photos_, "/gone/one"}));
+  {
+    DialogAnswerer no(QMessageBox::No);
+    QTest::mouseClick(Child<QPushButton>(dialog, "cmdBorrarTodo"), Qt::LeftButton);
+    EXPECT_EQ(no.LastText(), QStringLiteral("Are you sure you want to clear the list of recent folders?"));
+  }
+  EXPECT_EQ(recent->count(), 2);
+  recent->setCurrentRow(0);
+  Q_EMIT recent->itemDoubleClicked(recent->item(0));
+  EXPECT_EQ(dialog.ChosenFolder(), photos_);
+  DialogAnswerer yes(QMessageBox::Yes);
+  EXPECT_TRUE(browse::ConfirmAndClearRecentFolders(nullptr, settings_));
+  EXPECT_TRUE(settings::RecentFolderList(settings_).isEmpty());
+}
+
+}  // namespace
