@@ -32,6 +32,7 @@ class QTreeView;
 
 namespace view {
 class Viewport;
+class frmFull;
 }
 
 namespace edit {
@@ -42,6 +43,8 @@ namespace app {
 
 // Shows the parameter dialog modally: true for OK.
 bool RunParameterDialog(edit::frmDiseno& dialog);
+// Shows the full-screen view modally over the whole screen.
+void RunFullScreenView(view::frmFull& full);
 // Shows the Open Folder dialog modally: the chosen folder, empty when closed.
 QString RunOpenFolderDialog(QWidget* parent, settings::SettingsStore& settings);
 
@@ -65,6 +68,9 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   // ... the Open Folder dialog through this: the chosen folder, empty when closed ...
   using FolderChooser = std::function<QString(QWidget* parent, settings::SettingsStore& settings)>;
   void SetFolderChooser(FolderChooser chooser) { chooseFolder_ = std::move(chooser); }
+  // ... the full-screen view through this ...
+  using FullScreenRunner = std::function<void(view::frmFull& full)>;
+  void SetFullScreenRunner(FullScreenRunner runner) { runFullScreen_ = std::move(runner); }
   // ... and the parameter dialog through this: true for OK, false for Cancel.
   using ParameterDialogRunner = std::function<bool(edit::frmDiseno& dialog)>;
   void SetParameterDialogRunner(ParameterDialogRunner runner) { runParameterDialog_ = std::move(runner); }
@@ -125,6 +131,7 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   void RunZoomDialog();
   void RunZoomToSelection();
   void ConnectViewport();
+  void RunFullScreen(bool byDoubleClick);
 
   // frmMainImageCommands.cpp
   bool CanRunImageCommand() const;
@@ -157,6 +164,7 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   widgets::FileChooser chooseFile_ = widgets::ShowFileDialog;
   FolderChooser chooseFolder_ = RunOpenFolderDialog;
   ParameterDialogRunner runParameterDialog_ = RunParameterDialog;
+  FullScreenRunner runFullScreen_ = RunFullScreenView;
   QRect normalRect_;  // the restored rectangle, kept while maximized
   bool screenWatched_ = false;
 };

@@ -87,7 +87,7 @@ void frmMain::DeclareFileCommands() {
   t.Declare({"mnuFileDelete", "&Delete", Qt::Key_Delete});
   t.Declare({"mnuFileProperties", "Prop&erties...", Qt::ALT | Qt::Key_Return});
   t.Declare({"mnuFileExit", "E&xit", Qt::CTRL | Qt::Key_Q}, {[this] { close(); }});
-  t.Declare({"mnuListFullScreen", "&Full Screen"});
+  t.Declare({"mnuListFullScreen", "&Full Screen"}, {[this] { RunFullScreen(false); }, [this] { return CanZoom(); }});
   t.Declare({"mnuListSetWallpaper", "&Set Wallpaper"});
   t.Declare({"mnuListProperties", "Pr&operties..."});
 }
@@ -128,7 +128,8 @@ void frmMain::DeclareViewCommands() {
   t.Declare({"mnuViewZoomOut", "Zoom O&ut", Qt::Key_Minus, "zoom-out", "Zoom Out", Qt::CTRL | Qt::Key_Minus}, zoom([this] { StepZoom(-1); }));
   t.Declare({"mnuViewZoom", "&Zoom...", Qt::CTRL | Qt::Key_M}, zoom([this] { RunZoomDialog(); }));
   t.Declare({"mnuViewZoomToSelection", "Zoom to Sele&ction"}, zoom([this] { RunZoomToSelection(); }));
-  t.Declare({"mnuViewFullScreen", "Full Scr&een", Qt::Key_F11, "view-fullscreen", "Full Screen"});
+  t.Declare({"mnuViewFullScreen", "Full Scr&een", Qt::Key_F11, "view-fullscreen", "Full Screen"},
+            zoom([this] { RunFullScreen(false); }));
   t.Declare({"mnuViewToolbar", "Tool&bar"}, {[this] {
                                                state_.Settings.ShowToolbar = !state_.Settings.ShowToolbar;
                                                LayOut();

@@ -4,9 +4,13 @@
 
 #include "view/Viewport.h"
 #include "view/Zoom.h"
+#include "view/frmFull.h"
 #include "view/frmZoom.h"
+#include "base/Colors.h"
+#include "imaging/Operations.h"
 
 #include <QMessageBox>
+#include <QScreen>
 
 namespace app {
 
@@ -39,8 +43,31 @@ void frmMain::RunZoomToSelection() {
   ZoomTo(picFondo_->SelectionFitPercentage(), view::Pending::ZoomToSelection);
 }
 
+// Full Screen shows the image already decoded: from the menu, only the selection when one
+// is shown; from a double-click, always the whole image.
+void frmMain::RunFullScreen(bool byDoubleClick) {
+  if (!CanZoom() || !document_.CurrentImage()) return;
+  imaging::Image image = *document_.CurrentImage();
+  base::NaturalSize natural = document_.Natural();
+  const QRect selection = SelectionPixels();
+  if (!byDoubleClick && !selection.isEmpty()) {
+    image = imaging::ops::Crop(image, selection);
+    natural = base::NaturalSize::FromPixels(image.Width(), image.Height(), state_.Metrics);
+  }
+  view::frmFull full(image, natural, state_.Metrics, base::ColorFromBgr(state_.Settings.ColorFullScreen), this);
+  if (const QScreen* screen = this->screen()) full.setGeometry(screen->geometry());  // the screen the window is on
+  runFullScreen_(full);
+  picFondo_->update();
+}
+
+void RunFullScreenView(view::frmFull& full) {
+  full.showFullScreen();
+  full.exec();
+}
+
 void frmMain::ConnectViewport() {
   using view::Viewport;
+  connect(picFondo_, &Viewport::FullScreenRequested, this, [this] { RunFullScreen(true); });
   connect(picFondo_, &Viewport::ZoomStepRequested, this, [this](int direction) {
     commands_.Get(QLatin1String(direction > 0 ? "mnuViewZoomIn" : "mnuViewZoomOut"))->trigger();
   });

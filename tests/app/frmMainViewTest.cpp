@@ -3,6 +3,7 @@
 #include "document/StatusText.h"
 #include "support/MainWindowTest.h"
 #include "view/Viewport.h"
+#include "view/frmFull.h"
 
 #include <QApplication>
 #include <QFileInfo>
@@ -78,6 +79,22 @@ TEST_F(frmMainViewTest, AClickWithoutMovementSelectsThePixelUnderIt) {
   QTest::mouseClick(Canvas(), Qt::LeftButton, {}, QPoint(30, 40));
   ASSERT_TRUE(View().Selection().Exists());
   EXPECT_EQ(View().Selection().Pixels(15, 15), QRect(30, 40, 1, 1));
+}
+
+// Full Screen from the menu shows the selection alone; a double-click shows the whole image.
+TEST_F(frmMainViewTest, FullScreenShowsTheSelectionFromTheMenuAndTheWholeImageOnADoubleClick) {
+  QSize shown;
+  window_->SetFullScreenRunner([&](view::frmFull& full) {
+    full.resize(800, 600);
+    shown = full.findChild<QWidget*>(QStringLiteral("imaImagen"))->size() * 100 / full.Percentage();
+  });
+  QTest::mousePress(Canvas(), Qt::LeftButton, {}, QPoint(100, 100));
+  QTest::mouseMove(Canvas(), QPoint(139, 119));
+  QTest::mouseRelease(Canvas(), Qt::LeftButton, {}, QPoint(139, 119));
+  Trigger("mnuViewFullScreen");
+  EXPECT_EQ(shown, QSize(40, 20));
+  QTest::mouseDClick(Canvas(), Qt::LeftButton, {}, QPoint(100, 100));
+  EXPECT_EQ(shown, QSize(2000, 1500));
 }
 
 TEST_F(frmMainViewTest, ZoomToSelectionEnlargesAndCentresIt) {

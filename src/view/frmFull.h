@@ -1,0 +1,39 @@
+#pragma once
+// `frmFull`: the image alone on the full-screen background, fitted to the screen (small
+// images enlarged up to 1000 %), with the image view's own scrolling. A key pressed
+// without Shift, Ctrl or Alt, or a click, closes it, but only once it is ready: the key
+// or click that opened it never closes it at once.
+
+#include "base/Twips.h"
+#include "imaging/Image.h"
+
+#include <QDialog>
+#include <QTimer>
+
+namespace view {
+
+class Viewport;
+
+class frmFull : public QDialog {
+  Q_OBJECT
+
+ public:
+  frmFull(const imaging::Image& image, base::NaturalSize natural, const base::ScreenMetrics& metrics,
+          const QColor& background, QWidget* parent = nullptr);
+
+  bool IsReady() const { return ready_; }
+  int Percentage() const;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  void CloseWhenReady();
+
+  Viewport* picFondo_ = nullptr;
+  QTimer Timer1_;
+  bool ready_ = false;
+};
+
+}  // namespace view
