@@ -1,6 +1,7 @@
 #include "app/frmMain.h"
 
 #include "base/Colors.h"
+#include "browse/ThumbnailsView.h"
 #include "base/NumberRules.h"
 #include "files/LoadImageFile.h"
 #include "view/Viewport.h"
@@ -10,6 +11,7 @@
 #include <QGuiApplication>
 #include <QScreen>
 #include <QSplitter>
+#include <QStackedWidget>
 #include <QStatusBar>
 #include <QToolBar>
 #include <QTreeView>
@@ -40,6 +42,7 @@ frmMain::frmMain(QString settingsPath, QWidget* parent)
   BuildToolbar();
   ConnectDocument();
   ConnectViewport();
+  ConnectThumbnails();
 }
 
 void frmMain::RunStartup(const QString& commandLine) {
@@ -172,6 +175,8 @@ void frmMain::LayOut() {
   ctlToolbar_->setVisible(state_.Settings.ShowToolbar);
   statusBar()->setVisible(state_.Settings.ShowStatusBar);
   lisLista_->setVisible(document_.View() == document::ViewMode::ListAndImage);
+  const bool thumbnails = document_.View() == document::ViewMode::Thumbnails;
+  imagePanels_->setCurrentWidget(thumbnails ? static_cast<QWidget*>(picFondoThumbnails_) : picFondo_);
   const int listWidth = numbers::RoundedDiv(state_.Settings.SplitterPos, state_.Metrics.TwipsPerPixelX).value_or(130);
   splitter_->setSizes({listWidth, std::max(1, splitter_->width() - listWidth)});
 }

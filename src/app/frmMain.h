@@ -27,6 +27,7 @@
 class QLabel;
 class QMenu;
 class QSplitter;
+class QStackedWidget;
 class QToolBar;
 class QTreeView;
 
@@ -37,6 +38,10 @@ class frmFull;
 
 namespace edit {
 class frmDiseno;
+}
+
+namespace browse {
+class ThumbnailsView;
 }
 
 namespace app {
@@ -96,6 +101,8 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   void BuildWidgets();
   void BuildStatusBar();
   void ConnectDocument();
+  void ConnectThumbnails();
+  void ShowThumbnails();
   void ShowImage(const imaging::Image* image);
   void RefreshStatusBar(const QString& message);
 
@@ -157,6 +164,8 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   QTreeView* lisLista_ = nullptr;
   QSplitter* splitter_ = nullptr;
   view::Viewport* picFondo_ = nullptr;
+  browse::ThumbnailsView* picFondoThumbnails_ = nullptr;
+  QStackedWidget* imagePanels_ = nullptr;  // picFondo, or the thumbnails in the Thumbnails view
   QToolBar* ctlToolbar_ = nullptr;
   // picEstado's panes: name (or a message), position, size, zoom, file size
   std::array<QLabel*, 5> statusPanes_{};

@@ -112,7 +112,13 @@ void frmMain::DeclareViewCommands() {
   };
   t.Declare({"mnuViewImage", "&Image"}, viewMode(ViewMode::Image));
   t.Declare({"mnuViewListAndImage", "&List and Image"}, viewMode(ViewMode::ListAndImage));
-  t.Declare({"mnuViewThumbnails", "&Thumbnails"}, {{}, {}, [this] { return document_.View() == ViewMode::Thumbnails; }});
+  t.Declare({"mnuViewThumbnails", "&Thumbnails"},
+            {[this] {
+               document_.SetViewMode(ViewMode::Thumbnails);
+               ShowThumbnails();
+             },
+             [this] { return state_.Settings.LastOpenKind == settings::kOpenFolder; },
+             [this] { return document_.View() == ViewMode::Thumbnails; }});
   // The toolbar's View button: a click swaps Image and List and Image; its arrow drops the modes.
   t.Declare({"mnuViewBoton", "View", {}, "view-list-icons", "View"}, {[this] {
               document_.SetViewMode(document_.View() == ViewMode::Image ? ViewMode::ListAndImage : ViewMode::Image);

@@ -46,7 +46,8 @@ void frmMain::RunZoomToSelection() {
 // Full Screen shows the image already decoded: from the menu, only the selection when one
 // is shown; from a double-click, always the whole image.
 void frmMain::RunFullScreen(bool byDoubleClick) {
-  if (!CanZoom() || !document_.CurrentImage()) return;
+  // A double-click opens it from the Thumbnails view too, where the menu command does not.
+  if (!document_.CurrentImage() || (!byDoubleClick && !CanZoom())) return;
   imaging::Image image = *document_.CurrentImage();
   base::NaturalSize natural = document_.Natural();
   const QRect selection = SelectionPixels();

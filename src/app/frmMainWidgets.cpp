@@ -2,13 +2,17 @@
 #include "app/frmMain.h"
 
 #include "base/Paths.h"
+#include "base/Colors.h"
 #include "document/StatusText.h"
+#include "browse/ThumbnailsView.h"
 #include "view/Viewport.h"
 #include "widgets/Fonts.h"
 
 #include <QFileInfo>
 #include <QLabel>
+#include <QMenu>
 #include <QSplitter>
+#include <QStackedWidget>
 #include <QStatusBar>
 #include <QToolBar>
 #include <QTreeView>
@@ -20,9 +24,13 @@ void frmMain::BuildWidgets() {
   splitter_ = new QSplitter(Qt::Horizontal, this);
   splitter_->setChildrenCollapsible(false);
   BuildListView();
-  picFondo_ = new view::Viewport(state_.Metrics, splitter_);
+  imagePanels_ = new QStackedWidget(splitter_);
+  picFondo_ = new view::Viewport(state_.Metrics, imagePanels_);
+  picFondoThumbnails_ = new browse::ThumbnailsView(list_, state_.Metrics, imagePanels_);
+  imagePanels_->addWidget(picFondo_);
+  imagePanels_->addWidget(picFondoThumbnails_);
   splitter_->addWidget(lisLista_);
-  splitter_->addWidget(picFondo_);
+  splitter_->addWidget(imagePanels_);
   splitter_->setStretchFactor(1, 1);
   splitter_->handle(1)->setObjectName(QStringLiteral("picSepa"));
   connect(splitter_, &QSplitter::splitterMoved, this, [this] { OnSplitterMoved(); });
@@ -56,13 +64,40 @@ void frmMain::ConnectDocument() {
   connect(&document_, &Document::ImageEdited, this, &frmMain::ShowEditedImage);
   connect(&document_, &Document::StatusChanged, this, &frmMain::RefreshStatusBar);
   connect(&document_, &Document::ListRowSelected, this, &frmMain::SelectListRow);
-  connect(&document_, &Document::ListFilled, this, &frmMain::FitListColumn);
+  connect(&document_, &Document::ListFilled, this, [this] {
+    FitListColumn();
+    if (document_.View() == document::ViewMode::Thumbnails) ShowThumbnails();
+  });
   connect(&document_, &Document::LayoutChanged, this, &frmMain::LayOut);
   connect(&document_, &Document::NeighboursAnnounced, this, [this](const QStringList& paths) {
     picFondo_->repaint();  // the new image first; then the worker may take the cores
     if (const auto& shown = document_.CurrentImage()) prefetcher_.Warm(*shown);
     prefetcher_.Prefetch(paths);
   });
+}
+
+// The Thumbnails view: a click opens the entry as a click in the list does, a double-click
+// opens it full screen, the right button the list's menu.
+void frmMain::ConnectThumbnails() {
+  using browse::ThumbnailsView;
+  connect(picFondoThumbnails_, &ThumbnailsView::EntryClicked, this, [this](int row) {
+    SelectListRow(row);
+    document_.ClickEntry(row);
+  });
+  connect(picFondoThumbnails_, &ThumbnailsView::EntryDoubleClicked, this, [this](int row) {
+    SelectListRow(row);
+    document_.ClickEntry(row);
+    RunFullScreen(true);
+  });
+  connect(picFondoThumbnails_, &ThumbnailsView::ContextMenuRequested, this,
+          [this](const QPoint& at) { mnuList_->popup(at); });
+}
+
+// The page that holds the entry shown, in the thumbnails colour.
+void frmMain::ShowThumbnails() {
+  picFondoThumbnails_->SetFolder(state_.Settings.LastFolder);
+  picFondoThumbnails_->SetBackground(base::ColorFromBgr(state_.Settings.ColorThumbnails));
+  picFondoThumbnails_->ShowPage(browse::PageOfRow(document_.ShownRow()));
 }
 
 void frmMain::ShowImage(const imaging::Image* image) {

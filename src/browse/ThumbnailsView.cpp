@@ -1,0 +1,198 @@
+#include "browse/ThumbnailsView.h"
+
+#include "base/Paths.h"
+#include "imaging/Loader.h"
+#include "widgets/TextFit.h"
+#include "widgets/frmTexto.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QtConcurrent/QtConcurrentRun>
+
+namespace browse {
+
+// `picThumbnails`: the strip on top, then 3 rows of 4 cells, each a centred picture box
+// with two caption lines under it.
+class ThumbnailsView::PageWidget : public QWidget {
+ public:
+  explicit PageWidget(ThumbnailsView& view) : QWidget(&view), view_(view) {
+    setObjectName(QStringLiteral("picThumbnails"));
+  }
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter painter(this);
+    for (int i = 0; i < int(view_.cells_.size()); ++i) PaintCell(painter, i);
+  }
+  void mousePressEvent(QMouseEvent* event) override {
+    const int row = view_.RowAt(event->position().toPoint());
+    if (event->button() == Qt::RightButton) {
+      Q_EMIT view_.ContextMenuRequested(event->globalPosition().toPoint());
+    } else if (event->button() == Qt::LeftButton && row >= 0) {
+      Q_EMIT view_.EntryClicked(row);
+    }
+  }
+  void mouseDoubleClickEvent(QMouseEvent* event) override {
+    const int row = view_.RowAt(event->position().toPoint());
+    if (event->button() == Qt::LeftButton && row >= 0) Q_EMIT view_.EntryDoubleClicked(row);
+  }
+
+ private:
+  void PaintCell(QPainter& painter, int index) {
+    const ThumbnailGeometry& g = view_.geometry_;
+    const Cell& cell = view_.cells_[size_t(index)];
+    const int textHeight = fontMetrics().height();
+    const int block = g.Box.height() + 3 + 2 * textHeight + 1;
+    const QPoint cellTopLeft((index % kThumbnailColumns) * g.Cell.width(),
+                             kPageStripPixels + (index / kThumbnailColumns) * g.Cell.height());
+    const QRect box(cellTopLeft + QPoint((g.Cell.width() - g.Box.width()) / 2, (g.Cell.height() - block) / 2), g.Box);
+    if (!cell.Picture.isNull()) {
+      const QSize drawn = cell.Picture.size();
+      painter.drawImage(QPoint(box.left() + (box.width() - drawn.width()) / 2, box.top() + (box.height() - drawn.height()) / 2),
+                        cell.Picture);
+    }
+    const QRect firstLine(box.left() - 20, box.bottom() + 4, box.width() + 40, textHeight);
+    painter.setPen(palette().color(QPalette::WindowText));
+    painter.drawText(firstLine, Qt::AlignHCenter, widgets::FitTextToWidth(cell.Name, box.width(), fontMetrics()));
+    QString second;
+    if (cell.Done) second = cell.ImageSize.isEmpty() ? QStringLiteral("Can't open file") : SizeCaption(cell.ImageSize);
+    painter.drawText(firstLine.translated(0, textHeight), Qt::AlignHCenter, second);
+  }
+
+  ThumbnailsView& view_;
+};
+
+ThumbnailsView::ThumbnailsView(const FileListModel& list, const base::ScreenMetrics& metrics, QWidget* parent)
+    : QScrollArea(parent), list_(list), metrics_(metrics) {
+  setObjectName(QStringLiteral("picFondoThumbnails"));
+  horizontalScrollBar()->setObjectName(QStringLiteral("hscThumbnails"));
+  verticalScrollBar()->setObjectName(QStringLiteral("vscThumbnails"));
+  setAlignment(Qt::AlignCenter);
+  setWidgetResizable(false);
+  picThumbnails_ = new PageWidget(*this);
+  picThumbnails_->setAutoFillBackground(false);
+  picPagina_ = BuildStrip(picThumbnails_);
+  setWidget(picThumbnails_);
+}
+
+ThumbnailsView::~ThumbnailsView() { StopDecoding(); }
+
+QWidget* ThumbnailsView::BuildStrip(QWidget* parent) {
+  auto* strip = new QWidget(parent);
+  strip->setObjectName(QStringLiteral("picPagina"));
+  auto* layout = new QHBoxLayout(strip);
+  const char* captions[] = {"<< First", "< Previous", "Next >", "Last >>", "Go to Page..."};
+  for (int i = 0; i < 5; ++i) {
+    auto* button = new QPushButton(QLatin1String(captions[i]), strip);
+    button->setObjectName(QStringLiteral("picBoton(%1)").arg(i));
+    button->setFocusPolicy(Qt::NoFocus);
+    layout->addWidget(button);
+    picBoton_.push_back(button);
+    if (i == 3) {
+      lblPagina_ = new QLabel(strip);
+      lblPagina_->setObjectName(QStringLiteral("lblPagina"));
+      layout->addWidget(lblPagina_, 1, Qt::AlignCenter);
+    }
+  }
+  connect(picBoton_[0], &QPushButton::clicked, this, [this] { ShowPage(1); });
+  connect(picBoton_[1], &QPushButton::clicked, this, [this] { ShowPage(page_ - 1); });
+  connect(picBoton_[2], &QPushButton::clicked, this, [this] { ShowPage(page_ + 1); });
+  connect(picBoton_[3], &QPushButton::clicked, this, [this] { ShowPage(Pages()); });
+  connect(picBoton_[4], &QPushButton::clicked, this, &ThumbnailsView::AskForPage);
+  return strip;
+}
+
+void ThumbnailsView::SetBackground(const QColor& color) {
+  QPalette p = viewport()->palette();
+  p.setColor(QPalette::Window, color);
+  viewport()->setPalette(p);
+  viewport()->setAutoFillBackground(true);
+  QPalette text = picThumbnails_->palette();
+  text.setColor(QPalette::WindowText, color.lightness() < 128 ? Qt::white : Qt::black);
+  picThumbnails_->setPalette(text);
+}
+
+void ThumbnailsView::AskForPage() {
+  widgets::frmTexto dialog(Pages(), this);
+  if (dialog.exec() == QDialog::Accepted) ShowPage(dialog.Page());
+}
+
+// The strip and the empty cells at once, then the pictures as they are decoded.
+void ThumbnailsView::ShowPage(int page) {
+  StopDecoding();
+  geometry_ = ThumbnailGeometryFor(metrics_.ScreenHeightTwips, metrics_.TwipsPerPixelY);
+  page_ = std::clamp(page, std::min(1, Pages()), Pages());
+  picThumbnails_->resize(kThumbnailColumns * geometry_.Cell.width(), kPageStripPixels + 3 * geometry_.Cell.height());
+  picPagina_->setGeometry(0, 0, picThumbnails_->width(), kPageStripPixels);
+  lblPagina_->setText(PageLabel(page_, Pages()));
+  picBoton_[0]->setEnabled(page_ > 1);
+  picBoton_[1]->setEnabled(page_ > 1);
+  picBoton_[2]->setEnabled(page_ < Pages());
+  picBoton_[3]->setEnabled(page_ < Pages());
+  picBoton_[4]->setEnabled(Pages() > 1);
+  const PageRows rows = RowsOfPage(page_, list_.Count());
+  cells_.assign(size_t(rows.Last - rows.First), {});
+  for (int row = rows.First; row < rows.Last; ++row) cells_[size_t(row - rows.First)].Name = list_.Entry(row).DisplayName;
+  picThumbnails_->update();
+  StartDecoding();
+}
+
+bool ThumbnailsView::PageComplete() const {
+  return std::all_of(cells_.begin(), cells_.end(), [](const Cell& cell) { return cell.Done; });
+}
+
+// One task a cell on the shared pool (both cores), queued in cell order; each stops at
+// once when the page it belongs to is no longer shown.
+void ThumbnailsView::StartDecoding() {
+  const int generation = ++*generation_;
+  const PageRows rows = RowsOfPage(page_, list_.Count());
+  for (int row = rows.First; row < rows.Last; ++row) {
+    const QString path = base::JoinPath(folder_, list_.Entry(row).FileName);
+    const QSize box = geometry_.Box;
+    const base::ScreenMetrics metrics = metrics_;
+    decoding_.push_back(QtConcurrent::run([this, generation, index = row - rows.First, path, box, metrics,
+                                           current = generation_] {
+      if (current->load() != generation) return;
+      Cell cell;
+      if (const auto size = imaging::ReadImageSize(path)) {
+        const DrawnSize drawn = DrawnSizeInBox(*size, box, metrics.TwipsPerPixelX, metrics.TwipsPerPixelY);
+        if (const auto picture = imaging::LoadFitting(path, box.width(), box.height()); picture && !drawn.Size.isEmpty()) {
+          cell.ImageSize = *size;
+          cell.Picture = picture->ToQImage().scaled(drawn.Size, Qt::IgnoreAspectRatio,
+                                                    drawn.Resample ? Qt::SmoothTransformation : Qt::FastTransformation);
+        }
+      }
+      cell.Done = true;
+      QMetaObject::invokeMethod(this, [this, generation, index, cell] { Delivered(generation, index, cell); },
+                                Qt::QueuedConnection);
+    }));
+  }
+}
+
+void ThumbnailsView::StopDecoding() {
+  ++*generation_;
+  for (QFuture<void>& task : decoding_) task.waitForFinished();
+  decoding_.clear();
+}
+
+void ThumbnailsView::Delivered(int generation, int index, Cell cell) {
+  if (generation != generation_->load() || index >= int(cells_.size())) return;
+  cell.Name = cells_[size_t(index)].Name;
+  cells_[size_t(index)] = std::move(cell);
+  picThumbnails_->update();
+}
+
+int ThumbnailsView::RowAt(QPoint position) const {
+  if (position.y() < kPageStripPixels || geometry_.Cell.isEmpty()) return -1;
+  const int column = position.x() / geometry_.Cell.width();
+  const int line = (position.y() - kPageStripPixels) / geometry_.Cell.height();
+  const int index = line * kThumbnailColumns + column;
+  if (column >= kThumbnailColumns || index >= int(cells_.size())) return -1;
+  return RowsOfPage(page_, list_.Count()).First + index;
+}
+
+}  // namespace browse

@@ -1,0 +1,78 @@
+#pragma once
+// The Thumbnails view, `picFondoThumbnails`: the folder's list entries as pages of 12
+// pictures with captions on `picThumbnails`, under the navigation strip `picPagina`
+// ("<< First", "< Previous", "Next >", "Last >>", "Go to Page..." and `lblPagina`). The
+// strip and the empty cells show at once; the pictures are decoded reduced on worker
+// threads and fill in cell order; a page left behind stops being decoded.
+
+#include "base/Twips.h"
+#include "browse/FileListModel.h"
+#include "browse/ThumbnailPage.h"
+
+#include <QFuture>
+#include <QImage>
+#include <QScrollArea>
+
+#include <atomic>
+#include <memory>
+#include <vector>
+
+class QLabel;
+class QPushButton;
+
+namespace browse {
+
+class ThumbnailsView : public QScrollArea {
+  Q_OBJECT
+
+ public:
+  ThumbnailsView(const FileListModel& list, const base::ScreenMetrics& metrics, QWidget* parent = nullptr);
+  ~ThumbnailsView() override;
+
+  void SetFolder(const QString& folder) { folder_ = folder; }
+  void SetBackground(const QColor& color);
+  // Draws a page (1-based, clamped to the pages there are).
+  void ShowPage(int page);
+  int Page() const { return page_; }
+  int Pages() const { return PageCount(list_.Count()); }
+  // True when every cell of the page shown has its picture or its failure.
+  bool PageComplete() const;
+
+  struct Cell {
+    QString Name;
+    QSize ImageSize;  // empty while loading or when the file did not open
+    QImage Picture;   // at the drawn size
+    bool Done = false;
+  };
+  const std::vector<Cell>& Cells() const { return cells_; }
+  const ThumbnailGeometry& Geometry() const { return geometry_; }
+
+ Q_SIGNALS:
+  void EntryClicked(int row);
+  void EntryDoubleClicked(int row);
+  void ContextMenuRequested(const QPoint& globalPosition);
+
+ private:
+  class PageWidget;
+  QWidget* BuildStrip(QWidget* parent);
+  void AskForPage();
+  void StartDecoding();
+  void StopDecoding();
+  void Delivered(int generation, int index, Cell cell);
+  int RowAt(QPoint pagePosition) const;
+
+  const FileListModel& list_;
+  const base::ScreenMetrics& metrics_;
+  QString folder_;
+  PageWidget* picThumbnails_ = nullptr;
+  QWidget* picPagina_ = nullptr;
+  QLabel* lblPagina_ = nullptr;
+  std::vector<QPushButton*> picBoton_;
+  ThumbnailGeometry geometry_;
+  int page_ = 1;
+  std::vector<Cell> cells_;
+  std::shared_ptr<std::atomic_int> generation_ = std::make_shared<std::atomic_int>(0);
+  std::vector<QFuture<void>> decoding_;
+};
+
+}  // namespace browse
