@@ -66,6 +66,30 @@ class ThumbnailsView::PageWidget : public QWidget {
   ThumbnailsView& view_;
 };
 
+namespace {
+
+// The file's thumbnail and its size: from the desktop's cache when it has a fresh one,
+// otherwise decoded reduced (shrink-on-load) and given to the cache; a file that cannot
+// be read is remembered there too.
+std::pair<QImage, QSize> Thumbnail(const ThumbnailCache& cache, const QString& path, int side) {
+  if (auto found = cache.Find(path, side)) {
+    const QSize size = found->ImageSize.isEmpty() ? imaging::ReadImageSize(path).value_or(QSize()) : found->ImageSize;
+    return {std::move(found->Picture), size};
+  }
+  if (cache.IsKnownFailure(path)) return {};
+  const auto size = imaging::ReadImageSize(path);
+  const auto decoded = size ? imaging::LoadFitting(path, side, side) : std::nullopt;
+  if (!decoded) {
+    cache.StoreFailure(path);
+    return {};
+  }
+  QImage picture = decoded->ToQImage();
+  cache.Store(path, picture, *size, side);
+  return {std::move(picture), *size};
+}
+
+}  // namespace
+
 ThumbnailsView::ThumbnailsView(const FileListModel& list, const base::ScreenMetrics& metrics, QWidget* parent)
     : QScrollArea(parent), list_(list), metrics_(metrics) {
   setObjectName(QStringLiteral("picFondoThumbnails"));
@@ -155,16 +179,15 @@ void ThumbnailsView::StartDecoding() {
     const QSize box = geometry_.Box;
     const base::ScreenMetrics metrics = metrics_;
     decoding_.push_back(QtConcurrent::run([this, generation, index = row - rows.First, path, box, metrics,
-                                           current = generation_] {
+                                           current = generation_, cache = cache_] {
       if (current->load() != generation) return;
+      const auto [picture, size] = Thumbnail(cache, path, ThumbnailCache::SideFor(box));
       Cell cell;
-      if (const auto size = imaging::ReadImageSize(path)) {
-        const DrawnSize drawn = DrawnSizeInBox(*size, box, metrics.TwipsPerPixelX, metrics.TwipsPerPixelY);
-        if (const auto picture = imaging::LoadFitting(path, box.width(), box.height()); picture && !drawn.Size.isEmpty()) {
-          cell.ImageSize = *size;
-          cell.Picture = picture->ToQImage().scaled(drawn.Size, Qt::IgnoreAspectRatio,
-                                                    drawn.Resample ? Qt::SmoothTransformation : Qt::FastTransformation);
-        }
+      const DrawnSize drawn = DrawnSizeInBox(size, box, metrics.TwipsPerPixelX, metrics.TwipsPerPixelY);
+      if (!picture.isNull() && !drawn.Size.isEmpty()) {
+        cell.ImageSize = size;
+        cell.Picture = picture.scaled(drawn.Size, Qt::IgnoreAspectRatio,
+                                      drawn.Resample ? Qt::SmoothTransformation : Qt::FastTransformation);
       }
       cell.Done = true;
       QMetaObject::invokeMethod(this, [this, generation, index, cell] { Delivered(generation, index, cell); },

@@ -2,11 +2,13 @@
 // The Thumbnails view, `picFondoThumbnails`: the folder's list entries as pages of 12
 // pictures with captions on `picThumbnails`, under the navigation strip `picPagina`
 // ("<< First", "< Previous", "Next >", "Last >>", "Go to Page..." and `lblPagina`). The
-// strip and the empty cells show at once; the pictures are decoded reduced on worker
-// threads and fill in cell order; a page left behind stops being decoded.
+// strip and the empty cells show at once; the pictures come from the desktop's thumbnail
+// cache or are decoded reduced on worker threads, and fill in cell order; a page left
+// behind stops being decoded.
 
 #include "base/Twips.h"
 #include "browse/FileListModel.h"
+#include "browse/ThumbnailCache.h"
 #include "browse/ThumbnailPage.h"
 
 #include <QFuture>
@@ -73,6 +75,7 @@ class ThumbnailsView : public QScrollArea {
   std::vector<Cell> cells_;
   std::shared_ptr<std::atomic_int> generation_ = std::make_shared<std::atomic_int>(0);
   std::vector<QFuture<void>> decoding_;
+  ThumbnailCache cache_ = ThumbnailCache::ForUser();
 };
 
 }  // namespace browse

@@ -43,6 +43,11 @@ TEST_F(frmMainThumbnailsTest, PagesOfTwelveFillWithPicturesAndCaptions) {
   ASSERT_TRUE(Filled());
   ASSERT_EQ(view_->Cells().size(), 1u);
   EXPECT_TRUE(view_->Cells()[0].ImageSize.isEmpty());  // a file that does not open: no picture
+  // Every picture went to the desktop's thumbnail cache, the failure too.
+  const browse::ThumbnailCache cache = browse::ThumbnailCache::ForUser();
+  const int side = browse::ThumbnailCache::SideFor(view_->Geometry().Box);
+  EXPECT_TRUE(cache.Find(pictures_.File(QStringLiteral("p00.png")), side).has_value());
+  EXPECT_TRUE(cache.IsKnownFailure(pictures_.File(QStringLiteral("zz-broken.png"))));
   QTest::mouseClick(Child<QPushButton>("picBoton(0)"), Qt::LeftButton);  // << First
   EXPECT_EQ(view_->Page(), 1);
   EXPECT_FALSE(Command("mnuColorsNegative")->isEnabled());  // no editing here

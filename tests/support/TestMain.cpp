@@ -2,11 +2,14 @@
 #include "imaging/Loader.h"
 
 #include <QApplication>
+#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
 int main(int argc, char** argv) {
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  const QTemporaryDir cache;  // thumbnails the tests make stay out of the user's cache
+  qputenv("XDG_CACHE_HOME", cache.path().toLocal8Bit());
   ::testing::InitGoogleTest(&argc, argv);
   QApplication application(argc, argv);
   imaging::Initialize();

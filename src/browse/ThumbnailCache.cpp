@@ -1,0 +1,175 @@
+#include "browse/ThumbnailCache.h"
+
+#include <QBuffer>
+#include <QCryptographicHash>
+#include <QDir>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QStandardPaths>
+#include <QUrl>
+
+#include <algorithm>
+#include <map>
+#include <utility>
+#include <vector>
+
+namespace browse {
+
+namespace {
+
+const QString kFailureFolder = QStringLiteral("fail/vistrel-" VISTREL_VERSION);
+
+QString UriOf(const QString& path) {
+  return QString::fromLatin1(QUrl::fromLocalFile(QFileInfo(path).absoluteFilePath()).toEncoded());
+}
+
+QString MTimeOf(const QString& path) {
+  return QString::number(QFileInfo(path).lastModified().toSecsSinceEpoch());
+}
+
+QString HashedName(const QString& path) {
+  return QString::fromLatin1(QCryptographicHash::hash(UriOf(path).toUtf8(), QCryptographicHash::Md5).toHex()) +
+         QStringLiteral(".png");
+}
+
+QString FolderOfSide(int side) { return side <= 128 ? QStringLiteral("normal") : QStringLiteral("large"); }
+
+using TextKeys = std::vector<std::pair<QByteArray, QByteArray>>;
+
+// The keys every thumbnail of a file carries, as the cache names them.
+TextKeys Describe(const QString& path, QSize imageSize) {
+  TextKeys keys = {{"Thumb::URI", UriOf(path).toLatin1()}, {"Thumb::MTime", MTimeOf(path).toLatin1()},
+                   {"Software", "Vistrel"}};
+  if (!imageSize.isEmpty()) {
+    keys.push_back({"Thumb::Image::Width", QByteArray::number(imageSize.width())});
+    keys.push_back({"Thumb::Image::Height", QByteArray::number(imageSize.height())});
+  }
+  return keys;
+}
+
+quint32 Crc32(const QByteArray& bytes) {
+  quint32 crc = 0xFFFFFFFFu;
+  for (const char byte : bytes) {
+    crc ^= quint8(byte);
+    for (int bit = 0; bit < 8; ++bit) crc = (crc >> 1) ^ (0xEDB88320u & (0u - (crc & 1u)));
+  }
+  return ~crc;
+}
+
+QByteArray BigEndian(quint32 value) {
+  QByteArray bytes(4, '\0');
+  for (int i = 0; i < 4; ++i) bytes[i] = char(value >> (24 - 8 * i));
+  return bytes;
+}
+
+// The PNG with the keys as plain tEXt chunks right after its header, where every reader of
+// the cache looks for them (Qt would compress a long one, which some readers skip).
+QByteArray PngWithKeys(const QImage& picture, const TextKeys& keys) {
+  QByteArray png;
+  QBuffer buffer(&png);
+  buffer.open(QIODevice::WriteOnly);
+  if (!picture.save(&buffer, "PNG")) return {};
+  constexpr int kAfterHeader = 8 + 4 + 4 + 13 + 4;  // signature, then IHDR's length, type, data and CRC
+  QByteArray chunks;
+  for (const auto& [key, value] : keys) {
+    const QByteArray body = "tEXt" + key + '\0' + value;
+    chunks += BigEndian(quint32(body.size() - 4)) + body + BigEndian(Crc32(body));
+  }
+  return png.insert(kAfterHeader, chunks);
+}
+
+// Fresh when it names this file and the file has not changed since.
+bool IsFresh(const std::map<QByteArray, QByteArray>& keys, const QString& path) {
+  const auto value = [&keys](const char* key) {
+    const auto found = keys.find(key);
+    return found == keys.end() ? QString() : QString::fromLatin1(found->second);
+  };
+  return value("Thumb::URI") == UriOf(path) && value("Thumb::MTime") == MTimeOf(path);
+}
+
+quint32 ReadBigEndian(const char* bytes) {
+  return quint32(quint8(bytes[0])) << 24 | quint32(quint8(bytes[1])) << 16 | quint32(quint8(bytes[2])) << 8 |
+         quint32(quint8(bytes[3]));
+}
+
+QByteArray ReadFile(const QString& path) {
+  QFile file(path);
+  constexpr qint64 kLargestThumbnail = 4 << 20;
+  if (!file.open(QIODevice::ReadOnly) || file.size() > kLargestThumbnail) return {};
+  return file.readAll();
+}
+
+}  // namespace
+
+std::map<QByteArray, QByteArray> PngTextKeys(const QByteArray& png) {
+  std::map<QByteArray, QByteArray> keys;
+  if (!png.startsWith("\x89PNG\r\n\x1a\n")) return keys;
+  qsizetype at = 8;
+  while (png.size() - at >= 12) {
+    const quint32 length = ReadBigEndian(png.constData() + at);
+    const QByteArray type = png.mid(at + 4, 4);
+    if (type == "IDAT" || length > quint32(png.size() - at - 12)) break;
+    if (type == "tEXt") {
+      const QByteArray body = png.mid(at + 8, qsizetype(length));
+      const qsizetype separator = body.indexOf('\0');
+      if (separator > 0) keys[body.left(separator)] = body.mid(separator + 1);
+    }
+    at += 12 + qsizetype(length);
+  }
+  return keys;
+}
+
+ThumbnailCache ThumbnailCache::ForUser() {
+  return ThumbnailCache(QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation));
+}
+
+QString ThumbnailCache::PathFor(const QString& path, int side) const {
+  return home_ + QStringLiteral("/thumbnails/") + FolderOfSide(side) + u'/' + HashedName(path);
+}
+
+QString ThumbnailCache::FailurePath(const QString& path) const {
+  return home_ + QStringLiteral("/thumbnails/") + kFailureFolder + u'/' + HashedName(path);
+}
+
+std::optional<ThumbnailCache::Found> ThumbnailCache::Find(const QString& path, int side) const {
+  for (const int candidate : {side, 256}) {  // a larger one serves a smaller box too
+    if (candidate < side) continue;
+    const QByteArray png = ReadFile(PathFor(path, candidate));
+    const auto keys = PngTextKeys(png);
+    if (!IsFresh(keys, path)) continue;
+    const auto number = [&keys](const char* key) { return keys.count(key) ? keys.at(key).toInt() : 0; };
+    QImage picture = QImage::fromData(png, "PNG");
+    if (!picture.isNull()) return Found{std::move(picture), QSize(number("Thumb::Image::Width"), number("Thumb::Image::Height"))};
+  }
+  return std::nullopt;
+}
+
+bool ThumbnailCache::IsKnownFailure(const QString& path) const {
+  return IsFresh(PngTextKeys(ReadFile(FailurePath(path))), path);
+}
+
+bool ThumbnailCache::Save(const QString& target, const QByteArray& png) const {
+  if (png.isEmpty()) return false;
+  const QString folder = QFileInfo(target).absolutePath();
+  if (!QDir().mkpath(folder)) return false;
+  QFile::setPermissions(folder, QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
+  QSaveFile file(target);
+  if (!file.open(QIODevice::WriteOnly)) return false;
+  file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner);
+  return file.write(png) == png.size() && file.commit();
+}
+
+void ThumbnailCache::Store(const QString& path, const QImage& picture, QSize imageSize, int side) const {
+  const QImage thumbnail = std::max(picture.width(), picture.height()) > side
+                               ? picture.scaled(side, side, Qt::KeepAspectRatio, Qt::SmoothTransformation)
+                               : picture;
+  Save(PathFor(path, side), PngWithKeys(thumbnail, Describe(path, imageSize)));
+}
+
+void ThumbnailCache::StoreFailure(const QString& path) const {
+  QImage empty(1, 1, QImage::Format_ARGB32);
+  empty.fill(Qt::transparent);
+  Save(FailurePath(path), PngWithKeys(empty, Describe(path, {})));
+}
+
+}  // namespace browse

@@ -1,0 +1,62 @@
+// The thumbnail cache as the desktop reads it: GLib's own lookup names our file and calls
+// it valid, a changed file makes it stale, a file that cannot be read is remembered.
+#include "browse/ThumbnailCache.h"
+#include "support/TestFiles.h"
+
+#include <QDateTime>
+#include <QFile>
+#include <QProcess>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+// What `gio info` says of the file's thumbnail, with the cache home given.
+QString GioThumbnailInfo(const QString& cacheHome, const QString& file) {
+  QProcess gio;
+  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+  environment.insert(QStringLiteral("XDG_CACHE_HOME"), cacheHome);
+  gio.setProcessEnvironment(environment);
+  gio.start(QStringLiteral("gio"), {"info", "-a", "thumbnail::path,thumbnail::is-valid", file});
+  gio.waitForFinished(20000);
+  return QString::fromUtf8(gio.readAllStandardOutput());
+}
+
+TEST(ThumbnailCache, WhatWeStoreTheDesktopFindsValidAndAChangeMakesStale) {
+  testing_support::TempFolder home, pictures;
+  const browse::ThumbnailCache cache(home.Path());
+  const QString photo = pictures.WritePng(QStringLiteral("my photo.png"), 300, 200);
+  QImage reduced(128, 85, QImage::Format_RGB32);
+  reduced.fill(Qt::darkGreen);
+  cache.Store(photo, reduced, {300, 200}, 128);
+
+
+
+  const QString info = GioThumbnailInfo(home.Path(), photo);
+  EXPECT_TRUE(info.contains(QStringLiteral("thumbnail::path: ") + cache.PathFor(photo, 128))) << info.toStdString();
+  EXPECT_TRUE(info.contains(QStringLiteral("thumbnail::is-valid: TRUE"))) << info.toStdString();
+  EXPECT_EQ(QFile::permissions(cache.PathFor(photo, 128)) & 0x7077, QFileDevice::ReadOwner | QFileDevice::WriteOwner);
+
+  const auto found = cache.Find(photo, 128);
+  ASSERT_TRUE(found.has_value());
+  EXPECT_EQ(found->ImageSize, QSize(300, 200));
+  EXPECT_EQ(found->Picture.size(), QSize(128, 85));
+  EXPECT_FALSE(cache.Find(photo, 256).has_value());  // a smaller one does not serve a larger box
+
+  QFile file(photo);
+  ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+  ASSERT_TRUE(file.setFileTime(QDateTime::currentDateTime().addSecs(3600), QFileDevice::FileModificationTime));
+  file.close();
+  EXPECT_FALSE(cache.Find(photo, 128).has_value());
+}
+
+TEST(ThumbnailCache, RemembersAFileThatCannotBeRead) {
+  testing_support::TempFolder home, pictures;
+  const browse::ThumbnailCache cache(home.Path());
+  const QString broken = pictures.WriteBytes(QStringLiteral("broken.png"), "not a picture");
+  EXPECT_FALSE(cache.IsKnownFailure(broken));
+  cache.StoreFailure(broken);
+  EXPECT_TRUE(cache.IsKnownFailure(broken));
+}
+
+}  // namespace
