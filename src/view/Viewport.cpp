@@ -251,6 +251,11 @@ bool Viewport::ArrowKey(int key) {
   return true;
 }
 
+// A double-click on the panel around the image opens Full Screen, as one on the image does.
+void Viewport::mouseDoubleClickEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton) Q_EMIT FullScreenRequested();
+}
+
 void Viewport::keyPressEvent(QKeyEvent* event) {
   switch (event->key()) {
     case Qt::Key_Left: case Qt::Key_Right: case Qt::Key_Up: case Qt::Key_Down: ArrowKey(event->key()); break;
