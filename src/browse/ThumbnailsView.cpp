@@ -103,7 +103,11 @@ ThumbnailsView::ThumbnailsView(const FileListModel& list, const base::ScreenMetr
   setWidget(picThumbnails_);
 }
 
-ThumbnailsView::~ThumbnailsView() { StopDecoding(); }
+// The tasks still running hold `this` for posting their result: they finish first.
+ThumbnailsView::~ThumbnailsView() {
+  StopDecoding();
+  for (QFuture<void>& task : decoding_) task.waitForFinished();
+}
 
 QWidget* ThumbnailsView::BuildStrip(QWidget* parent) {
   auto* strip = new QWidget(parent);
@@ -196,10 +200,11 @@ void ThumbnailsView::StartDecoding() {
   }
 }
 
+// The page left behind: its tasks not started return at once, and a result still coming is
+// dropped, so paging never waits for a decode.
 void ThumbnailsView::StopDecoding() {
   ++*generation_;
-  for (QFuture<void>& task : decoding_) task.waitForFinished();
-  decoding_.clear();
+  std::erase_if(decoding_, [](const QFuture<void>& task) { return task.isFinished(); });
 }
 
 void ThumbnailsView::Delivered(int generation, int index, Cell cell) {
