@@ -3,6 +3,7 @@
 #include "browse/FolderChoice.h"
 #include "settings/RecentFolders.h"
 #include "widgets/BusyPointer.h"
+#include "widgets/DialogButtons.h"
 #include "widgets/Fonts.h"
 
 #include <QDir>
@@ -40,20 +41,9 @@ frmAbrirCarpeta::frmAbrirCarpeta(settings::SettingsStore& settings, QWidget* par
   tabPestana_->setObjectName(QStringLiteral("tabPestana"));
   tabPestana_->addTab(BuildExistingPage(), QStringLiteral("Existing"));
   tabPestana_->addTab(BuildRecentPage(), QStringLiteral("Recent"));
-  auto* ok = new QPushButton(QStringLiteral("OK"), this);
-  ok->setObjectName(QStringLiteral("cmdAceptar"));
-  ok->setDefault(true);
-  auto* close = new QPushButton(QStringLiteral("Close"), this);
-  close->setObjectName(QStringLiteral("cmdCerrar"));
-  connect(ok, &QPushButton::clicked, this, &frmAbrirCarpeta::AcceptChoice);
-  connect(close, &QPushButton::clicked, this, &QDialog::reject);
-  auto* buttons = new QHBoxLayout;
-  buttons->addStretch();
-  buttons->addWidget(ok);
-  buttons->addWidget(close);
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(tabPestana_);
-  layout->addLayout(buttons);
+  layout->addLayout(widgets::OkAndCloseButtons(*this, "cmdCerrar", QStringLiteral("Close"), [this] { AcceptChoice(); }));
   resize(420, 440);
   FillRecentList();
   ShowInTree(settings_.LastFolder.isEmpty() ? QDir::homePath() : settings_.LastFolder);

@@ -1,5 +1,6 @@
 #include "view/frmZoom.h"
 
+#include "widgets/DialogButtons.h"
 #include "widgets/Fonts.h"
 #include "widgets/Help.h"
 #include "view/Zoom.h"
@@ -48,21 +49,10 @@ frmZoom::frmZoom(int percentage, QWidget* parent) : QDialog(parent), value_(perc
   cboZoom_->setValidator(new ZoomTextValidator(cboZoom_));
   cboZoom_->setEditText(QString::number(percentage) + u'%');
   cboZoom_->lineEdit()->installEventFilter(this);
-  auto* ok = new QPushButton(QStringLiteral("OK"), this);
-  ok->setObjectName(QStringLiteral("cmdAceptar"));
-  ok->setDefault(true);
-  auto* cancel = new QPushButton(QStringLiteral("Cancel"), this);
-  cancel->setObjectName(QStringLiteral("cmdCancelar"));
-  connect(ok, &QPushButton::clicked, this, &frmZoom::AcceptIfValid);
-  connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-  auto* buttons = new QHBoxLayout;
-  buttons->addStretch();
-  buttons->addWidget(ok);
-  buttons->addWidget(cancel);
   setMinimumWidth(fontMetrics().horizontalAdvance(kCaption) + 120);  // room for the whole caption
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(cboZoom_);
-  layout->addLayout(buttons);
+  layout->addLayout(widgets::OkAndCloseButtons(*this, "cmdCancelar", QStringLiteral("Cancel"), [this] { AcceptIfValid(); }));
   cboZoom_->setFocus();
 }
 

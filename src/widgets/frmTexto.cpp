@@ -1,5 +1,6 @@
 #include "widgets/frmTexto.h"
 
+#include "widgets/DialogButtons.h"
 #include "widgets/Fonts.h"
 
 #include <QHBoxLayout>
@@ -21,21 +22,10 @@ frmTexto::frmTexto(int pages, QWidget* parent) : QDialog(parent), pages_(pages) 
   txtTexto_->setValidator(new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]*")), txtTexto_));
   auto* label = new QLabel(QStringLiteral("&Page:"), this);
   label->setBuddy(txtTexto_);
-  auto* ok = new QPushButton(QStringLiteral("OK"), this);
-  ok->setObjectName(QStringLiteral("cmdAceptar"));
-  ok->setDefault(true);
-  auto* cancel = new QPushButton(QStringLiteral("Cancel"), this);
-  cancel->setObjectName(QStringLiteral("cmdCancelar"));
-  connect(ok, &QPushButton::clicked, this, &frmTexto::Accept);
-  connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-  auto* buttons = new QHBoxLayout;
-  buttons->addStretch();
-  buttons->addWidget(ok);
-  buttons->addWidget(cancel);
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(label);
   layout->addWidget(txtTexto_);
-  layout->addLayout(buttons);
+  layout->addLayout(OkAndCloseButtons(*this, "cmdCancelar", QStringLiteral("Cancel"), [this] { Accept(); }));
 }
 
 void frmTexto::Accept() {
