@@ -117,6 +117,8 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   void BuildToolbar();
 
   // frmMainFileCommands.cpp
+  QString CommandFile(int* row = nullptr) const;
+  void RunDelete();
   bool CanSave() const;
   bool CanSaveAs() const;
   bool RunOpenFolder();

@@ -84,7 +84,8 @@ void frmMain::DeclareFileCommands() {
                                                    return document_.View() == ViewMode::ListAndImage &&
                                                           lisLista_->currentIndex().isValid();
                                                  }});
-  t.Declare({"mnuFileDelete", "&Delete", Qt::Key_Delete});
+  t.Declare({"mnuFileDelete", "&Delete", Qt::Key_Delete},
+            {[this] { RunDelete(); }, [this] { return !CommandFile().isEmpty(); }});
   t.Declare({"mnuFileProperties", "Prop&erties...", Qt::ALT | Qt::Key_Return});
   t.Declare({"mnuFileExit", "E&xit", Qt::CTRL | Qt::Key_Q}, {[this] { close(); }});
   t.Declare({"mnuListFullScreen", "&Full Screen"}, {[this] { RunFullScreen(false); }, [this] { return CanZoom(); }});

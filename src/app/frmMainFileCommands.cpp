@@ -4,6 +4,7 @@
 #include "base/Paths.h"
 #include "files/FailureReasons.h"
 #include "files/FileDialogs.h"
+#include "files/FileOperations.h"
 #include "browse/frmAbrirCarpeta.h"
 #include "view/Viewport.h"
 #include "widgets/BusyPointer.h"
@@ -21,6 +22,41 @@ namespace {
 QString LowerSuffix(const QString& path) { return QFileInfo(path).suffix().toLower(); }
 
 }  // namespace
+
+// The file a file command acts on: the single file open, or the list's current entry
+// (which the Thumbnails view follows); empty when there is none.
+QString frmMain::CommandFile(int* row) const {
+  const settings::SettingsStore& s = state_.Settings;
+  if (s.LastOpenKind == settings::kOpenFile) return s.LastFile;
+  const int current = lisLista_->currentIndex().row();
+  if (s.LastOpenKind != settings::kOpenFolder || current < 0 || current >= list_.Count()) return {};
+  if (row) *row = current;
+  return base::JoinPath(s.LastFolder, list_.Entry(current).FileName);
+}
+
+// Delete: to the Trash, after the question when the settings ask for it; the list then
+// shows the entry that took the deleted one's place.
+void frmMain::RunDelete() {
+  int row = -1;
+  const QString file = CommandFile(&row);
+  if (file.isEmpty()) return;
+  const auto yes = QMessageBox::Yes;
+  if (state_.Settings.ConfirmDelete &&
+      QMessageBox::question(this, QStringLiteral("Delete"), files::MoveToTrashQuestion(file), yes | QMessageBox::No,
+                            QMessageBox::No) != yes) {
+    return;
+  }
+  if (!files::MoveToTrash(file)) {
+    ShowWarning(this, QStringLiteral("Delete"), QStringLiteral("Can't move the file to the Trash"),
+                QStringLiteral("the file stays where it is"));
+    return;
+  }
+  if (row < 0) {
+    document_.CloseFile();
+  } else {
+    document_.AfterEntryDeleted(row);
+  }
+}
 
 bool frmMain::CanSave() const {
   return document_.CanEdit() && !document_.CurrentFilePath().isEmpty();

@@ -65,6 +65,11 @@ class Document : public QObject {
   void Step(int delta) { StepTo(shownRow_ + delta); }
   bool RenameEntry(int row, const QString& newText);
   void OpenChosenFolder(const QString& folder);
+  // After the entry in `row` left the folder: the list is read again and the entry now in
+  // that place (or the new last one) opens; an emptied list shows nothing.
+  void AfterEntryDeleted(int row);
+  // The single file is closed: nothing is open afterwards.
+  void CloseFile();
 
   ViewMode View() const { return viewMode_; }
   void SetViewMode(ViewMode mode);

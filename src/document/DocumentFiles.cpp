@@ -8,6 +8,8 @@
 
 #include <QFileInfo>
 
+#include <algorithm>
+
 namespace document {
 
 // Asks only when the image has changed and something is open. No drops the changes; Yes
@@ -41,6 +43,25 @@ bool Document::OpenFile(const QString& path) {
   Q_EMIT LayoutChanged();
   Q_EMIT StatusChanged({});
   return opened;
+}
+
+void Document::AfterEntryDeleted(int row) {
+  widgets::BusyPointerGuard busy;
+  ClearCurrentImage();
+  ScanFolder();
+  Q_EMIT LayoutChanged();
+  if (list_.Count() == 0) return;
+  const int next = std::min(row, list_.Count() - 1);
+  Q_EMIT ListRowSelected(next);
+  ClickEntry(next);
+}
+
+void Document::CloseFile() {
+  ClearCurrentImage();
+  state_.Settings.LastFile.clear();
+  state_.Settings.LastOpenKind = settings::kOpenNothing;
+  Q_EMIT StateChanged();
+  Q_EMIT LayoutChanged();
 }
 
 bool Document::SaveImageTo(const QString& path) {

@@ -12,4 +12,13 @@ bool RenameFile(const QString& from, const QString& to) {
   return QFile::rename(from, to);
 }
 
+bool MoveToTrash(const QString& path) {
+  if (!QFileInfo(path).isFile()) return false;
+  return QFile::moveToTrash(path) && !QFileInfo::exists(path);
+}
+
+QString MoveToTrashQuestion(const QString& path) {
+  return QStringLiteral("Move \"%1\" to the Trash?").arg(QFileInfo(path).fileName());
+}
+
 }  // namespace files
