@@ -119,6 +119,8 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   // frmMainFileCommands.cpp
   QString CommandFile(int* row = nullptr) const;
   void RunDelete();
+  void RunRename();
+  bool TryRename(const QString& file, int row, const QString& name);
   bool CanSave() const;
   bool CanSaveAs() const;
   bool RunOpenFolder();

@@ -80,10 +80,15 @@ void frmMain::DeclareFileCommands() {
   t.Declare({"mnuFileSaveAs", "Save &As...", Qt::CTRL | Qt::SHIFT | Qt::Key_S}, {[this] { RunSaveAs(); }, [this] { return CanSaveAs(); }});
   t.Declare({"mnuFileCopyTo", "Cop&y To..."});
   t.Declare({"mnuFileMoveTo", "&Move To..."});
-  t.Declare({"mnuFileRename", "Re&name", Qt::Key_F2}, {[this] { RenameCurrentEntry(); }, [this] {
-                                                   return document_.View() == ViewMode::ListAndImage &&
-                                                          lisLista_->currentIndex().isValid();
-                                                 }});
+  // F2 in the list edits the name in place; the command asks in its dialog, in every view.
+  t.Declare({"mnuFileRename", "Re&name", Qt::Key_F2}, {[this] {
+                                                   if (lisLista_->hasFocus()) {
+                                                     RenameCurrentEntry();
+                                                   } else {
+                                                     RunRename();
+                                                   }
+                                                 },
+                                                 [this] { return !CommandFile().isEmpty(); }});
   t.Declare({"mnuFileDelete", "&Delete", Qt::Key_Delete},
             {[this] { RunDelete(); }, [this] { return !CommandFile().isEmpty(); }});
   t.Declare({"mnuFileProperties", "Prop&erties...", Qt::ALT | Qt::Key_Return});

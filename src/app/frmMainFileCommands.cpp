@@ -5,6 +5,7 @@
 #include "files/FailureReasons.h"
 #include "files/FileDialogs.h"
 #include "files/FileOperations.h"
+#include "widgets/frmTexto.h"
 #include "browse/frmAbrirCarpeta.h"
 #include "view/Viewport.h"
 #include "widgets/BusyPointer.h"
@@ -56,6 +57,37 @@ void frmMain::RunDelete() {
   } else {
     document_.AfterEntryDeleted(row);
   }
+}
+
+// Rename in its dialog, for the single file or the list's current entry.
+void frmMain::RunRename() {
+  int row = -1;
+  const QString file = CommandFile(&row);
+  if (file.isEmpty()) return;
+  widgets::frmTexto dialog(QStringLiteral("Rename"), QStringLiteral("&New name:"), QFileInfo(file).fileName(),
+                           [&](const QString& name) { return TryRename(file, row, name); }, this);
+  dialog.exec();
+  picFondo_->update();
+}
+
+bool frmMain::TryRename(const QString& file, int row, const QString& name) {
+  if (!files::IsValidFileName(name)) {
+    ShowExclamation(document::Document::ForbiddenNameMessage());
+    return false;
+  }
+  const QString target = base::JoinPath(QFileInfo(file).path(), name);
+  const files::RenameOutcome outcome = files::RenameWithChecks(file, target, [this](const QString& question) {
+    return QMessageBox::warning(this, QStringLiteral("Rename"), question, QMessageBox::Yes | QMessageBox::No) ==
+           QMessageBox::Yes;
+  });
+  if (!outcome.Message.isEmpty()) ShowExclamation(outcome.Message);
+  if (!outcome.Renamed) return false;
+  if (row < 0) {
+    document_.FileRenamed(target);
+  } else {
+    document_.EntryRenamed(row, name);
+  }
+  return true;
 }
 
 bool frmMain::CanSave() const {

@@ -145,8 +145,8 @@ void ThumbnailsView::SetBackground(const QColor& color) {
 }
 
 void ThumbnailsView::AskForPage() {
-  widgets::frmTexto dialog(Pages(), this);
-  if (dialog.exec() == QDialog::Accepted) ShowPage(dialog.Page());
+  const auto dialog = widgets::GoToPageDialog(Pages(), this);
+  if (dialog->exec() == QDialog::Accepted) ShowPage(dialog->Text().toInt());
 }
 
 // The strip and the empty cells at once, then the pictures as they are decoded.

@@ -216,11 +216,20 @@ bool Document::RenameEntry(int row, const QString& newText) {
   if (name == old.FileName) return false;  // confirmed without a change: nothing to do
   const QString& folder = state_.Settings.LastFolder;
   if (!files::RenameFile(base::JoinPath(folder, old.FileName), base::JoinPath(folder, name))) return false;
+  EntryRenamed(row, name);
+  return true;
+}
+
+void Document::EntryRenamed(int row, const QString& name) {
   const int newRow = list_.ReplaceAndResort(row, {base::DisplayName(name), name});
   if (shownRow_ == row) shownRow_ = newRow;
   Q_EMIT ListRowSelected(newRow);
   Q_EMIT StatusChanged({});
-  return true;
+}
+
+void Document::FileRenamed(const QString& path) {
+  state_.Settings.LastFile = path;
+  Q_EMIT StatusChanged({});
 }
 
 void Document::OpenChosenFolder(const QString& folder) {

@@ -64,6 +64,10 @@ class Document : public QObject {
   void StepTo(int row);
   void Step(int delta) { StepTo(shownRow_ + delta); }
   bool RenameEntry(int row, const QString& newText);
+  // The entry's file now has `name`: the list is sorted again and follows it.
+  void EntryRenamed(int row, const QString& name);
+  // The single file open now lives at `path`.
+  void FileRenamed(const QString& path);
   void OpenChosenFolder(const QString& folder);
   // After the entry in `row` left the folder: the list is read again and the entry now in
   // that place (or the new last one) opens; an emptied list shows nothing.

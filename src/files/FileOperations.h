@@ -3,10 +3,28 @@
 
 #include <QString>
 
+#include <functional>
+
 namespace files {
 
 // Renames a file; never replaces another file (a change of capitals only is allowed).
 bool RenameFile(const QString& from, const QString& to);
+
+// False when the name holds any of \ / : * ? " < > |.
+bool IsValidFileName(const QString& name);
+// True when the extensions differ, capitals aside.
+bool ExtensionDiffers(const QString& first, const QString& second);
+
+// Rename with its questions: a different extension is confirmed by `confirm` (with
+// "The file extension is different. Do you want to continue?"); another file of the new
+// name is never replaced ("File already exists"), a change of capitals only is allowed.
+// Message is empty on success or when the user said No.
+struct RenameOutcome {
+  bool Renamed = false;
+  QString Message;
+};
+RenameOutcome RenameWithChecks(const QString& from, const QString& to,
+                               const std::function<bool(const QString& question)>& confirm);
 
 // Moves the file to the Trash of its own volume (the freedesktop Trash: files/ and
 // info/NAME.trashinfo), so any file manager can restore it. It is never deleted outright:

@@ -3,44 +3,58 @@
 #include "widgets/DialogButtons.h"
 #include "widgets/Fonts.h"
 
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
-#include <QPushButton>
 #include <QRegularExpressionValidator>
 #include <QVBoxLayout>
 
 namespace widgets {
 
-frmTexto::frmTexto(int pages, QWidget* parent) : QDialog(parent), pages_(pages) {
+frmTexto::frmTexto(const QString& caption, const QString& label, const QString& text, Acceptor acceptor, QWidget* parent)
+    : QDialog(parent), acceptor_(std::move(acceptor)) {
   setObjectName(QStringLiteral("frmTexto"));
-  setWindowTitle(QStringLiteral("Go to Page"));
+  setWindowTitle(caption);
   ApplyTahomaFont(*this);
-  txtTexto_ = new QLineEdit(this);
+  txtTexto_ = new QLineEdit(text, this);
   txtTexto_->setObjectName(QStringLiteral("txtTexto"));
-  txtTexto_->setValidator(new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]*")), txtTexto_));
-  auto* label = new QLabel(QStringLiteral("&Page:"), this);
-  label->setBuddy(txtTexto_);
+  auto* prompt = new QLabel(label, this);
+  prompt->setBuddy(txtTexto_);
   auto* layout = new QVBoxLayout(this);
-  layout->addWidget(label);
+  layout->addWidget(prompt);
   layout->addWidget(txtTexto_);
   layout->addLayout(OkAndCloseButtons(*this, "cmdCancelar", QStringLiteral("Cancel"), [this] { Accept(); }));
+  setMinimumWidth(320);
 }
 
+void frmTexto::SetDigitsOnly() {
+  txtTexto_->setValidator(new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]*")), txtTexto_));
+}
+
+QString frmTexto::Text() const { return txtTexto_->text().trimmed(); }
+
 void frmTexto::Accept() {
-  const QString text = txtTexto_->text();
-  if (text.isEmpty()) return;
-  bool ok = false;
-  const int page = text.toInt(&ok);
-  if (!ok || page < 1 || page > pages_) {
-    QMessageBox::warning(this, windowTitle(), QStringLiteral("Please enter a number between 1 and ") + QString::number(pages_));
+  if (Text().isEmpty()) return;
+  if (acceptor_ && !acceptor_(Text())) {
     txtTexto_->setFocus();
     txtTexto_->selectAll();
     return;
   }
-  page_ = page;
   accept();
+}
+
+std::unique_ptr<frmTexto> GoToPageDialog(int pages, QWidget* parent) {
+  auto dialog = std::make_unique<frmTexto>(QStringLiteral("Go to Page"), QStringLiteral("&Page:"), QString(), nullptr, parent);
+  frmTexto* self = dialog.get();
+  dialog->SetAcceptor([self, pages](const QString& text) {
+    bool ok = false;
+    const int page = text.toInt(&ok);
+    if (ok && page >= 1 && page <= pages) return true;
+    QMessageBox::warning(self, self->windowTitle(), QStringLiteral("Please enter a number between 1 and ") + QString::number(pages));
+    return false;
+  });
+  dialog->SetDigitsOnly();
+  return dialog;
 }
 
 }  // namespace widgets

@@ -1,9 +1,13 @@
 #pragma once
-// `frmTexto`: the small modal dialog with one line of text. In its Go to Page mode it
-// takes a page number: only digits can be typed, an empty box does nothing, and a number
-// outside 1..pages is refused with a message and the box ready for another try.
+// `frmTexto`: the small modal dialog with one line of text, for Rename ("&New name:") and
+// for the Thumbnails view's Go to Page. OK with an empty box does nothing; otherwise the
+// caller's acceptor decides, telling the user why when it refuses, and the box is ready
+// for another try.
 
 #include <QDialog>
+
+#include <functional>
+#include <memory>
 
 class QLineEdit;
 
@@ -13,17 +17,24 @@ class frmTexto : public QDialog {
   Q_OBJECT
 
  public:
-  // Go to Page: asks for a number from 1 to `pages`.
-  frmTexto(int pages, QWidget* parent = nullptr);
+  using Acceptor = std::function<bool(const QString& trimmedText)>;  // true closes the dialog
 
-  int Page() const { return page_; }
+  frmTexto(const QString& caption, const QString& label, const QString& text, Acceptor acceptor,
+           QWidget* parent = nullptr);
+
+  void SetAcceptor(Acceptor acceptor) { acceptor_ = std::move(acceptor); }
+  void SetDigitsOnly();
+  QString Text() const;
 
  private:
   void Accept();
 
   QLineEdit* txtTexto_ = nullptr;
-  int pages_ = 0;
-  int page_ = 0;
+  Acceptor acceptor_;
 };
+
+// Go to Page: a number from 1 to `pages` ("Please enter a number between 1 and 7"
+// otherwise); after OK, Text() holds it.
+std::unique_ptr<frmTexto> GoToPageDialog(int pages, QWidget* parent = nullptr);
 
 }  // namespace widgets

@@ -59,7 +59,8 @@ TEST(ThumbnailPage, PagesHoldTwelveInListOrder) {
 }
 
 TEST(frmTexto, GoToPageTakesOnlyAPageThereIs) {
-  widgets::frmTexto dialog(7);
+  const auto shown = widgets::GoToPageDialog(7);
+  widgets::frmTexto& dialog = *shown;
   dialog.show();
   auto* box = dialog.findChild<QLineEdit*>(QStringLiteral("txtTexto"));
   auto* ok = dialog.findChild<QPushButton*>(QStringLiteral("cmdAceptar"));
@@ -74,7 +75,7 @@ TEST(frmTexto, GoToPageTakesOnlyAPageThereIs) {
   box->setText(QStringLiteral("4"));
   QTest::mouseClick(ok, Qt::LeftButton);
   EXPECT_EQ(dialog.result(), QDialog::Accepted);
-  EXPECT_EQ(dialog.Page(), 4);
+  EXPECT_EQ(dialog.Text(), QStringLiteral("4"));
 }
 
 }  // namespace
