@@ -120,6 +120,7 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   QString CommandFile(int* row = nullptr) const;
   void RunDelete();
   void RunRename();
+  void RunCopyOrMove(bool move);
   bool TryRename(const QString& file, int row, const QString& name);
   bool CanSave() const;
   bool CanSaveAs() const;

@@ -78,8 +78,8 @@ void frmMain::DeclareFileCommands() {
   t.Declare({"mnuFileSave", "&Save", Qt::CTRL | Qt::Key_S, "document-save", "Save"},
             {[this] { RunSave(); }, [this] { return CanSave(); }});
   t.Declare({"mnuFileSaveAs", "Save &As...", Qt::CTRL | Qt::SHIFT | Qt::Key_S}, {[this] { RunSaveAs(); }, [this] { return CanSaveAs(); }});
-  t.Declare({"mnuFileCopyTo", "Cop&y To..."});
-  t.Declare({"mnuFileMoveTo", "&Move To..."});
+  t.Declare({"mnuFileCopyTo", "Cop&y To..."}, {[this] { RunCopyOrMove(false); }, [this] { return !CommandFile().isEmpty(); }});
+  t.Declare({"mnuFileMoveTo", "&Move To..."}, {[this] { RunCopyOrMove(true); }, [this] { return !CommandFile().isEmpty(); }});
   // F2 in the list edits the name in place; the command asks in its dialog, in every view.
   t.Declare({"mnuFileRename", "Re&name", Qt::Key_F2}, {[this] {
                                                    if (lisLista_->hasFocus()) {

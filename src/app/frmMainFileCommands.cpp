@@ -90,6 +90,48 @@ bool frmMain::TryRename(const QString& file, int row, const QString& name) {
   return true;
 }
 
+// Copy To and Move To: the destination from the save dialog, the question about a new
+// extension, then the file written whole or not at all. The save question comes once there
+// is a destination, and its No keeps the edits. Afterwards a copy leaves the list on the
+// source; a moved file is followed within its folder, and one moved away leaves its place
+// to the next entry.
+void frmMain::RunCopyOrMove(bool move) {
+  int row = -1;
+  const QString file = CommandFile(&row);
+  if (file.isEmpty()) return;
+  const QString title = move ? QStringLiteral("Move To") : QStringLiteral("Copy To");
+  widgets::FileDialogRequest request;
+  request.Title = title;
+  request.Save = true;
+  request.NameFilters = {QStringLiteral("All files (*)")};
+  request.SelectedFilter = 1;
+  request.ProposedPath = file;
+  const QString target = chooseFile_(this, request).Path.trimmed();
+  picFondo_->update();
+  if (target.isEmpty() || !document_.OfferToSaveChanges()) return;
+  if (files::ExtensionDiffers(file, target) &&
+      QMessageBox::warning(this, title, QStringLiteral("The file extension is different. Do you want to continue?"),
+                           QMessageBox::Yes | QMessageBox::No) != QMessageBox::Yes) {
+    return;
+  }
+  widgets::BusyPointerGuard busy;
+  if (!(move ? files::MoveFileSafely(file, target) : files::CopyFileSafely(file, target))) {
+    widgets::RestorePointer();
+    ShowWarning(this, title, (move ? QStringLiteral("Can't move file") : QStringLiteral("Can't copy file")) +
+                                 files::DestinationReadOnlyNote(target),
+                files::WriteFailureReason(target));
+    return;
+  }
+  const bool sameFolder = QFileInfo(target).absolutePath() == QFileInfo(file).absolutePath();
+  if (row < 0) {
+    if (move) document_.FileRenamed(target);
+  } else if (!move || sameFolder) {
+    document_.FolderChangedKeeping(QFileInfo(move ? target : file).fileName());
+  } else {
+    document_.AfterEntryDeleted(row);
+  }
+}
+
 bool frmMain::CanSave() const {
   return document_.CanEdit() && !document_.CurrentFilePath().isEmpty();
 }

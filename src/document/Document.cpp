@@ -227,6 +227,13 @@ void Document::EntryRenamed(int row, const QString& name) {
   Q_EMIT StatusChanged({});
 }
 
+void Document::FolderChangedKeeping(const QString& fileName) {
+  ScanFolder();
+  shownRow_ = list_.RowOfFileName(fileName);
+  Q_EMIT ListRowSelected(shownRow_);
+  Q_EMIT StatusChanged({});
+}
+
 void Document::FileRenamed(const QString& path) {
   state_.Settings.LastFile = path;
   Q_EMIT StatusChanged({});

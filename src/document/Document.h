@@ -68,6 +68,9 @@ class Document : public QObject {
   void EntryRenamed(int row, const QString& name);
   // The single file open now lives at `path`.
   void FileRenamed(const QString& path);
+  // After Copy To or a move within the folder: the list is read again and the entry named
+  // `fileName`, the image shown, is selected.
+  void FolderChangedKeeping(const QString& fileName);
   void OpenChosenFolder(const QString& folder);
   // After the entry in `row` left the folder: the list is read again and the entry now in
   // that place (or the new last one) opens; an emptied list shows nothing.
@@ -102,6 +105,9 @@ class Document : public QObject {
   // Asks before the image with changes is closed or replaced: false when the caller
   // must stop (Cancel, or Yes with a save that failed).
   bool ConfirmSaveChanges();
+  // The same question before the file is copied or moved: No keeps the edits on screen,
+  // since nothing replaces the image.
+  bool OfferToSaveChanges();
   // Open File with a chosen path: false (after "Can't open file") when it does not load.
   bool OpenFile(const QString& path);
   // Writes the image; on success the history starts again from it. No message here.
@@ -139,6 +145,7 @@ class Document : public QObject {
   void AnnounceNeighbours();
   void StartHistory();  // a new history with the image shown as its unnamed base state
   void RecordBase();
+  bool AskToSave(bool forgetOnNo);
   void ShowState(const edit::UndoMove& move);
   void ShowImage();
   QString EntryPath(int row) const;

@@ -15,13 +15,17 @@ namespace document {
 // Asks only when the image has changed and something is open. No drops the changes; Yes
 // saves, and a save that fails keeps the image, its history and its change level, so the
 // image is never left without the question.
-bool Document::ConfirmSaveChanges() {
+bool Document::ConfirmSaveChanges() { return AskToSave(/*forgetOnNo=*/true); }
+
+bool Document::OfferToSaveChanges() { return AskToSave(/*forgetOnNo=*/false); }
+
+bool Document::AskToSave(bool forgetOnNo) {
   widgets::RestorePointer();
   const QString file = CurrentFilePath();
   if (ChangeLevel() == 0 || state_.Settings.LastOpenKind == settings::kOpenNothing || file.isEmpty()) return true;
   switch (prompts_.AskSaveChanges(SaveChangesQuestion(file))) {
     case SaveChangesAnswer::No:
-      history_.ForgetChanges();
+      if (forgetOnNo) history_.ForgetChanges();
       return true;
     case SaveChangesAnswer::Yes:
       if (!prompts_.SaveForPrompt()) return false;

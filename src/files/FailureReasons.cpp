@@ -17,9 +17,12 @@ QString OpenFailureReason(const QString& path) {
 }
 
 QString SaveFailureReason(const QString& path) {
-  const QFileInfo file(path);
-  if (!imaging::CanEncode(file.suffix().toLower())) return QStringLiteral("this format cannot be written");
-  const QFileInfo folder(file.absolutePath());
+  if (!imaging::CanEncode(QFileInfo(path).suffix().toLower())) return QStringLiteral("this format cannot be written");
+  return WriteFailureReason(path);
+}
+
+QString WriteFailureReason(const QString& path) {
+  const QFileInfo folder(QFileInfo(path).absolutePath());
   if (!folder.isDir()) return QStringLiteral("the folder does not exist");
   if (IsMarkedReadOnly(path)) return QStringLiteral("the file is marked as read-only");
   if (!folder.isWritable()) return QStringLiteral("no permission to write in the folder");

@@ -14,5 +14,7 @@ QString OpenFailureReason(const QString& path);
 // read-only", "no permission to write in the folder", or "the disk is full or the write
 // failed".
 QString SaveFailureReason(const QString& path);
+// The same for any file written there (Copy To, Move To), its format aside.
+QString WriteFailureReason(const QString& path);
 
 }  // namespace files

@@ -109,6 +109,10 @@ bool IsMarkedReadOnly(const QString& path) {
   return file.exists() && !(file.permissions() & QFileDevice::WriteOwner);
 }
 
+QString DestinationReadOnlyNote(const QString& path) {
+  return IsMarkedReadOnly(path) ? QStringLiteral(". Destination file is as marked as read-only") : QString();
+}
+
 QString ReadOnlyNote(const QString& path) {
   return IsMarkedReadOnly(path) ? QStringLiteral(". File is marked as read-only") : QString();
 }

@@ -34,5 +34,7 @@ bool CannotBeWritten(const QString& lowerCaseExtension);
 bool IsMarkedReadOnly(const QString& path);
 // ". File is marked as read-only" when the file exists and is marked so, else "".
 QString ReadOnlyNote(const QString& path);
+// The same for the destination of Copy To and Move To.
+QString DestinationReadOnlyNote(const QString& path);
 
 }  // namespace files

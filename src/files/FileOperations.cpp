@@ -1,7 +1,12 @@
 #include "files/FileOperations.h"
 
 #include <QFile>
+#include <QCryptographicHash>
 #include <QFileInfo>
+#include <QSaveFile>
+
+#include <cerrno>
+#include <cstdio>
 
 #include <algorithm>
 
@@ -35,6 +40,50 @@ RenameOutcome RenameWithChecks(const QString& fromText, const QString& toText,
     return {false, QFileInfo::exists(from) ? QStringLiteral("Can't rename file") : QStringLiteral("Can't find file")};
   }
   return {true, {}};
+}
+
+namespace {
+
+QByteArray Sha256Of(const QString& path) {
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly)) return {};
+  QCryptographicHash hash(QCryptographicHash::Sha256);
+  return hash.addData(&file) ? hash.result() : QByteArray();
+}
+
+bool IsReadOnlyFile(const QString& path) {
+  const QFileInfo file(path);
+  return file.exists() && !(file.permissions() & QFileDevice::WriteOwner);
+}
+
+}  // namespace
+
+bool CopyFileSafely(const QString& from, const QString& to) {
+  QFile source(from);
+  if (!QFileInfo(from).isFile() || IsReadOnlyFile(to) || !source.open(QIODevice::ReadOnly)) return false;
+  QSaveFile target(to);
+  if (!target.open(QIODevice::WriteOnly)) return false;
+  constexpr qint64 kChunk = 1 << 20;
+  while (!source.atEnd()) {
+    const QByteArray chunk = source.read(kChunk);
+    if (chunk.isEmpty() || target.write(chunk) != chunk.size()) {
+      target.cancelWriting();
+      return false;
+    }
+  }
+  if (!target.commit()) return false;
+  if (Sha256Of(to) != Sha256Of(from)) {  // read back: a disk that lied loses nothing
+    QFile::remove(to);
+    return false;
+  }
+  return true;
+}
+
+bool MoveFileSafely(const QString& from, const QString& to) {
+  if (!QFileInfo(from).isFile() || IsReadOnlyFile(to)) return false;
+  if (std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) == 0) return true;
+  if (errno != EXDEV) return false;
+  return CopyFileSafely(from, to) && QFile::remove(from);
 }
 
 bool MoveToTrash(const QString& path) {

@@ -26,6 +26,15 @@ struct RenameOutcome {
 RenameOutcome RenameWithChecks(const QString& from, const QString& to,
                                const std::function<bool(const QString& question)>& confirm);
 
+// Copy To: the copy is written beside its destination and renamed over it once whole and
+// equal to the source, so a failure leaves no partial file and the destination as it
+// was. A destination marked read-only is not replaced.
+bool CopyFileSafely(const QString& from, const QString& to);
+// Move To: a rename where the file system allows it (an existing destination replaced in
+// one step), otherwise a safe copy and then the source removed; any failure leaves the
+// source where it was.
+bool MoveFileSafely(const QString& from, const QString& to);
+
 // Moves the file to the Trash of its own volume (the freedesktop Trash: files/ and
 // info/NAME.trashinfo), so any file manager can restore it. It is never deleted outright:
 // where the Trash cannot take it, false, and the file stays.
