@@ -14,10 +14,10 @@ constexpr int kReadyAfterMs = 250;
 
 frmFull::frmFull(const imaging::Image& image, base::NaturalSize natural, const base::ScreenMetrics& metrics,
                  const QColor& background, QWidget* parent)
-    : QDialog(parent) {
+    : QDialog(parent), metrics_(metrics) {
   setObjectName(QStringLiteral("frmFull"));
   setWindowTitle(QStringLiteral("Vistrel"));
-  picFondo_ = new Viewport(metrics, this);
+  picFondo_ = new Viewport(metrics_, this);
   picFondo_->SetBackground(background);
   for (const auto& [from, to] : {std::pair{"hscImagen", "hscFull"}, std::pair{"vscImagen", "vscFull"}}) {
     if (auto* bar = picFondo_->findChild<QScrollBar*>(QLatin1String(from))) bar->setObjectName(QLatin1String(to));

@@ -31,6 +31,7 @@ class frmFull : public QDialog {
  private:
   void CloseWhenReady();
 
+  base::ScreenMetrics metrics_;  // its own copy: the view outlives no one's metrics
   Viewport* picFondo_ = nullptr;
   QTimer Timer1_;
   bool ready_ = false;
