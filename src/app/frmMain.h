@@ -121,6 +121,7 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   void RunDelete();
   void RunRename();
   void RunCopyOrMove(bool move);
+  void RunProperties();
   bool TryRename(const QString& file, int row, const QString& name);
   bool CanSave() const;
   bool CanSaveAs() const;

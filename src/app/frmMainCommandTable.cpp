@@ -91,11 +91,12 @@ void frmMain::DeclareFileCommands() {
                                                  [this] { return !CommandFile().isEmpty(); }});
   t.Declare({"mnuFileDelete", "&Delete", Qt::Key_Delete},
             {[this] { RunDelete(); }, [this] { return !CommandFile().isEmpty(); }});
-  t.Declare({"mnuFileProperties", "Prop&erties...", Qt::ALT | Qt::Key_Return});
+  t.Declare({"mnuFileProperties", "Prop&erties...", Qt::ALT | Qt::Key_Return},
+            {[this] { RunProperties(); }, [this] { return !CommandFile().isEmpty(); }});
   t.Declare({"mnuFileExit", "E&xit", Qt::CTRL | Qt::Key_Q}, {[this] { close(); }});
   t.Declare({"mnuListFullScreen", "&Full Screen"}, {[this] { RunFullScreen(false); }, [this] { return CanZoom(); }});
   t.Declare({"mnuListSetWallpaper", "&Set Wallpaper"});
-  t.Declare({"mnuListProperties", "Pr&operties..."});
+  t.Declare({"mnuListProperties", "Pr&operties..."}, {[this] { RunProperties(); }, [this] { return !CommandFile().isEmpty(); }});
 }
 
 void frmMain::DeclareEditCommands() {

@@ -5,6 +5,7 @@
 #include "files/FailureReasons.h"
 #include "files/FileDialogs.h"
 #include "files/FileOperations.h"
+#include "files/frmProperties.h"
 #include "widgets/frmTexto.h"
 #include "browse/frmAbrirCarpeta.h"
 #include "view/Viewport.h"
@@ -130,6 +131,18 @@ void frmMain::RunCopyOrMove(bool move) {
   } else {
     document_.AfterEntryDeleted(row);
   }
+}
+
+void frmMain::RunProperties() {
+  const QString file = CommandFile();
+  if (file.isEmpty()) return;
+  if (!QFileInfo::exists(file)) {
+    widgets::RestorePointer();
+    QMessageBox::warning(this, QStringLiteral("Properties"), QStringLiteral("Can't find file"));
+    return;
+  }
+  files::frmProperties dialog(file, this);
+  dialog.exec();
 }
 
 bool frmMain::CanSave() const {

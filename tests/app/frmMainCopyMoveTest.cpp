@@ -82,6 +82,14 @@ TEST_F(frmMainCopyMoveTest, AFailedCopyOrMoveLosesNothing) {
   EXPECT_EQ(answerer.LastText(), QStringLiteral("Can't copy file. Destination file is as marked as read-only"));
 }
 
+TEST_F(frmMainCopyMoveTest, PropertiesOfAFileThatIsGoneSaysSo) {
+  QFile::remove(a_);
+  DialogAnswerer answerer;
+  Trigger("mnuFileProperties");
+  EXPECT_EQ(answerer.LastText(), QStringLiteral("Can't find file"));
+  EXPECT_EQ(answerer.LastTitle(), QStringLiteral("Properties"));
+}
+
 // Across file systems a move is a copy checked against the source, then the source removed.
 TEST_F(frmMainCopyMoveTest, MoveToAnotherFileSystemCopiesChecksAndThenRemoves) {
   struct stat here {}, shm {};
