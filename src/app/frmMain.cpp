@@ -35,7 +35,6 @@ frmMain::frmMain(QString settingsPath, QWidget* parent)
       commands_(this) {
   setObjectName(QStringLiteral("frmMain"));
   setWindowTitle(QStringLiteral("Vistrel"));
-  RefreshScreenMetrics();
   BuildWidgets();
   DeclareCommands();
   BuildMenus();

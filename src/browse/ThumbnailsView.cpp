@@ -57,7 +57,7 @@ class ThumbnailsView::PageWidget : public QWidget {
     }
     const QRect firstLine(box.left() - 20, box.bottom() + 4, box.width() + 40, textHeight);
     painter.setPen(palette().color(QPalette::WindowText));
-    painter.drawText(firstLine, Qt::AlignHCenter, widgets::FitTextToWidth(cell.Name, box.width(), fontMetrics()));
+    painter.drawText(firstLine, Qt::AlignHCenter, cell.Name);
     QString second;
     if (cell.Done) second = cell.ImageSize.isEmpty() ? QStringLiteral("Can't open file") : SizeCaption(cell.ImageSize);
     painter.drawText(firstLine.translated(0, textHeight), Qt::AlignHCenter, second);
@@ -164,7 +164,11 @@ void ThumbnailsView::ShowPage(int page) {
   picBoton_[4]->setEnabled(Pages() > 1);
   const PageRows rows = RowsOfPage(page_, list_.Count());
   cells_.assign(size_t(rows.Last - rows.First), {});
-  for (int row = rows.First; row < rows.Last; ++row) cells_[size_t(row - rows.First)].Name = list_.Entry(row).DisplayName;
+  // Captions are shortened to the box once here, not at every paint.
+  for (int row = rows.First; row < rows.Last; ++row) {
+    cells_[size_t(row - rows.First)].Name =
+        widgets::FitTextToWidth(list_.Entry(row).DisplayName, geometry_.Box.width(), picThumbnails_->fontMetrics());
+  }
   picThumbnails_->update();
   StartDecoding();
 }

@@ -41,7 +41,7 @@ class ThumbnailsView : public QScrollArea {
   bool PageComplete() const;
 
   struct Cell {
-    QString Name;
+    QString Name;     // shortened to the box
     QSize ImageSize;  // empty while loading or when the file did not open
     QImage Picture;   // at the drawn size
     bool Done = false;

@@ -1,5 +1,5 @@
 #pragma once
-// The parameter dialog description language: one line of comma-separated
+// Parameter dialog descriptions: one line of comma-separated
 // fields from which `frmDiseno` builds itself. The parser is a plain function from
 // text to a layout model; it never fails.
 

@@ -1,6 +1,6 @@
-// Delete on the real main window: the file goes to the desktop's Trash as the freedesktop
-// Trash specification lays it out (so any file manager restores it), and the list shows
-// the entry that took its place; No changes nothing.
+// Delete on the real main window: the file goes to the desktop's Trash, as files/NAME with
+// info/NAME.trashinfo recording where it came from (so any file manager restores it), and
+// the list shows the entry that took its place; No changes nothing.
 #include "support/DialogAnswerer.h"
 #include "support/MainWindowTest.h"
 

@@ -5,7 +5,7 @@
 
 namespace {
 
-document::StatusFacts PhotoInFolder() {
+TEST(StatusBar, NamePlaceSizeZoomAndFileSizeOrAMessageAlone) {
   document::StatusFacts facts;
   facts.DisplayName = QStringLiteral("Beach.jpg");
   facts.Row = 6;
@@ -14,43 +14,22 @@ document::StatusFacts PhotoInFolder() {
   facts.Height = 4000;
   facts.Percentage = 25;
   facts.FileBytes = 3 * 1024 * 1024 + 400 * 1024;
-  return facts;
-}
-
-TEST(StatusBar, AnImageInAFolderShowsNamePlaceSizeZoomAndFileSize) {
-  const document::StatusTexts texts = document::ComposeStatus(PhotoInFolder());
-  EXPECT_EQ(texts.Name, QStringLiteral("Beach.jpg"));
-  EXPECT_EQ(texts.Position, QStringLiteral("7 / 1,200"));
-  EXPECT_EQ(texts.Size, QStringLiteral("6000 x 4000"));
-  EXPECT_EQ(texts.Zoom, QStringLiteral("25%"));
-  EXPECT_EQ(texts.FileSize, QStringLiteral("3.4 MB"));
-}
-
-TEST(StatusBar, ASingleFileHasNoPlaceInAFolder) {
-  document::StatusFacts facts = PhotoInFolder();
-  facts.Row = -1;
+  document::StatusTexts texts = document::ComposeStatus(facts);
+  EXPECT_EQ(QStringList({texts.Name, texts.Position, texts.Size, texts.Zoom, texts.FileSize}),
+            QStringList({"Beach.jpg", "7 / 1,200", "6000 x 4000", "25%", "3.4 MB"}));
+  facts.Row = -1;  // a single file has no place in a folder
   EXPECT_TRUE(document::ComposeStatus(facts).Position.isEmpty());
-}
-
-TEST(StatusBar, AMessageStandsAlone) {
-  document::StatusFacts facts = PhotoInFolder();
   facts.Message = QStringLiteral("Scanning...");
-  const document::StatusTexts texts = document::ComposeStatus(facts);
-  EXPECT_EQ(texts.Name, QStringLiteral("Scanning..."));
-  EXPECT_TRUE(texts.Size.isEmpty() && texts.Zoom.isEmpty() && texts.FileSize.isEmpty() && texts.Position.isEmpty());
-}
-
-TEST(StatusBar, NoImageShowsNothing) {
-  const document::StatusTexts texts = document::ComposeStatus({});
-  EXPECT_TRUE(texts.Name.isEmpty() && texts.Size.isEmpty());
+  texts = document::ComposeStatus(facts);
+  EXPECT_EQ(QStringList({texts.Name, texts.Position, texts.Size, texts.Zoom, texts.FileSize}),
+            QStringList({"Scanning...", "", "", "", ""}));
+  EXPECT_TRUE(document::ComposeStatus({}).Name.isEmpty());
 }
 
 TEST(StatusBar, FileSizesKeepThreeFiguresAtMost) {
-  EXPECT_EQ(document::FormatFileSize(0), QStringLiteral("0 bytes"));
-  EXPECT_EQ(document::FormatFileSize(1023), QStringLiteral("1023 bytes"));
-  EXPECT_EQ(document::FormatFileSize(1536), QStringLiteral("1.5 KB"));
-  EXPECT_EQ(document::FormatFileSize(340 * 1024), QStringLiteral("340 KB"));
-  EXPECT_EQ(document::FormatFileSize(qint64(1204) * 1024 * 1024), QStringLiteral("1,204 MB"));
+  const std::pair<qint64, const char*> sizes[] = {
+      {0, "0 bytes"}, {1023, "1023 bytes"}, {1536, "1.5 KB"}, {340 * 1024, "340 KB"}, {qint64(1204) << 20, "1,204 MB"}};
+  for (const auto& [bytes, text] : sizes) EXPECT_EQ(document::FormatFileSize(bytes), QLatin1String(text)) << bytes;
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// The description language's edge cases.
+// How a dialog description is read when it ends early, bends or holds odd fields.
 #include "edit/DialogDescription.h"
 
 #include <gtest/gtest.h>
