@@ -52,12 +52,6 @@ TEST(RoundToInt16, RoundsHalfToEvenWithinSixteenBits) {
   EXPECT_FALSE(numbers::RoundToInt16(40000).has_value());
 }
 
-TEST(Floor, IsTheFloor) {
-  EXPECT_EQ(numbers::Floor(2.9), 2);
-  EXPECT_EQ(numbers::Floor(-2.5), -3);
-  EXPECT_EQ(numbers::Floor(230 * 0.743), 170);
-}
-
 TEST(RoundedDiv, RoundsBothOperandsThenTruncates) {
   EXPECT_EQ(numbers::RoundedDiv(1462, 15), 97);
   EXPECT_EQ(numbers::RoundedDiv(1950, 15), 130);

@@ -34,18 +34,6 @@ class DocumentEditingTest : public ::testing::Test {
   Document document_;
 };
 
-TEST_F(DocumentEditingTest, UndoReturnsToTheLoadedPixelsAndKeepsTheChangeLevel) {
-  const imaging::Image original = Shown();
-  document_.ApplyEdit(imaging::ops::Negative(Shown()), QStringLiteral("Negative"));
-  document_.ApplyEdit(imaging::ops::Negative(Shown()), QStringLiteral("Negative"));
-  Edit("Brightness");
-  EXPECT_EQ(document_.ChangeLevel(), 2);
-  for (int i = 0; i < 3; ++i) document_.Undo();
-  EXPECT_EQ(MeanAbsoluteDifference(Shown(), original), 0);
-  EXPECT_EQ(document_.ChangeLevel(), 2);
-  EXPECT_EQ(document_.UndoHistory().RedoCaption(), QStringLiteral("&Redo Negative"));
-}
-
 TEST_F(DocumentEditingTest, UndoingASizeChangeRestoresTheSizeAndRemovesTheSelectionFirst) {
   QSignalSpy edited(&document_, &Document::ImageEdited);
   document_.ApplyEdit(imaging::Image::FromQImage(Shown().ToQImage().copy(5, 5, 10, 8)), QStringLiteral("Crop"));

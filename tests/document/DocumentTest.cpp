@@ -127,6 +127,7 @@ TEST_F(DocumentTest, UndoReturnsAnEntryOpenedFromTheListToItsLoadedPixels) {
   document_.Undo();
   EXPECT_EQ(testing_support::MeanAbsoluteDifference(*document_.CurrentImage(), loaded), 0);
   EXPECT_FALSE(document_.UndoHistory().CanUndo());
+  EXPECT_EQ(document_.ChangeLevel(), 2);  // undoing is a change too
 }
 
 TEST_F(DocumentTest, AClickOnTheEntryShownDoesNotReloadIt) {

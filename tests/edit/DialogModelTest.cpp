@@ -17,21 +17,6 @@ DialogModel Dialog(const char* command, edit::DialogContext context = {}) {
 // An 800 x 600 pixel image at 15 twips per pixel.
 const edit::DialogContext k800x600{800 * 15, 600 * 15, 15, 15};
 
-TEST(DialogModel, LoadWritesEachSliderIntoItsBox) {
-  DialogModel gamma = Dialog("mnuColorsGamma");
-  EXPECT_EQ(gamma.Text(1), QStringLiteral("100"));
-  DialogModel hsl = Dialog("mnuColorsHSL");
-  EXPECT_EQ(hsl.Text(3), QStringLiteral("0"));
-  DialogModel mosaic = Dialog("mnuImageFiltersMosaic");
-  EXPECT_EQ(mosaic.Text(1), QStringLiteral("1"));
-}
-
-TEST(DialogModel, ASliderMovesItsLinkedBoxAndAsksForAPreview) {
-  DialogModel brightness = Dialog("mnuColorsBrightness");
-  EXPECT_TRUE(brightness.SliderChanged(1, 37));
-  EXPECT_EQ(brightness.Text(1), QStringLiteral("37"));
-}
-
 TEST(DialogModel, TypingAboveTheMaximumWritesTheMaximum) {
   DialogModel brightness = Dialog("mnuColorsBrightness");
   EXPECT_TRUE(brightness.TextChanged(1, QStringLiteral("250")));
@@ -134,23 +119,6 @@ TEST(DialogModel, RotateButtonsPutTheirAngleInTheBox) {
   EXPECT_EQ(rotate.SliderValue(1), 180);
   DialogModel brightness = Dialog("mnuColorsBrightness");
   EXPECT_FALSE(brightness.ButtonClicked(1));
-}
-
-TEST(DialogModel, PerspectiveAndRippleStartWithTheFirstOption) {
-  EXPECT_EQ(Dialog("mnuImagePerspective").SelectedOption(), 1);
-  EXPECT_EQ(Dialog("mnuImageRipple").Values().SelectedOption, 1);
-  EXPECT_EQ(Dialog("mnuImageSwirl").SelectedOption(), 0);
-}
-
-TEST(DialogModel, TheKeyFilterPassesDigitsSignsAndControlCharacters) {
-  for (const QChar c : QStringLiteral("0123456789+-\b\r")) EXPECT_TRUE(DialogModel::AcceptsCharacter(c)) << int(c.unicode());
-  for (const QChar c : QStringLiteral("a .,e")) EXPECT_FALSE(DialogModel::AcceptsCharacter(c)) << int(c.unicode());
-}
-
-TEST(DialogModel, HelpTopicsFollowTheMenuGroups) {
-  EXPECT_EQ(Dialog("mnuColorsSolarize").HelpTopic(), QStringLiteral("Colors Menu"));
-  EXPECT_EQ(Dialog("mnuImageFiltersNoise").HelpTopic(), QStringLiteral("Image Filters"));
-  EXPECT_EQ(Dialog("mnuImageSwirl").HelpTopic(), QStringLiteral("Image Menu"));
 }
 
 TEST(DialogModel, ABoxLinkedToNothingMovesNoSlider) {

@@ -19,23 +19,6 @@ struct Editing {
   int Shown(const edit::UndoMove& move) const { return *history.PictureIn(move.Slot); }
 };
 
-TEST(UndoHistory, NamesTheOperationInTheCaptions) {
-  Editing e;
-  EXPECT_EQ(e.history.UndoCaption(), QStringLiteral("&Undo"));
-  EXPECT_FALSE(e.history.CanUndo());
-  e.Apply(QStringLiteral("Blur"));
-  EXPECT_EQ(e.history.UndoCaption(), QStringLiteral("&Undo Blur"));
-  EXPECT_EQ(e.history.UndoTooltip(), QStringLiteral("Undo Blur"));
-  EXPECT_EQ(e.history.RedoCaption(), QStringLiteral("&Redo"));
-  const auto move = e.history.Undo();
-  ASSERT_TRUE(move.has_value());
-  EXPECT_EQ(e.Shown(*move), 100);  // the base picture
-  EXPECT_EQ(e.history.UndoCaption(), QStringLiteral("&Undo"));
-  EXPECT_EQ(e.history.RedoCaption(), QStringLiteral("&Redo Blur"));
-  EXPECT_EQ(e.history.RedoTooltip(), QStringLiteral("Redo Blur"));
-  EXPECT_EQ(e.Shown(*e.history.Redo()), 101);
-}
-
 TEST(UndoHistory, EightChangesLeaveOnlyTheLastSevenUndoable) {
   Editing e;
   for (int i = 1; i <= 8; ++i) EXPECT_TRUE(e.Apply(QStringLiteral("Op%1").arg(i)));
@@ -71,15 +54,6 @@ TEST(UndoHistory, SlotsAreReusedOnceTheirStateIsGone) {
   EXPECT_TRUE(e.Apply(QStringLiteral("Op8")));  // at the top: record 0 is dropped, its slot 0 reused
   EXPECT_EQ(*e.history.PictureIn(0), 108);
   EXPECT_EQ(e.history.Current(), 7);
-}
-
-TEST(UndoHistory, AnEmptyHistoryCanDoNothing) {
-  History history;
-  history.Clear();
-  EXPECT_FALSE(history.CanUndo());
-  EXPECT_FALSE(history.CanRedo());
-  EXPECT_FALSE(history.Undo().has_value());
-  EXPECT_EQ(history.Current(), -1);
 }
 
 }  // namespace

@@ -16,12 +16,6 @@ SelectionRecord Drag(QPointF fromPx, QPointF toPx, int percentage = 100, QSizeF 
   return ToSelectionRecord(rect, percentage, T, T, natural);
 }
 
-TEST(Selection, AClickWithoutMovementSelectsOnePixel) {
-  const SelectionRecord s = Drag({10, 20}, {10, 20});
-  EXPECT_EQ(s.Pixels(T, T), QRect(10, 20, 1, 1));
-  EXPECT_TRUE(s.Exists());
-}
-
 TEST(Selection, DraggingBackwardsGivesTheSameRectangle) {
   EXPECT_EQ(Drag({30, 40}, {10, 20}).Pixels(T, T), Drag({10, 20}, {30, 40}).Pixels(T, T));
   EXPECT_EQ(Drag({10, 20}, {30, 40}).Pixels(T, T), QRect(10, 20, 21, 21));
@@ -46,15 +40,6 @@ TEST(Selection, IsClampedToTheImage) {
   // A control larger than the image (a stale size) cannot push the selection outside it.
   const SelectionRecord s = Drag({95, 75}, {120, 100}, 100, QSizeF(200 * T, 200 * T), kControl100);
   EXPECT_EQ(s.Pixels(T, T), QRect(95, 75, 5, 5));
-}
-
-TEST(Selection, ExistsOnlyWhenShownWithAnArea) {
-  SelectionRecord s;
-  EXPECT_FALSE(s.Exists());
-  s.Width = s.Height = T;
-  EXPECT_FALSE(s.Exists());
-  s.Shown = true;
-  EXPECT_TRUE(s.Exists());
 }
 
 TEST(AutoScroll, BringsTheDragEdgeToThePanelEdge) {

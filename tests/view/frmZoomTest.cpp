@@ -20,15 +20,6 @@ void Retype(QLineEdit* box, const QString& text) {
   QTest::keyClicks(box, text);
 }
 
-TEST(frmZoom, ShowsTheCurrentZoomAndTheChoices) {
-  view::frmZoom dialog(120);
-  EXPECT_EQ(dialog.windowTitle(), QStringLiteral("Zoom Functions"));
-  auto* combo = dialog.findChild<QComboBox*>(QStringLiteral("cboZoom"));
-  EXPECT_EQ(combo->currentText(), QStringLiteral("120%"));
-  EXPECT_EQ(combo->count(), 7);
-  EXPECT_EQ(combo->itemText(6), QStringLiteral("1000%"));
-}
-
 TEST(frmZoom, EnterAcceptsTheLeadingNumber) {
   view::frmZoom dialog(100);
   dialog.show();
@@ -63,18 +54,6 @@ TEST(frmZoom, OutOfRangeValuesAreRefusedAndTheDialogStays) {
   Retype(Box(dialog), QStringLiteral("1000%"));
   QTest::keyClick(Box(dialog), Qt::Key_Return);
   EXPECT_EQ(dialog.Value(), 1000);
-}
-
-TEST(frmZoom, EscapeCancelsAndF1AsksForZoomFunctions) {
-  QString topic;
-  widgets::SetHelpHandler([&](const QString& asked) { topic = asked; });
-  view::frmZoom dialog(100);
-  dialog.show();
-  QTest::keyClick(&dialog, Qt::Key_F1);
-  widgets::SetHelpHandler({});
-  EXPECT_EQ(topic, QStringLiteral("Zoom Functions"));
-  QTest::keyClick(Box(dialog), Qt::Key_Escape);
-  EXPECT_EQ(dialog.result(), QDialog::Rejected);
 }
 
 }  // namespace
