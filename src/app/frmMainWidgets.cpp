@@ -1,6 +1,7 @@
 // frmMain's widgets, its status bar panes and title, and what the document's signals change in them.
 #include "app/frmMain.h"
 
+#include "base/FileNames.h"
 #include "base/Paths.h"
 #include "base/Colors.h"
 #include "document/StatusText.h"
@@ -118,8 +119,7 @@ void frmMain::RefreshStatusBar(const QString& message) {
     facts.Width = image->Width();
     facts.Height = image->Height();
     facts.Percentage = picFondo_->Percentage();
-    const QFileInfo file(path);
-    if (file.isFile()) facts.FileBytes = file.size();
+    if (const qint64 bytes = base::FileSizeOf(path); bytes >= 0) facts.FileBytes = bytes;
   }
   setWindowTitle(facts.DisplayName.isEmpty() ? QStringLiteral("Vistrel") : facts.DisplayName + QStringLiteral(" - Vistrel"));
   const document::StatusTexts texts = document::ComposeStatus(facts);

@@ -2,6 +2,7 @@
 #include "document/CommandLine.h"
 #include "settings/SettingsFile.h"
 #include "app/frmMain.h"
+#include "base/FileNames.h"
 #include "imaging/Loader.h"
 
 #include <QApplication>
@@ -12,7 +13,7 @@ int main(int argc, char* argv[]) {
   QApplication::setApplicationName(QStringLiteral("Vistrel"));
   imaging::Initialize();
   QStringList arguments;
-  for (int i = 1; i < argc; ++i) arguments << QString::fromLocal8Bit(argv[i]);
+  for (int i = 1; i < argc; ++i) arguments << base::DecodeFileName(argv[i]);
   const QString settingsPath =
       settings::SettingsFilePath(QApplication::applicationDirPath(),
                             QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation));

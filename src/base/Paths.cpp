@@ -1,4 +1,5 @@
 #include "base/Paths.h"
+#include "base/FileNames.h"
 
 #include "base/NumberRules.h"
 
@@ -32,7 +33,7 @@ bool IsEntirelyUpperCase(const QString& name) {
 }  // namespace
 
 QString DisplayName(const QString& path) {
-  const QString name = FileNamePart(path);
+  const QString name = ReadableFileName(FileNamePart(path));
   if (name.isEmpty() || !IsEntirelyUpperCase(name)) return name;
   return name.left(1).toUpper() + name.mid(1).toLower();
 }

@@ -1,4 +1,5 @@
 #include "browse/FolderScan.h"
+#include "base/FileNames.h"
 
 #include "browse/FileTypes.h"
 #include "browse/ListOrder.h"
@@ -48,7 +49,7 @@ void SortEntries(std::vector<FileEntry>& entries) {
 
 std::vector<FileEntry> ScanFolder(const QString& folder, bool imageExtensionsOnly, const std::atomic_bool* cancel) {
   std::vector<FileEntry> entries;
-  DIR* dir = folder.isEmpty() ? nullptr : opendir(QFile::encodeName(folder).constData());
+  DIR* dir = folder.isEmpty() ? nullptr : opendir(base::EncodeFileName(folder).constData());
   if (!dir) return entries;
   while (const dirent* entry = readdir(dir)) {
     if (cancel && cancel->load(std::memory_order_relaxed)) {
@@ -57,7 +58,7 @@ std::vector<FileEntry> ScanFolder(const QString& folder, bool imageExtensionsOnl
     }
     if (imageExtensionsOnly && !HasScanExtension(entry->d_name)) continue;
     if (!IsRegularFile(dirfd(dir), entry)) continue;
-    const QString name = QFile::decodeName(entry->d_name);
+    const QString name = base::DecodeFileName(entry->d_name);
     entries.push_back({base::DisplayName(name), name});
   }
   closedir(dir);

@@ -1,4 +1,5 @@
 #include "browse/ThumbnailCache.h"
+#include "base/FileNames.h"
 
 #include <QBuffer>
 #include <QCryptographicHash>
@@ -7,6 +8,8 @@
 #include <QSaveFile>
 #include <QStandardPaths>
 #include <QUrl>
+
+#include <sys/stat.h>
 
 #include <algorithm>
 #include <map>
@@ -19,12 +22,17 @@ namespace {
 
 const QString kFailureFolder = QStringLiteral("fail/vistrel-" VISTREL_VERSION);
 
+// A name that is not UTF-8 is escaped byte by byte, as the desktop's own tools do.
 QString UriOf(const QString& path) {
-  return QString::fromLatin1(QUrl::fromLocalFile(QFileInfo(path).absoluteFilePath()).toEncoded());
+  const QString absolute = QFileInfo(path).absoluteFilePath();
+  if (!base::HasRawBytes(absolute)) return QString::fromLatin1(QUrl::fromLocalFile(absolute).toEncoded());
+  return QStringLiteral("file://") +
+         QString::fromLatin1(base::EncodeFileName(absolute).toPercentEncoding("/!$&'()*+,;=:@~"));
 }
 
 QString MTimeOf(const QString& path) {
-  return QString::number(QFileInfo(path).lastModified().toSecsSinceEpoch());
+  struct stat info {};
+  return ::stat(base::EncodeFileName(path).constData(), &info) == 0 ? QString::number(info.st_mtime) : QString();
 }
 
 QString HashedName(const QString& path) {

@@ -1,4 +1,5 @@
 #include "files/FileOperations.h"
+#include "base/FileNames.h"
 
 #include <QFile>
 #include <QCryptographicHash>
@@ -81,7 +82,7 @@ bool CopyFileSafely(const QString& from, const QString& to) {
 
 bool MoveFileSafely(const QString& from, const QString& to) {
   if (!QFileInfo(from).isFile() || IsReadOnlyFile(to)) return false;
-  if (std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) == 0) return true;
+  if (std::rename(base::EncodeFileName(from).constData(), base::EncodeFileName(to).constData()) == 0) return true;
   if (errno != EXDEV) return false;
   return CopyFileSafely(from, to) && QFile::remove(from);
 }

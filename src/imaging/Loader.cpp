@@ -2,6 +2,7 @@
 
 #include "imaging/Decoders.h"
 #include "imaging/Sniff.h"
+#include "base/FileNames.h"
 
 #include <QFile>
 
@@ -18,8 +19,8 @@ QString LowerCaseExtension(const QString& path) {
 }
 
 std::optional<Image> DecodeWithHelper(const QString& path, const QString& coder) {
-  QFile file(path);
-  if (coder.isEmpty() || !file.open(QIODevice::ReadOnly) || file.size() > kLargestHelperInput) return std::nullopt;
+  QFile file;
+  if (coder.isEmpty() || !base::OpenForReading(file, path) || file.size() > kLargestHelperInput) return std::nullopt;
   const HelperDecoder helper = coder == QLatin1String("EMF") ? HelperDecoder::ForEmf() : HelperDecoder();
   return helper.Decode(file.readAll(), coder);
 }
@@ -43,8 +44,8 @@ std::optional<Image> Decode(const QString& path, const Decision& decision, const
 }
 
 Decision DecisionFor(const QString& path) {
-  QFile file(path);
-  if (!file.open(QIODevice::ReadOnly)) return {};
+  QFile file;
+  if (!base::OpenForReading(file, path)) return {};
   return ChooseDecoder(file.read(32), LowerCaseExtension(path));
 }
 

@@ -1,4 +1,5 @@
 #include "imaging/Streaming.h"
+#include "base/FileNames.h"
 
 #include "imaging/SaverInternal.h"
 
@@ -47,7 +48,7 @@ void SetModeOfNewFile(const QString& temporary, const QString& target) {
   }
   const mode_t mask = ::umask(0);
   ::umask(mask);
-  ::chmod(QFile::encodeName(temporary).constData(), 0666 & ~mask);
+  ::chmod(base::EncodeFileName(temporary).constData(), 0666 & ~mask);
 }
 
 // libvips' saver for the format, chosen by the format's suffix rather than the file name.
@@ -61,7 +62,7 @@ bool WriteWithVips(const Image& image, const VipsSaveSpec& spec, const QString& 
   try {
     vips::VImage::call(operation.c_str(), spec.Options()
                                               ->set("in", PreparedForVipsSave(image, spec))
-                                              ->set("filename", QFile::encodeName(file).constData()));
+                                              ->set("filename", base::EncodeFileName(file).constData()));
   } catch (const vips::VError&) {
     vips_error_clear();
     return false;
@@ -82,7 +83,7 @@ bool SaveStreaming(const Image& image, const QString& path) {
   if (!WriteWithVips(image, *spec, temporary.fileName())) return false;  // the part is removed with `temporary`
   SetModeOfNewFile(temporary.fileName(), path);
   // rename(2) replaces the target in one step: it is never missing or half written.
-  if (std::rename(QFile::encodeName(temporary.fileName()).constData(), QFile::encodeName(path).constData()) != 0) {
+  if (std::rename(base::EncodeFileName(temporary.fileName()).constData(), base::EncodeFileName(path).constData()) != 0) {
     return false;
   }
   temporary.setAutoRemove(false);

@@ -1,5 +1,6 @@
 // libvips' own loaders in this process.
 #include "imaging/Decoders.h"
+#include "base/FileNames.h"
 #include "imaging/ImageInternal.h"
 #include "imaging/Loader.h"
 
@@ -28,7 +29,7 @@ std::optional<vips::VImage> OpenUpright(const QByteArray& name) {
 
 std::optional<Image> DecodeWithVips(const QString& path, int maxWidth, int maxHeight) {
   Initialize();
-  const QByteArray name = QFile::encodeName(path);
+  const QByteArray name = base::EncodeFileName(path);
   try {
     if (!OpenChecked(name)) return std::nullopt;
     if (maxWidth > 0 && maxHeight > 0) {
@@ -46,7 +47,7 @@ std::optional<Image> DecodeWithVips(const QString& path, int maxWidth, int maxHe
 std::optional<Image> OpenWithVipsInOrder(const QString& path) {
   Initialize();
   try {
-    const auto upright = OpenUpright(QFile::encodeName(path));
+    const auto upright = OpenUpright(base::EncodeFileName(path));
     if (!upright) return std::nullopt;
     return Image::FromInternal(Image::Pixels{Normalized(*upright)});
   } catch (const vips::VError&) {
@@ -58,7 +59,7 @@ std::optional<Image> OpenWithVipsInOrder(const QString& path) {
 std::optional<QSize> VipsHeaderSize(const QString& path) {
   Initialize();
   try {
-    const vips::VImage image = vips::VImage::new_from_file(QFile::encodeName(path).constData());
+    const vips::VImage image = vips::VImage::new_from_file(base::EncodeFileName(path).constData());
     const bool swapped = vips_image_get_orientation_swap(image.get_image());
     return swapped ? QSize(image.height(), image.width()) : QSize(image.width(), image.height());
   } catch (const vips::VError&) {

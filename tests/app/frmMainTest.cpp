@@ -47,14 +47,19 @@ TEST_F(frmMainTest, AFolderOnTheCommandLineIsListedWithTheFirstEntryOpen) {
   pictures_.WritePng(QStringLiteral("b.png"));
   pictures_.WritePng(QStringLiteral("A.png"));
   pictures_.Touch(QStringLiteral("notes.txt"));
+  pictures_.WritePngNamedByBytes("caf\xE9.png");  // Latin-1, from an old disk
   app::frmMain window(SettingsPath());
   window.RunStartup(pictures_.Path());
   QTreeView* list = List(window);
   EXPECT_TRUE(list->isVisible());
-  ASSERT_EQ(list->model()->rowCount(), 2);
+  ASSERT_EQ(list->model()->rowCount(), 3);
   EXPECT_EQ(list->model()->index(0, 0).data().toString(), QStringLiteral("A.png"));
   EXPECT_EQ(list->currentIndex().row(), 0);
   EXPECT_TRUE(window.CurrentDocument().ImageLoaded());
+  window.CurrentDocument().StepTo(2);
+  EXPECT_EQ(list->model()->index(2, 0).data().toString(), QStringLiteral("caf\u00e9.png"));
+  EXPECT_TRUE(window.CurrentDocument().ImageLoaded());
+  EXPECT_EQ(window.windowTitle(), QStringLiteral("caf\u00e9.png - Vistrel"));
 }
 
 TEST_F(frmMainTest, ClosingWritesThe55LineSettingsFileThatReopensTheFolder) {

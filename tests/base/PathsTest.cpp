@@ -1,3 +1,4 @@
+#include "base/FileNames.h"
 #include "base/Paths.h"
 #include "support/TestFiles.h"
 
@@ -43,6 +44,31 @@ TEST(FolderExists, IsTrueForFoldersOnly) {
   EXPECT_FALSE(FolderExists(folder.Touch(QStringLiteral("file.jpg"))));
   EXPECT_FALSE(FolderExists(folder.File(QStringLiteral("missing"))));
   EXPECT_FALSE(FolderExists(QString()));
+}
+
+}  // namespace
+
+namespace {
+
+// Names as stored on disk: every byte sequence comes back exactly, and people see text.
+TEST(FileNames, KeepTheirBytesAndReadAsText) {
+  const struct {
+    QByteArray bytes;
+    const char* readable;
+    bool raw;
+  } cases[] = {
+      {"caf\xE9.png", "caf\u00e9.png", true},                     // Latin-1 from an old disk
+      {"caf\xC3\xA9.png", "caf\u00e9.png", false},                // the same name in UTF-8
+      {"\x80\x9F.jpg", "\u20ac\u0178.jpg", true},                 // Windows-1252's own letters
+      {"\xF0\x90\x82\x80.png", "\U00010080.png", false},          // a pair whose low half looks like an escape
+      {"\xED\xA0\x80\xC0\xAF.png", "\u00ed\u00a0\u20ac\u00c0\u00af.png", true},  // a surrogate and an overlong form
+  };
+  for (const auto& c : cases) {
+    const QString name = base::DecodeFileName(c.bytes);
+    EXPECT_EQ(base::EncodeFileName(name), c.bytes) << c.readable;
+    EXPECT_EQ(base::HasRawBytes(name), c.raw) << c.readable;
+    EXPECT_EQ(base::ReadableFileName(name), QString::fromUtf8(c.readable));
+  }
 }
 
 }  // namespace

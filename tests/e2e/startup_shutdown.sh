@@ -46,4 +46,9 @@ run_and_exit "$work/vistrel" || fail "second run did not open and close (exit $?
 [ "$(line 12)" = "2" ] || fail "start option 1 did not reopen the folder (LastOpenKind '$(line 12)')"
 [ "$(line 13)" = "$work/My Pictures" ] || fail "start option 1 reopened '$(line 13)'"
 [ "$(line 45)" = "1" ] || fail "StartOption was not kept"
+# A name that is not UTF-8 (Latin-1, from an old disk) opens from the command line.
+latin1="$work/caf"$'\xe9'".png"
+cp "$(ls "$work/My Pictures/"*.png | head -n 1)" "$latin1"
+run_and_exit "$work/vistrel" "$latin1" || fail "a Latin-1 file name did not open and close (exit $?)"
+[ "$(line 12)" = "1" ] || fail "a Latin-1 file name was not opened (LastOpenKind '$(line 12)')"
 echo "e2e startup/shutdown: 1 passed, 0 failed"

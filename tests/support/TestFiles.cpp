@@ -1,8 +1,12 @@
 #include "support/TestFiles.h"
 
+#include "base/FileNames.h"
+
 #include <QDir>
 #include <QFile>
 #include <QImage>
+
+#include <cstdio>
 
 namespace testing_support {
 
@@ -23,6 +27,13 @@ QString TempFolder::WritePng(const QString& name, int width, int height) const {
   image.fill(Qt::darkCyan);
   image.save(File(name), "PNG");
   return File(name);
+}
+
+QString TempFolder::WritePngNamedByBytes(const QByteArray& name) const {
+  const QString written = WritePng(QStringLiteral("written.png"));
+  const QByteArray target = QFile::encodeName(dir_.path()) + '/' + name;
+  std::rename(QFile::encodeName(written).constData(), target.constData());
+  return base::DecodeFileName(target);
 }
 
 QString TempFolder::MakeFolder(const QString& name) const {

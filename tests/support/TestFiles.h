@@ -20,6 +20,8 @@ class TempFolder {
   // Writes a real PNG of the given size.
   QString WritePng(const QString& name, int width = 8, int height = 6) const;
   QString MakeFolder(const QString& name) const;
+  // A PNG whose name is exactly these bytes (which need not be UTF-8); returns its path.
+  QString WritePngNamedByBytes(const QByteArray& name) const;
 
  private:
   QTemporaryDir dir_;

@@ -1,0 +1,144 @@
+#include "base/FileNames.h"
+
+#include "base/TextEncoding.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace base {
+
+namespace {
+
+constexpr char16_t kEscapeBase = 0xDC00;
+
+bool IsEscape(char16_t c) { return c >= 0xDC80 && c <= 0xDCFF; }
+
+bool IsContinuation(unsigned char c) { return (c & 0xC0) == 0x80; }
+
+// The length of the valid UTF-8 sequence at the start of the bytes, or 0.
+int ValidSequenceLength(const unsigned char* p, qsizetype left) {
+  const unsigned char lead = p[0];
+  if (lead < 0x80) return 1;
+  int length = 0;
+  char32_t code = 0;
+  if (lead >= 0xC2 && lead <= 0xDF) {
+    length = 2, code = lead & 0x1F;
+  } else if (lead >= 0xE0 && lead <= 0xEF) {
+    length = 3, code = lead & 0x0F;
+  } else if (lead >= 0xF0 && lead <= 0xF4) {
+    length = 4, code = lead & 0x07;
+  } else {
+    return 0;
+  }
+  if (left < length) return 0;
+  for (int i = 1; i < length; ++i) {
+    if (!IsContinuation(p[i])) return 0;
+    code = (code << 6) | (p[i] & 0x3F);
+  }
+  const bool overlong = (length == 3 && code < 0x800) || (length == 4 && code < 0x10000);
+  const bool surrogate = code >= 0xD800 && code <= 0xDFFF;
+  return overlong || surrogate || code > 0x10FFFF ? 0 : length;
+}
+
+void AppendUtf8(QByteArray& out, char32_t code) {
+  if (code < 0x80) {
+    out += char(code);
+  } else if (code < 0x800) {
+    out += char(0xC0 | (code >> 6));
+    out += char(0x80 | (code & 0x3F));
+  } else if (code < 0x10000) {
+    out += char(0xE0 | (code >> 12));
+    out += char(0x80 | ((code >> 6) & 0x3F));
+    out += char(0x80 | (code & 0x3F));
+  } else {
+    out += char(0xF0 | (code >> 18));
+    out += char(0x80 | ((code >> 12) & 0x3F));
+    out += char(0x80 | ((code >> 6) & 0x3F));
+    out += char(0x80 | (code & 0x3F));
+  }
+}
+
+}  // namespace
+
+QString DecodeFileName(QByteArrayView bytes) {
+  QString name;
+  name.reserve(bytes.size());
+  const auto* p = reinterpret_cast<const unsigned char*>(bytes.data());
+  qsizetype i = 0;
+  while (i < bytes.size()) {
+    const int length = ValidSequenceLength(p + i, bytes.size() - i);
+    if (length == 0) {
+      name += QChar(char16_t(kEscapeBase | p[i]));
+      ++i;
+      continue;
+    }
+    name += QString::fromUtf8(reinterpret_cast<const char*>(p + i), length);
+    i += length;
+  }
+  return name;
+}
+
+QByteArray EncodeFileName(const QString& name) {
+  if (!HasRawBytes(name)) return name.toUtf8();
+  QByteArray out;
+  out.reserve(name.size());
+  for (qsizetype i = 0; i < name.size(); ++i) {
+    const char16_t c = name[i].unicode();
+    if (QChar::isHighSurrogate(c) && i + 1 < name.size() && QChar::isLowSurrogate(name[i + 1].unicode())) {
+      AppendUtf8(out, QChar::surrogateToUcs4(c, name[i + 1].unicode()));
+      ++i;
+    } else if (IsEscape(c)) {
+      out += char(c & 0xFF);
+    } else {
+      AppendUtf8(out, c);
+    }
+  }
+  return out;
+}
+
+bool HasRawBytes(const QString& name) {
+  for (qsizetype i = 0; i < name.size(); ++i) {
+    const char16_t c = name[i].unicode();
+    if (QChar::isHighSurrogate(c) && i + 1 < name.size()) {
+      ++i;  // a pair is one character, never an escape
+    } else if (IsEscape(c)) {
+      return true;
+    }
+  }
+  return false;
+}
+
+QString ReadableFileName(const QString& name) {
+  if (!HasRawBytes(name)) return name;
+  QString readable;
+  for (qsizetype i = 0; i < name.size(); ++i) {
+    const char16_t c = name[i].unicode();
+    if (QChar::isHighSurrogate(c) && i + 1 < name.size()) {
+      readable += name.mid(i++, 2);
+    } else {
+      readable += IsEscape(c) ? DecodeWindows1252(QByteArray(1, char(c & 0xFF))) : QString(name[i]);
+    }
+  }
+  return readable;
+}
+
+bool OpenForReading(QFile& file, const QString& path) {
+  if (!HasRawBytes(path)) {
+    file.setFileName(path);
+    return file.open(QIODevice::ReadOnly);
+  }
+  const int fd = ::open(EncodeFileName(path).constData(), O_RDONLY | O_CLOEXEC);
+  if (fd < 0) return false;
+  if (file.open(fd, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle)) return true;
+  ::close(fd);
+  return false;
+}
+
+qint64 FileSizeOf(const QString& path) {
+  struct stat info {};
+  if (path.isEmpty() || ::stat(EncodeFileName(path).constData(), &info) != 0 || !S_ISREG(info.st_mode)) return -1;
+  return info.st_size;
+}
+
+}  // namespace base
