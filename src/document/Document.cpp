@@ -124,9 +124,11 @@ void Document::Load(const QString& path) {
   auto loaded = loader_(path);
   image_.reset();
   natural_ = {};
+  paletteBits_ = 0;
   if (!loaded) return;
   image_ = std::move(loaded->Picture);
   natural_ = loaded->Natural;
+  paletteBits_ = loaded->PaletteBits;
 }
 
 void Document::ClearCurrentImage() {

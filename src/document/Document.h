@@ -162,6 +162,7 @@ class Document : public QObject {
   int shownRow_ = -1;  // the entry shown, -1 when none
   std::optional<imaging::Image> image_;
   base::NaturalSize natural_;
+  int paletteBits_ = 0;  // the palette depth of the file shown
   History history_;
   std::optional<imaging::Image> unrecordedBase_;  // the base state until an edit packs it
 };

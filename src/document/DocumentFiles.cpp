@@ -69,7 +69,9 @@ void Document::CloseFile() {
 }
 
 bool Document::SaveImageTo(const QString& path) {
-  if (!image_ || files::IsMarkedReadOnly(path) || !imaging::SaveImage(*image_, path)) return false;
+  imaging::SaveOptions options;
+  options.PaletteBits = paletteBits_;
+  if (!image_ || files::IsMarkedReadOnly(path) || !imaging::SaveImage(*image_, path, options)) return false;
   StartHistory();
   return true;
 }

@@ -14,6 +14,7 @@ namespace files {
 struct LoadedImage {
   imaging::Image Picture;
   base::NaturalSize Natural;
+  int PaletteBits = 0;  // the file's palette depth, kept when the image is saved
 };
 
 std::optional<LoadedImage> LoadImageFile(const QString& path, const base::ScreenMetrics& metrics);

@@ -48,6 +48,8 @@ class HelperDecoder {
   std::optional<Image> Decode(const QByteArray& bytes, const QString& coder) const;
   // Writes the image in the coder's format (TGA, PCX, DCX), through the same caps.
   std::optional<QByteArray> Encode(const Image& image, const QString& coder) const;
+  // Converts bytes of one format (an ImageMagick coder) into another.
+  std::optional<QByteArray> Convert(const QByteArray& bytes, const QString& fromCoder, const QString& coder) const;
 
  private:
   std::optional<QByteArray> Run(const QByteArray& input, const QStringList& arguments) const;

@@ -171,10 +171,15 @@ std::optional<Image> HelperDecoder::Decode(const QByteArray& bytes, const QStrin
 
 std::optional<QByteArray> HelperDecoder::Encode(const Image& image, const QString& coder) const {
   if (qint64(image.Width()) * image.Height() > kHelperMaxPixels) return std::nullopt;
+  return Convert(ToPam(image), QStringLiteral("PAM"), coder);
+}
+
+std::optional<QByteArray> HelperDecoder::Convert(const QByteArray& bytes, const QString& fromCoder,
+                                                 const QString& coder) const {
   QStringList arguments = arguments_;
-  arguments.replaceInStrings(QStringLiteral("%IN%"), QStringLiteral("PAM:-"));
+  arguments.replaceInStrings(QStringLiteral("%IN%"), fromCoder + QStringLiteral(":-"));
   arguments.replaceInStrings(QStringLiteral("%OUT%"), coder + QStringLiteral(":-"));
-  auto output = Run(ToPam(image), arguments);
+  auto output = Run(bytes, arguments);
   if (!output || output->isEmpty()) return std::nullopt;
   return output;
 }

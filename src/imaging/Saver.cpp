@@ -1,6 +1,7 @@
 #include "imaging/Saver.h"
 
 #include "imaging/Decoders.h"
+#include "imaging/Palette.h"
 #include "imaging/SaverInternal.h"
 #include "imaging/WpgEncoder.h"
 
@@ -12,6 +13,8 @@
 namespace imaging {
 
 namespace {
+
+const QStringList kPaletteFormats = {"bmp", "dib", "png", "pcx", "dcx"};
 
 std::optional<QByteArray> WithVips(const Image& image, const VipsSaveSpec& spec) {
   try {
@@ -27,16 +30,30 @@ std::optional<QByteArray> WithVips(const Image& image, const VipsSaveSpec& spec)
   }
 }
 
-std::optional<QByteArray> WithQt(const Image& image, const char* format) {
-  QImage picture = image.ToQImage();
-  if (qstrcmp(format, "pbm") == 0) picture = picture.convertToFormat(QImage::Format_Mono, Qt::ThresholdDither);
-  if (qstrcmp(format, "pgm") == 0) picture = picture.convertToFormat(QImage::Format_Grayscale8);
+std::optional<QByteArray> WithQt(const QImage& picture, const char* format) {
   QByteArray bytes;
   QBuffer buffer(&bytes);
   buffer.open(QIODevice::WriteOnly);
   QImageWriter writer(&buffer, format);
   if (!writer.write(picture)) return std::nullopt;
   return bytes;
+}
+
+std::optional<QByteArray> WithQt(const Image& image, const char* format) {
+  QImage picture = image.ToQImage();
+  if (qstrcmp(format, "pbm") == 0) picture = picture.convertToFormat(QImage::Format_Mono, Qt::ThresholdDither);
+  if (qstrcmp(format, "pgm") == 0) picture = picture.convertToFormat(QImage::Format_Grayscale8);
+  return WithQt(picture, format);
+}
+
+// BMP and PNG from Qt's writers, PCX from ImageMagick reading that BMP (it keeps the
+// palette only when its input has one).
+std::optional<QByteArray> ThroughPalette(const QImage& paletted, const QString& ext) {
+  if (ext == "bmp" || ext == "dib") return WithQt(paletted, "bmp");
+  if (ext == "png") return WithQt(paletted, "png");
+  if (ext != "pcx" && ext != "dcx") return std::nullopt;
+  const auto bmp = WithQt(paletted, "bmp");
+  return bmp ? HelperDecoder().Convert(*bmp, QStringLiteral("BMP"), ext.toUpper()) : std::nullopt;
 }
 
 // Binary PPM: a header, then the RGB samples as they lie in memory.
@@ -90,6 +107,11 @@ std::optional<QByteArray> EncodeImage(const Image& image, const QString& ext, co
   if (ext == "ppm") {
     const Image rgb = image.OnWhite();
     return PpmHeader(rgb) + PpmSamples(rgb).toByteArray();
+  }
+  if (options.PaletteBits > 0 && kPaletteFormats.contains(ext)) {
+    if (const QImage paletted = ToExactPalette(image, options.PaletteBits); !paletted.isNull()) {
+      return ThroughPalette(paletted, ext);
+    }
   }
   if (const auto spec = VipsSaveSpecFor(ext, options)) return WithVips(image, *spec);
   if (ext == "bmp" || ext == "dib") return WithQt(image, "bmp");

@@ -18,6 +18,9 @@ struct SaveOptions {
   // the mapping used (13 gives quality 87). See docs/formats.md.
   int JpegLuminanceFactor = 13;
   int JpegChrominanceFactor = 13;
+  // The palette depth of the file the image came from (1, 4 or 8; 0 for none). BMP, PCX
+  // and PNG are written through a palette of that depth while the colours fit in it.
+  int PaletteBits = 0;
 
   int JpegQuality() const;
 };

@@ -1,11 +1,15 @@
 // Editing on the document with real images: packed undo states, the selection rule of
 // size-changing steps, the change level and the save question.
 #include "document/Document.h"
+#include "imaging/Loader.h"
+#include "imaging/Palette.h"
 #include "imaging/Operations.h"
 #include "support/FakePrompts.h"
 #include "support/ImageCompare.h"
 #include "support/TestFiles.h"
 
+#include <QFile>
+#include <QFileInfo>
 #include <QSignalSpy>
 
 #include <gtest/gtest.h>
@@ -98,6 +102,35 @@ TEST_F(DocumentEditingTest, SaveQuestionAnswers) {
     EXPECT_EQ(document_.ConfirmSaveChanges(), c.goesOn);
     EXPECT_EQ(document_.ChangeLevel(), c.changeLevelAfter);
     EXPECT_EQ(prompts_.questions.size(), c.questions);
+  }
+}
+
+// A file stored through a palette is saved through one again while its colours fit, with
+// the same pixels; an edit that adds colours saves in 24 bits.
+TEST_F(DocumentEditingTest, SavingKeepsAPaletteWhileTheColoursFit) {
+  const struct {
+    const char* source;
+    const char* target;
+    bool blur;
+    int bits;
+  } cases[] = {
+      {"bmpsuite-good/pal1.bmp", "bmp", false, 1}, {"bmpsuite-good/pal4.bmp", "bmp", false, 4},
+      {"bmpsuite-good/pal8.bmp", "bmp", false, 8}, {"bmpsuite-good/rgb24.bmp", "bmp", false, 0},
+      {"formats/pil184.pcx", "pcx", false, 1},     {"formats/01r_00.pcx", "pcx", false, 8},
+      {"formats/hopper.gif", "png", false, 8},     {"bmpsuite-good/pal1.bmp", "bmp", true, 0},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(std::string(c.source) + " to " + c.target);
+    const QString source = folder_.File(QStringLiteral("source.") + QFileInfo(QLatin1String(c.source)).suffix());
+    QFile::remove(source);
+    ASSERT_TRUE(QFile::copy(testing_support::CorpusPath(QLatin1String(c.source)), source));
+    document_.OpenFile(source);
+    if (c.blur) document_.ApplyEdit(imaging::ops::Blur(Shown()), QStringLiteral("Blur"));
+    const imaging::Image before = Shown();
+    const QString target = folder_.File(QStringLiteral("saved.") + QLatin1String(c.target));
+    ASSERT_TRUE(document_.SaveImageTo(target));
+    EXPECT_EQ(imaging::PaletteBitsOfFile(target), c.bits);
+    EXPECT_EQ(MeanAbsoluteDifference(imaging::LoadFile(target).value(), before), 0);
   }
 }
 
