@@ -4,6 +4,7 @@
 //   vistrel-cli convert IN OUT load IN as the viewer does, save OUT by its extension
 //   vistrel-cli thumbnail IN OUT WIDTHxHEIGHT   the same, reduced to fit the box
 //   vistrel-cli apply IN OUT OPERATION [VALUE...]...   the editing operations in turn, then save
+//   vistrel-cli wallpaper set FILE | remove   the desktop wallpaper, as the viewer's Tools menu sets it
 // Exit codes: 0 done, 1 a file could not be opened or saved, 2 the words were wrong.
 // Failures go to standard error as "Can't open file: PATH (reason)".
 #include "edit/Catalogue.h"
@@ -11,6 +12,9 @@
 #include "imaging/Loader.h"
 #include "imaging/Saver.h"
 #include "imaging/Streaming.h"
+#include "base/FileNames.h"
+#include "shell/DesktopWallpaper.h"
+#include "shell/Wallpaper.h"
 
 #include <QCoreApplication>
 
@@ -25,6 +29,8 @@ constexpr const char* kUsage =
     "       vistrel-cli convert IN OUT\n"
     "       vistrel-cli thumbnail IN OUT WIDTHxHEIGHT\n"
     "       vistrel-cli apply IN OUT OPERATION [VALUE...] [OPERATION [VALUE...]]...\n"
+    "       vistrel-cli wallpaper set FILE\n"
+    "       vistrel-cli wallpaper remove\n"
     "       vistrel-cli --help | --version\n";
 
 int Usage() {
@@ -115,11 +121,18 @@ int Apply(const QString& input, const QString& output, const QStringList& words)
   return Save(*image, output);
 }
 
+int SetWallpaper(const QString& input) {
+  const auto image = imaging::LoadFile(input);
+  if (!image) return CantOpen(input);
+  return shell::SetWallpaperPicture(*image, shell::SetDesktopWallpaper) ? 0 : CantSave(shell::WallpaperFilePath());
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
   QCoreApplication application(argc, argv);
-  const QStringList arguments = QCoreApplication::arguments().mid(1);
+  QStringList arguments;
+  for (int i = 1; i < argc; ++i) arguments << base::DecodeFileName(argv[i]);
   const QString verb = arguments.value(0);
   if (verb == QLatin1String("--help")) {
     std::fputs(kUsage, stdout);
@@ -134,5 +147,12 @@ int main(int argc, char** argv) {
   if (verb == QLatin1String("convert") && arguments.size() == 3) return Convert(arguments[1], arguments[2]);
   if (verb == QLatin1String("thumbnail") && arguments.size() == 4) return Thumbnail(arguments[1], arguments[2], arguments[3]);
   if (verb == QLatin1String("apply") && arguments.size() >= 4) return Apply(arguments[1], arguments[2], arguments.mid(3));
+  if (verb == QLatin1String("wallpaper") && arguments.value(1) == QLatin1String("set") && arguments.size() == 3) {
+    return SetWallpaper(arguments[2]);
+  }
+  if (verb == QLatin1String("wallpaper") && arguments.value(1) == QLatin1String("remove") && arguments.size() == 2) {
+    shell::RemoveWallpaper(shell::SetDesktopWallpaper);
+    return 0;
+  }
   return Usage();
 }

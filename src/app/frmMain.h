@@ -17,6 +17,8 @@
 #include "edit/Catalogue.h"
 #include "files/Prefetcher.h"
 #include "settings/SettingsFile.h"
+#include "shell/DesktopWallpaper.h"
+#include "shell/Wallpaper.h"
 #include "view/Placing.h"
 #include "widgets/FileChooser.h"
 
@@ -76,6 +78,8 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   // ... the full-screen view through this ...
   using FullScreenRunner = std::function<void(view::frmFull& full)>;
   void SetFullScreenRunner(FullScreenRunner runner) { runFullScreen_ = std::move(runner); }
+  // ... the desktop's wallpaper through this ...
+  void SetWallpaperSetter(shell::WallpaperSetter setter) { setWallpaper_ = std::move(setter); }
   // ... and the parameter dialog through this: true for OK, false for Cancel.
   using ParameterDialogRunner = std::function<bool(edit::frmDiseno& dialog)>;
   void SetParameterDialogRunner(ParameterDialogRunner runner) { runParameterDialog_ = std::move(runner); }
@@ -126,6 +130,11 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   bool CanSave() const;
   bool CanSaveAs() const;
   bool RunOpenFolder();
+
+  // frmMainToolsCommands.cpp
+  bool CanSetWallpaper() const;
+  void RunSetWallpaper();
+  void RunRemoveWallpaper();
   void RunOpenFile();
   bool RunSave();
   bool RunSaveAs();
@@ -180,6 +189,7 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   FolderChooser chooseFolder_ = RunOpenFolderDialog;
   ParameterDialogRunner runParameterDialog_ = RunParameterDialog;
   FullScreenRunner runFullScreen_ = RunFullScreenView;
+  shell::WallpaperSetter setWallpaper_ = shell::SetDesktopWallpaper;
   QRect normalRect_;  // the restored rectangle, kept while maximized
   bool screenWatched_ = false;
 };

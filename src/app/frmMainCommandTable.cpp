@@ -95,7 +95,7 @@ void frmMain::DeclareFileCommands() {
             {[this] { RunProperties(); }, [this] { return !CommandFile().isEmpty(); }});
   t.Declare({"mnuFileExit", "E&xit", Qt::CTRL | Qt::Key_Q}, {[this] { close(); }});
   t.Declare({"mnuListFullScreen", "&Full Screen"}, {[this] { RunFullScreen(false); }, [this] { return CanZoom(); }});
-  t.Declare({"mnuListSetWallpaper", "&Set Wallpaper"});
+  t.Declare({"mnuListSetWallpaper", "&Set Wallpaper"}, {[this] { RunSetWallpaper(); }, [this] { return CanSetWallpaper(); }});
   t.Declare({"mnuListProperties", "Pr&operties..."}, {[this] { RunProperties(); }, [this] { return !CommandFile().isEmpty(); }});
 }
 
@@ -169,8 +169,8 @@ void frmMain::DeclareImageCommands() {
 void frmMain::DeclareToolsAndHelpCommands() {
   CommandTable& t = commands_;
   t.Declare({"mnuToolsSlideShow", "&Slide Show...", {}, "media-playback-start", "Slide Show"});
-  t.Declare({"mnuToolsSetWallpaper", "Se&t Wallpaper"});
-  t.Declare({"mnuToolsRemoveWallpaper", "&Remove Wallpaper"});
+  t.Declare({"mnuToolsSetWallpaper", "Se&t Wallpaper"}, {[this] { RunSetWallpaper(); }, [this] { return CanSetWallpaper(); }});
+  t.Declare({"mnuToolsRemoveWallpaper", "&Remove Wallpaper"}, {[this] { RunRemoveWallpaper(); }});
   t.Declare({"mnuToolsTiposArchivo", "&Associate File Types with Vistrel..."});
   t.Declare({"mnuToolsBorrarListaReciente", "&Clear List of Recent Folders"},
             {[this] { browse::ConfirmAndClearRecentFolders(this, state_.Settings); }});

@@ -1,0 +1,116 @@
+// The wallpaper on each desktop: GNOME's and MATE's real GSettings store (a private keyfile),
+// Xfce's real xfconf daemon on a private D-Bus session, and the command lines of the others.
+#include "shell/DesktopWallpaper.h"
+#include "support/TestFiles.h"
+
+#include <QProcess>
+#include <QUrl>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using shell::Desktop;
+using shell::DesktopWallpaper;
+
+// A private GSettings store and no session bus, so no portal answers.
+class PrivateGSettings : public ::testing::Test {
+ protected:
+  PrivateGSettings() {
+    qputenv("GSETTINGS_BACKEND", "keyfile");
+    qputenv("XDG_CONFIG_HOME", config_.Path().toUtf8());
+    qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent");
+  }
+  ~PrivateGSettings() override {
+    for (const char* name : {"GSETTINGS_BACKEND", "XDG_CONFIG_HOME", "DBUS_SESSION_BUS_ADDRESS"}) qunsetenv(name);
+  }
+  static QString Get(const QString& schema, const QString& key) {
+    return shell::RunProgram(QStringLiteral("gsettings"), {"get", schema, key}).Output.trimmed();
+  }
+  testing_support::TempFolder config_;
+};
+
+TEST_F(PrivateGSettings, GnomeShowsThePictureInBothStylesAndRemoveTurnsItOff) {
+  const QString schema = QStringLiteral("org.gnome.desktop.background");
+  const QString path = QStringLiteral("/home/ana/.local/share/vistrel/Vistrel Wallpaper.bmp");
+  const QString uri = u'\'' + QString::fromUtf8(QUrl::fromLocalFile(path).toEncoded()) + u'\'';
+  const DesktopWallpaper gnome(Desktop::Gnome, shell::RunProgram);
+  gnome.Set(path);
+  EXPECT_EQ(Get(schema, QStringLiteral("picture-uri")), uri);
+  EXPECT_EQ(Get(schema, QStringLiteral("picture-uri-dark")), uri);
+  gnome.Set(QString());
+  EXPECT_EQ(Get(schema, QStringLiteral("picture-options")), QStringLiteral("'none'"));
+  EXPECT_EQ(Get(schema, QStringLiteral("picture-uri")), uri);
+  gnome.Set(path);  // after a Remove, the picture comes back
+  EXPECT_EQ(Get(schema, QStringLiteral("picture-options")), QStringLiteral("'zoom'"));
+}
+
+TEST_F(PrivateGSettings, MateNamesTheFile) {
+  DesktopWallpaper(Desktop::Mate, shell::RunProgram).Set(QStringLiteral("/tmp/w.bmp"));
+  EXPECT_EQ(Get(QStringLiteral("org.mate.background"), QStringLiteral("picture-filename")), QStringLiteral("'/tmp/w.bmp'"));
+}
+
+// Two monitors' workspaces that already had pictures, all set by vistrel-cli through the
+// real daemon, then all turned off.
+TEST(Xfce, EveryMonitorAndWorkspaceGetsThePicture) {
+  testing_support::TempFolder folder;
+  const QString picture = folder.WritePng(QStringLiteral("photo.png"));
+  const QString script = QStringLiteral(
+      "q() { xfconf-query -c xfce4-desktop \"$@\"; }\n"
+      "q -p /backdrop/screen0/monitor0/workspace0/last-image -n -t string -s old.jpg\n"
+      "q -p /backdrop/screen0/monitorHDMI-1/workspace2/last-image -n -t string -s old.jpg\n"
+      "\"$1\" wallpaper set \"$2\" || exit 1\n"
+      "for p in monitor0/workspace0 monitorHDMI-1/workspace2; do\n"
+      "  echo \"$(q -p /backdrop/screen0/$p/last-image) $(q -p /backdrop/screen0/$p/image-style)\"; done\n"
+      "\"$1\" wallpaper remove && q -p /backdrop/screen0/monitorHDMI-1/workspace2/image-style\n");
+  QProcess session;
+  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+  environment.insert(QStringLiteral("XDG_CURRENT_DESKTOP"), QStringLiteral("XFCE"));
+  environment.insert(QStringLiteral("XDG_CONFIG_HOME"), folder.MakeFolder(QStringLiteral("config")));
+  environment.insert(QStringLiteral("XDG_DATA_HOME"), folder.MakeFolder(QStringLiteral("data")));
+  session.setProcessEnvironment(environment);
+  session.start(QStringLiteral("dbus-run-session"), {"--", "bash", "-c", script, "bash", VISTREL_CLI_PATH, picture});
+  ASSERT_TRUE(session.waitForFinished(60000));
+  const QString written = folder.File(QStringLiteral("data/vistrel/Vistrel Wallpaper.bmp"));
+  EXPECT_EQ(QString::fromUtf8(session.readAllStandardOutput()).split(u'\n', Qt::SkipEmptyParts),
+            QStringList({written + " 5", written + " 5", "0"}));
+}
+
+// What runs on the desktops tried through their own programs, the portal first.
+TEST(DesktopWallpaperCommands, PortalPlasmaAndLxqt) {
+  struct Case {
+    Desktop desktop;
+    bool portalAnswers;
+    const char* path;
+    QStringList expected;  // each program run, in order, and a part of its arguments
+  };
+  const Case cases[] = {
+      {Desktop::Kde, true, "/w.bmp", {"gdbus portal.Wallpaper.SetWallpaperURI  file:///w.bmp"}},
+      {Desktop::Kde, false, "/w.bmp", {"gdbus file:///w.bmp", "gdbus d.writeConfig(\"Image\", \"file:///w.bmp\")"}},
+      {Desktop::Kde, false, "", {"gdbus d.wallpaperPlugin = \"org.kde.color\""}},
+      {Desktop::Lxqt, false, "/w.bmp", {"gdbus file:///w.bmp", "pcmanfm-qt --set-wallpaper=/w.bmp --wallpaper-mode=zoom"}},
+      {Desktop::Lxqt, false, "", {"pcmanfm-qt --wallpaper-mode=color"}},
+  };
+  for (const Case& c : cases) {
+    QStringList ran;
+    DesktopWallpaper(c.desktop, [&](const QString& program, const QStringList& arguments) {
+      ran << program + u' ' + arguments.join(u' ');
+      const bool portal = arguments.contains(QStringLiteral("org.freedesktop.portal.Desktop"));
+      return shell::ProcessResult{portal && !c.portalAnswers ? 1 : 0, {}};
+    }).Set(QLatin1String(c.path));
+    ASSERT_EQ(ran.size(), c.expected.size()) << ran.join(u'\n').toStdString();
+    for (int i = 0; i < ran.size(); ++i) {
+      const QString program = c.expected[i].section(u' ', 0, 0), part = c.expected[i].section(u' ', 1);
+      EXPECT_TRUE(ran[i].startsWith(program + u' ') && ran[i].contains(part)) << ran[i].toStdString();
+    }
+  }
+}
+
+TEST(DesktopWallpaperCommands, TheDesktopIsTheFirstOneKnown) {
+  EXPECT_EQ(shell::DesktopFromName(QStringLiteral("ubuntu:GNOME")), Desktop::Gnome);
+  EXPECT_EQ(shell::DesktopFromName(QStringLiteral("X-Cinnamon")), Desktop::Cinnamon);
+  EXPECT_EQ(shell::DesktopFromName(QStringLiteral("Custom:XFCE")), Desktop::Xfce);
+  EXPECT_EQ(shell::DesktopFromName(QString()), Desktop::Gnome);
+}
+
+}  // namespace
