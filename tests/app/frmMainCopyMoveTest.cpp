@@ -5,10 +5,13 @@
 
 #include <QFile>
 #include <QCoreApplication>
+#include <QDir>
 #include <QFileInfo>
 #include <QTreeView>
 
+#include <sys/mount.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -80,6 +83,29 @@ TEST_F(frmMainCopyMoveTest, AFailedCopyOrMoveLosesNothing) {
   fileAnswer_ = {locked, 1};
   Trigger("mnuFileCopyTo");
   EXPECT_EQ(answerer.LastText(), QStringLiteral("Can't copy file. Destination file is as marked as read-only"));
+}
+
+// A full disk (a small tmpfs, mounted when the tests run as root): nothing is left on it,
+// and the source and the list stay.
+TEST_F(frmMainCopyMoveTest, AFullDiskLosesNothing) {
+  if (::geteuid() != 0) GTEST_SKIP() << "mounting a small file system needs root";
+  testing_support::TempFolder disk;
+  ASSERT_EQ(::mount("tmpfs", QFile::encodeName(disk.Path()).constData(), "tmpfs", 0, "size=64k"), 0);
+  QFile filler(disk.File(QStringLiteral("filler")));
+  ASSERT_TRUE(filler.open(QIODevice::WriteOnly));
+  while (filler.write(QByteArray(4096, 'x')) == 4096 && filler.flush()) {
+  }
+  filler.close();
+  for (const char* command : {"mnuFileCopyTo", "mnuFileMoveTo"}) {
+    fileAnswer_ = {disk.File(QStringLiteral("a.png")), 1};
+    DialogAnswerer answerer;
+    Trigger(command);
+    EXPECT_TRUE(answerer.LastText().startsWith(QStringLiteral("Can't "))) << command;
+    EXPECT_EQ(QDir(disk.Path()).entryList(QDir::Files | QDir::Hidden), QStringList{"filler"}) << command;
+    EXPECT_TRUE(QFile::exists(a_)) << command;
+    EXPECT_EQ(Listed(), 2);
+  }
+  ::umount2(QFile::encodeName(disk.Path()).constData(), MNT_DETACH);
 }
 
 TEST_F(frmMainCopyMoveTest, PropertiesOfAFileThatIsGoneSaysSo) {

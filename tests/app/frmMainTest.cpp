@@ -62,31 +62,6 @@ TEST_F(frmMainTest, AFolderOnTheCommandLineIsListedWithTheFirstEntryOpen) {
   EXPECT_EQ(window.windowTitle(), QStringLiteral("caf\u00e9.png - Vistrel"));
 }
 
-TEST_F(frmMainTest, ClosingWritesThe55LineSettingsFileThatReopensTheFolder) {
-  pictures_.WritePng(QStringLiteral("a.png"));
-  {
-    app::frmMain window(SettingsPath());
-    window.RunStartup(pictures_.Path());
-    EXPECT_TRUE(window.close());
-  }
-  const QStringList lines = CrLfLines(ReadAll(SettingsPath()));
-  ASSERT_EQ(lines.size(), 55);
-  EXPECT_EQ(lines[0], QStringLiteral("Vistrel 6.2"));
-  EXPECT_EQ(lines[11], QStringLiteral("2"));
-  EXPECT_EQ(lines[12], pictures_.Path());
-  EXPECT_EQ(lines[15], pictures_.Path());  // recent folder 0
-
-  QStringList edited = lines;
-  edited[44] = QStringLiteral("1");  // StartOption 1: open the last folder
-  testing_support::TempFolder unused;
-  ASSERT_TRUE(settings::WriteSettingsFile(SettingsPath(), (edited.join(QStringLiteral("\r\n")) + "\r\n").toUtf8()));
-  app::frmMain again(SettingsPath());
-  again.RunStartup(QString());
-  EXPECT_EQ(again.State().Settings.LastFolder, pictures_.Path());
-  EXPECT_EQ(again.CurrentDocument().View(), document::ViewMode::ListAndImage);
-  EXPECT_TRUE(again.CurrentDocument().ImageLoaded());
-}
-
 TEST_F(frmMainTest, WritingWhileMaximizedStoresTheRestoredRectangle) {
   app::frmMain window(SettingsPath());
   window.RunStartup(QString());
@@ -141,11 +116,6 @@ TEST_F(frmMainTest, DraggingTheSplitterStoresTheListWidthWithin30And360Pixels) {
   window.close();
   EXPECT_EQ(CrLfLines(ReadAll(SettingsPath()))[8], QStringLiteral("360"));
 }
-
-}  // namespace
-
-namespace {
-
 
 // Within each menu every command has its own access key, so a key press always runs it.
 TEST(frmMainMenus, AccessKeysAreUniqueWithinEachMenu) {
