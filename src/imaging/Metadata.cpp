@@ -1,23 +1,39 @@
 #include "imaging/Metadata.h"
 #include "base/FileNames.h"
+#include "base/NumberRules.h"
 
 #include "imaging/ImageInternal.h"
 
+#include <QDateTime>
 #include <QFile>
 
 namespace imaging {
 
 namespace {
 
-// libvips gives an EXIF field as "value (formatted, type, n components, bytes)": the value.
+// libvips gives an EXIF field as "value (formatted, type, n components, bytes)": the
+// formatted text, as photo tools show it ("f/8.0", "1/250 sec.", "50.0 mm", "Top-left").
 QString Field(vips::VImage& image, const char* name) {
   if (image.get_typeof(name) == 0) return {};
   char* text = nullptr;
   if (vips_image_get_as_string(image.get_image(), name, &text) != 0 || !text) return {};
-  QString value = QString::fromUtf8(text);
+  const QString value = QString::fromUtf8(text);
   g_free(text);
-  const qsizetype detail = value.indexOf(QStringLiteral(" ("));
-  return (detail >= 0 ? value.left(detail) : value).trimmed();
+  const qsizetype open = value.indexOf(QStringLiteral(" ("));
+  if (open < 0 || !value.endsWith(u')')) return value.trimmed();
+  QString formatted = value.mid(open + 2).chopped(1);
+  for (int i = 0; i < 3; ++i) {  // the type, the components and the bytes
+    const qsizetype comma = formatted.lastIndexOf(QStringLiteral(", "));
+    if (comma < 0) return value.left(open).trimmed();
+    formatted.truncate(comma);
+  }
+  return formatted.trimmed();
+}
+
+// A camera's "2024:07:14 10:30:00" in the form the Modified row uses.
+QString CameraDate(const QString& text) {
+  const QDateTime taken = QDateTime::fromString(text, QStringLiteral("yyyy:MM:dd HH:mm:ss"));
+  return taken.isValid() ? numbers::FormatGeneralDate(taken) : text;
 }
 
 QString Joined(const QString& first, const QString& second) {
@@ -41,7 +57,7 @@ std::vector<std::pair<QString, QString>> ReadPhotoMetadata(const QString& path) 
     add("Aperture", Field(image, "exif-ifd2-FNumber"));
     add("ISO", Field(image, "exif-ifd2-ISOSpeedRatings"));
     add("Focal length", Field(image, "exif-ifd2-FocalLength"));
-    add("Taken", Field(image, "exif-ifd2-DateTimeOriginal"));
+    add("Taken", CameraDate(Field(image, "exif-ifd2-DateTimeOriginal")));
     add("Orientation", Field(image, "exif-ifd0-Orientation"));
     if (image.get_typeof("icc-profile-data") != 0) add("Colour profile", QStringLiteral("embedded"));
     const QString latitude = Field(image, "exif-ifd3-GPSLatitude"), longitude = Field(image, "exif-ifd3-GPSLongitude");
