@@ -170,7 +170,10 @@ void frmMain::changeEvent(QEvent* event) {
 }
 
 void frmMain::LayOut() {
-  if (state_.StartingUp) return;
+  if (!state_.StartingUp) ArrangePanes();
+}
+
+void frmMain::ArrangePanes() {
   ctlToolbar_->setVisible(state_.Settings.ShowToolbar);
   statusBar()->setVisible(state_.Settings.ShowStatusBar);
   lisLista_->setVisible(document_.View() == document::ViewMode::ListAndImage);

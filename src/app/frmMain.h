@@ -99,6 +99,7 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   settings::WindowPlacement CurrentPlacement() const;
   void RememberNormalRectangle();
   void LayOut();
+  void ArrangePanes();
   void OnSplitterMoved();
 
   // frmMainWidgets.cpp

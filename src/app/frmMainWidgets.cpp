@@ -62,6 +62,15 @@ void frmMain::ConnectDocument() {
   using document::Document;
   connect(&document_, &Document::StateChanged, this, [this] { commands_.Refresh(); });
   connect(&document_, &Document::ImageShown, this, &frmMain::ShowImage);
+  document_.SetStandInLoader([this](const QString& path) { return files::LoadStandIn(path, state_.Metrics); });
+  connect(&document_, &Document::StandInShown, this, [this](const imaging::Image& picture, base::NaturalSize natural) {
+    picFondo_->SetAlwaysFit(state_.Settings.FitToWindow);
+    picFondo_->ShowStandIn(picture, natural, state_.Settings.FitToWindow);
+    if (!isVisible()) {  // a large image opened at start-up: the window shows with it
+      ArrangePanes();
+      show();
+    }
+  });
   connect(&document_, &Document::ImageEdited, this, &frmMain::ShowEditedImage);
   connect(&document_, &Document::StatusChanged, this, &frmMain::RefreshStatusBar);
   connect(&document_, &Document::ListRowSelected, this, &frmMain::SelectListRow);

@@ -15,8 +15,16 @@
 
 namespace document {
 
+namespace {
+
+constexpr int kMomentMs = 100;  // a picture within this feels immediate
+
+}  // namespace
+
 Document::Document(AppState& state, browse::FileListModel& list, DocumentPrompts& prompts, Loader loader)
-    : state_(state), list_(list), prompts_(prompts), loader_(std::move(loader)) {}
+    : state_(state), list_(list), prompts_(prompts), loader_(std::move(loader)) {
+  loading_.setMaxThreadCount(1);
+}
 
 StartupEnd Document::OpenAtStartup(const QString& commandLine) {
   const QString path = ResolveCommandLinePath(CommandLinePath(commandLine), QDir::currentPath());
@@ -120,11 +128,20 @@ void Document::ScanFolder() {
   shownRow_ = -1;
 }
 
+// The image is read on a worker. A read that takes longer than a moment shows a quick
+// picture first (when there is one) and keeps the window painted; a quick one finishes
+// before anything repaints, so stepping through a folder never flickers.
 void Document::Load(const QString& path) {
-  auto loaded = loader_(path);
   image_.reset();
   natural_ = {};
   paletteBits_ = 0;
+  std::optional<files::LoadedImage> loaded;
+  const QFuture<void> reading = QtConcurrent::run(&loading_, [&] { loaded = loader_(path); });
+  if (!loading_.waitForDone(kMomentMs)) {
+    if (auto standIn = standIn_ ? standIn_(path) : std::nullopt) Q_EMIT StandInShown(standIn->Picture, standIn->Natural);
+    std::atomic_bool ignored{false};
+    widgets::WaitForWork(reading, ignored);
+  }
   if (!loaded) return;
   image_ = std::move(loaded->Picture);
   natural_ = loaded->Natural;

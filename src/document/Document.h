@@ -17,6 +17,7 @@
 #include "imaging/PackedImage.h"
 
 #include <QObject>
+#include <QThreadPool>
 #include <QStringList>
 
 #include <atomic>
@@ -58,6 +59,8 @@ class Document : public QObject {
   // the scan (the list then stays empty and the status bar says so).
   void ScanFolder();
   void SetScanner(Scanner scanner) { scanner_ = std::move(scanner); }
+  // A quick picture to show while a large image is read (files::LoadStandIn).
+  void SetStandInLoader(Loader standIn) { standIn_ = std::move(standIn); }
   void ClickEntry(int row);
   // Next and previous image, first and last: the list's selection moves and the entry
   // opens as a click on it would. Nothing beyond either end.
@@ -121,6 +124,8 @@ class Document : public QObject {
   void StateChanged();
   // A new image, or none (nullptr): the selection goes and the zoom starts again.
   void ImageShown(const imaging::Image* image);
+  // While a large image is read: a reduced picture of it and the whole image's natural size.
+  void StandInShown(const imaging::Image& picture, base::NaturalSize natural);
   // The image changed by an edit, undo or redo, shown at the current zoom; the selection
   // goes first for an undone or redone Crop, Resize or Rotate.
   void ImageEdited(const imaging::Image& image, bool removeSelection);
@@ -154,6 +159,8 @@ class Document : public QObject {
   browse::FileListModel& list_;
   DocumentPrompts& prompts_;
   Loader loader_;
+  Loader standIn_;
+  QThreadPool loading_;  // the one thread that reads the image to show
   Scanner scanner_ = [](const QString& folder, bool imagesOnly, const std::atomic_bool* cancel) {
     return browse::ScanFolder(folder, imagesOnly, cancel);
   };

@@ -19,4 +19,9 @@ struct LoadedImage {
 
 std::optional<LoadedImage> LoadImageFile(const QString& path, const base::ScreenMetrics& metrics);
 
+// A quick picture of a large image to show while the whole one is read: decoded straight
+// at a fraction of its size (a JPEG at 1/2, 1/4 or 1/8 scale) to fit half the screen, with
+// the natural size of the whole image. Nothing for an image not much larger than the screen.
+std::optional<LoadedImage> LoadStandIn(const QString& path, const base::ScreenMetrics& metrics);
+
 }  // namespace files

@@ -26,10 +26,16 @@ bool Prefetcher::Unchanged(const Entry& entry, const QString& path) {
 }
 
 std::optional<LoadedImage> Prefetcher::Take(const QString& path) {
-  const auto found = entries_.find(path);
-  if (found != entries_.end()) {
-    Entry entry = std::move(found->second);
-    entries_.erase(found);
+  std::optional<Entry> taken;
+  {
+    const std::lock_guard lock(mutex_);
+    if (const auto found = entries_.find(path); found != entries_.end()) {
+      taken = std::move(found->second);
+      entries_.erase(found);
+    }
+  }
+  if (taken) {
+    Entry& entry = *taken;
     if (Unchanged(entry, path)) {
       Outcome outcome = entry.Result.result();
       if (!outcome.OverBudget) return std::move(outcome.Loaded);
@@ -47,7 +53,13 @@ Prefetcher::Outcome Prefetcher::DecodeWithin(const QString& path, qint64 share) 
   return {false, std::move(loaded)};
 }
 
+int Prefetcher::PrefetchedCount() const {
+  const std::lock_guard lock(mutex_);
+  return static_cast<int>(entries_.size());
+}
+
 void Prefetcher::Prefetch(const QStringList& paths) {
+  const std::lock_guard lock(mutex_);
   std::map<QString, Entry> kept;
   const qint64 share = paths.isEmpty() ? 0 : budgetBytes_ / paths.size();
   for (const QString& path : paths) {

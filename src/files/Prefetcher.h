@@ -14,6 +14,7 @@
 
 #include <functional>
 #include <map>
+#include <mutex>
 
 namespace files {
 
@@ -35,7 +36,7 @@ class Prefetcher {
   // Warms the image shown (its display levels) on the worker, before any prefetch.
   void Warm(const imaging::Image& shown);
   void WaitForIdle();
-  int PrefetchedCount() const { return static_cast<int>(entries_.size()); }
+  int PrefetchedCount() const;
 
  private:
   struct Outcome {
@@ -54,6 +55,7 @@ class Prefetcher {
   WarmHook warm_;
   qint64 budgetBytes_;
   QThreadPool pool_;
+  mutable std::mutex mutex_;  // Take runs on the document's loading thread
   std::map<QString, Entry> entries_;
 };
 

@@ -13,8 +13,9 @@ ImageCanvas::ImageCanvas(QWidget* parent) : QWidget(parent) {
   setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
-void ImageCanvas::SetImage(const std::optional<imaging::Image>& image) {
+void ImageCanvas::SetImage(const std::optional<imaging::Image>& image, double pixelsPerImagePixel) {
   image_ = image;
+  pixelsPerImagePixel_ = pixelsPerImagePixel;
   full_ = QImage();
   reduced_ = QImage();
   update();
@@ -33,8 +34,9 @@ const QImage& ImageCanvas::Source() {
     return full_;
   }
   if (reduced_.isNull()) {
-    const int width = std::max(1, int(std::lround(image_->Width() * percentage_ / 100.0)));
-    const int height = std::max(1, int(std::lround(image_->Height() * percentage_ / 100.0)));
+    const double factor = percentage_ / 100.0 / pixelsPerImagePixel_;
+    const int width = std::max(1, int(std::lround(image_->Width() * factor)));
+    const int height = std::max(1, int(std::lround(image_->Height() * factor)));
     reduced_ = image_->ReducedForDisplay(width, height).ToQImage();
   }
   return reduced_;
@@ -56,7 +58,8 @@ void ImageCanvas::paintEvent(QPaintEvent* event) {
   } else {
     // Only the exposed part, each image pixel a sharp block.
     const QRectF exposed = event->rect();
-    const QRectF source(exposed.left() / scale, exposed.top() / scale, exposed.width() / scale, exposed.height() / scale);
+    const double step = scale / pixelsPerImagePixel_;
+    const QRectF source(exposed.left() / step, exposed.top() / step, exposed.width() / step, exposed.height() / step);
     painter.drawImage(exposed, picture, source);
   }
   if (outline_.isEmpty()) return;

@@ -20,7 +20,9 @@ class ImageCanvas : public QWidget {
  public:
   explicit ImageCanvas(QWidget* parent);
 
-  void SetImage(const std::optional<imaging::Image>& image);
+  // `pixelsPerImagePixel` is below 1 for a stand-in: a reduced picture shown in the place
+  // of the whole image while that is read.
+  void SetImage(const std::optional<imaging::Image>& image, double pixelsPerImagePixel = 1.0);
   void SetZoom(int percentage);
   // The selection outline, in image pixels; an empty rectangle hides it.
   void SetOutline(const QRect& imagePixels);
@@ -45,6 +47,7 @@ class ImageCanvas : public QWidget {
   QImage full_;     // the image at 100 %, for zooms above it
   QImage reduced_;  // the image at the current zoom, for zooms up to 100 %
   int percentage_ = 100;
+  double pixelsPerImagePixel_ = 1.0;
   QRect outline_;
 };
 

@@ -62,6 +62,13 @@ void Viewport::SetImage(const std::optional<imaging::Image>& image, base::Natura
   Show(image, natural, fit);
 }
 
+void Viewport::ShowStandIn(const imaging::Image& picture, base::NaturalSize natural, bool fit) {
+  SelectNone();
+  Show(picture, natural, fit);
+  const double wholeWidth = natural.WidthTwips / TwipsX();
+  imaImagen_->SetImage(picture, wholeWidth > 0 ? picture.Width() / wholeWidth : 1.0);
+}
+
 // An edit that keeps the size keeps the view where it was; one that changes it is placed anew.
 void Viewport::ReplaceImage(const imaging::Image& image, base::NaturalSize natural) {
   const bool sameSize = image_ && image_->Width() == image.Width() && image_->Height() == image.Height();

@@ -31,6 +31,9 @@ class Viewport : public QWidget {
   // applies the fit percentage at once (one zoom, one reduced copy).
   void SetImage(const std::optional<imaging::Image>& image, base::NaturalSize natural, bool fit = false);
   bool HasImage() const { return image_.has_value(); }
+  // A reduced picture in the place of an image still being read, at the whole image's
+  // size and zoom; SetImage replaces it.
+  void ShowStandIn(const imaging::Image& picture, base::NaturalSize natural, bool fit);
   // An edited, undone or redone image: the zoom and any selection stay.
   void ReplaceImage(const imaging::Image& image, base::NaturalSize natural);
 

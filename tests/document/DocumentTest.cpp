@@ -199,6 +199,35 @@ TEST_F(DocumentTest, EscStopsASlowFolderScan) {
   EXPECT_EQ(status.last().at(0).toString(), QStringLiteral("Folder scan cancelled"));
 }
 
+// A read that takes a while shows the stand-in first and keeps the window alive; a
+// quick one goes straight to the image.
+TEST_F(DocumentTest, ASlowReadShowsAStandInFirst) {
+  const QString file = folder_.WritePng(QStringLiteral("big.png"), 40, 30);
+  for (const int readMs : {400, 0}) {
+    Document document(state_, list_, prompts_, [&](const QString& path) {
+      QThread::msleep(static_cast<unsigned long>(readMs));
+      return files::LoadImageFile(path, state_.Metrics);
+    });
+    document.SetStandInLoader([&](const QString&) {
+      return files::LoadedImage{testing_support::Painted(4, 3, [](int, int) { return QColor(Qt::red); }), {600, 450}};
+    });
+    QStringList shown;
+    QObject::connect(&document, &Document::StandInShown, [&](const imaging::Image& picture, base::NaturalSize natural) {
+      shown << QStringLiteral("stand-in %1 of %2").arg(picture.Width()).arg(natural.WidthTwips);
+    });
+    QObject::connect(&document, &Document::ImageShown, [&](const imaging::Image* image) {
+      if (image) shown << QStringLiteral("image %1").arg(image->Width());
+    });
+    int ticks = 0;
+    QTimer ticking;
+    QObject::connect(&ticking, &QTimer::timeout, [&] { ++ticks; });
+    ticking.start(10);
+    document.OpenAtStartup(file);
+    EXPECT_EQ(shown, readMs ? QStringList({"stand-in 4 of 600", "image 40"}) : QStringList{"image 40"}) << readMs;
+    EXPECT_EQ(ticks > 5, readMs > 0) << readMs;
+  }
+}
+
 TEST_F(DocumentTest, RenamingGuardsTheUsersFiles) {
   OpenFolderOf({"a.png", "b.png"});
   EXPECT_FALSE(document_.RenameEntry(0, QStringLiteral("a?.png")));
