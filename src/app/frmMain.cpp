@@ -75,6 +75,7 @@ void frmMain::RefreshScreenMetrics() {
   base::ScreenMetrics& m = state_.Metrics;
   m.TwipsPerPixelX = static_cast<float>(1440.0 / screen->logicalDotsPerInchX());
   m.TwipsPerPixelY = static_cast<float>(1440.0 / screen->logicalDotsPerInchY());
+  m.DevicePixelRatio = static_cast<float>(screen->devicePixelRatio());
   m.ScreenWidthTwips = static_cast<float>(screen->size().width()) * m.TwipsPerPixelX;
   m.ScreenHeightTwips = static_cast<float>(screen->size().height()) * m.TwipsPerPixelY;
 }

@@ -24,7 +24,7 @@ bool frmMain::CanRunImageCommand() const { return document_.CanEdit() && !docume
 QRect frmMain::SelectionPixels() const {
   const view::SelectionRecord& selection = picFondo_->Selection();
   if (!selection.Exists()) return {};
-  return selection.Pixels(state_.Metrics.TwipsPerPixelX, state_.Metrics.TwipsPerPixelY);
+  return selection.Pixels(state_.Metrics.ImageTwipsPerPixelX(), state_.Metrics.ImageTwipsPerPixelY());
 }
 
 void frmMain::RunCatalogueCommand(const edit::CatalogueCommand& command) {
@@ -51,9 +51,11 @@ void frmMain::RunCatalogueCommand(const edit::CatalogueCommand& command) {
 // showed when it opened where a box does not hold a number. Nothing on Cancel.
 std::optional<edit::Arguments> frmMain::AskParameters(const edit::CatalogueCommand& command) {
   const QString description = edit::DialogDescriptionFor(QLatin1String(command.Command));
-  const base::NaturalSize natural = document_.Natural();
-  const edit::DialogContext context{natural.WidthTwips, natural.HeightTwips, state_.Metrics.TwipsPerPixelX,
-                                    state_.Metrics.TwipsPerPixelY};
+  base::ScreenMetrics logical = state_.Metrics;  // the dialog gives the size in image pixels
+  logical.DevicePixelRatio = 1;
+  const imaging::Image& image = *document_.CurrentImage();
+  const base::NaturalSize natural = base::NaturalSize::FromPixels(image.Width(), image.Height(), logical);
+  const edit::DialogContext context{natural.WidthTwips, natural.HeightTwips, logical.TwipsPerPixelX, logical.TwipsPerPixelY};
   QCoreApplication::processEvents();
   edit::frmDiseno dialog(description, context, document_.CurrentImage(), edit::PreviewOperation(command), this);
   const bool accepted = runParameterDialog_(dialog);

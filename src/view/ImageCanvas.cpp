@@ -34,7 +34,7 @@ const QImage& ImageCanvas::Source() {
     return full_;
   }
   if (reduced_.isNull()) {
-    const double factor = percentage_ / 100.0 / pixelsPerImagePixel_;
+    const double factor = percentage_ / 100.0 / pixelsPerImagePixel_;  // one image pixel a device pixel at 100 %
     const int width = std::max(1, int(std::lround(image_->Width() * factor)));
     const int height = std::max(1, int(std::lround(image_->Height() * factor)));
     reduced_ = image_->ReducedForDisplay(width, height).ToQImage();
@@ -51,7 +51,8 @@ void ImageCanvas::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
   painter.fillRect(event->rect(), Qt::white);  // the control's own background
   if (!image_) return;
-  const double scale = percentage_ / 100.0;
+  // Logical pixels per image pixel: at 100 % an image pixel is one device pixel.
+  const double scale = percentage_ / 100.0 / devicePixelRatioF();
   const QImage& picture = Source();
   if (percentage_ < 100) {
     painter.drawImage(QRectF(0, 0, width(), height()), picture);
@@ -64,8 +65,9 @@ void ImageCanvas::paintEvent(QPaintEvent* event) {
   }
   if (outline_.isEmpty()) return;
   // White under black dashes, so the outline shows on dark and light pictures alike.
-  const QRectF frame(outline_.left() * scale, outline_.top() * scale, outline_.width() * scale - 1,
-                     outline_.height() * scale - 1);
+  const double onePixel = 1 / devicePixelRatioF();
+  const QRectF frame(outline_.left() * scale, outline_.top() * scale, outline_.width() * scale - onePixel,
+                     outline_.height() * scale - onePixel);
   painter.setPen(QPen(Qt::white, 0));
   painter.drawRect(frame);
   painter.setPen(QPen(Qt::black, 0, Qt::DashLine));

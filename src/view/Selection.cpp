@@ -3,6 +3,7 @@
 #include "base/NumberRules.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace view {
 
@@ -15,14 +16,19 @@ std::pair<float, float> Span(float anchor, float pointer, float limit, float twi
   return {pointer, anchor - pointer + twipsPerPixel};
 }
 
+// The whole image pixels in a twips value: the legacy rounded division where an image
+// pixel is a whole number of twips (15 on a screen at 100 %), exact division where it is
+// not (7.5 at 200 % desktop scaling, where an image pixel is a device pixel).
+int Pixel(double twips, float twipsPerPixel) {
+  if (twipsPerPixel == std::floor(twipsPerPixel)) return numbers::RoundedDiv(twips, twipsPerPixel).value_or(0);
+  return int(numbers::RoundToInt32(twips).value_or(0) / double(twipsPerPixel));
+}
+
 // Steps 1 to 3 of the conversion: to 100 %, to whole image pixels, back to twips.
 float ToImageTwips(float dragValue, int percentage, float twipsPerPixel) {
   const double atFull = double(dragValue) * (100.0 / percentage);
-  const int pixels = numbers::RoundedDiv(numbers::Floor(atFull), twipsPerPixel).value_or(0);
-  return twipsPerPixel * float(pixels);
+  return twipsPerPixel * float(Pixel(numbers::Floor(atFull), twipsPerPixel));
 }
-
-int Pixel(float twips, float twipsPerPixel) { return numbers::RoundedDiv(twips, twipsPerPixel).value_or(0); }
 
 }  // namespace
 

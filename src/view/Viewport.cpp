@@ -65,7 +65,7 @@ void Viewport::SetImage(const std::optional<imaging::Image>& image, base::Natura
 void Viewport::ShowStandIn(const imaging::Image& picture, base::NaturalSize natural, bool fit) {
   SelectNone();
   Show(picture, natural, fit);
-  const double wholeWidth = natural.WidthTwips / TwipsX();
+  const double wholeWidth = natural.WidthTwips / metrics_.ImageTwipsPerPixelX();
   imaImagen_->SetImage(picture, wholeWidth > 0 ? picture.Width() / wholeWidth : 1.0);
 }
 
@@ -177,7 +177,8 @@ void Viewport::SelectNone() {
 }
 
 void Viewport::ShowOutline() {
-  imaImagen_->SetOutline(selection_.Shown ? selection_.Pixels(TwipsX(), TwipsY()) : QRect());
+  imaImagen_->SetOutline(selection_.Shown ? selection_.Pixels(metrics_.ImageTwipsPerPixelX(), metrics_.ImageTwipsPerPixelY())
+                                          : QRect());
 }
 
 void Viewport::BeginDrag(QPointF pixels) {
@@ -193,7 +194,8 @@ void Viewport::Drag(QPointF pixels) {
   lastPointer_ = pixels;
   const float tx = TwipsX(), ty = TwipsY();
   drag_ = SpanDrag(anchor_, QPointF(pixels.x() * tx, pixels.y() * ty), ControlTwips(), tx, ty);
-  selection_ = ToSelectionRecord(drag_, percentage_, tx, ty, QSizeF(natural_.WidthTwips, natural_.HeightTwips));
+  selection_ = ToSelectionRecord(drag_, percentage_, metrics_.ImageTwipsPerPixelX(), metrics_.ImageTwipsPerPixelY(),
+                                 QSizeF(natural_.WidthTwips, natural_.HeightTwips));
   ShowOutline();
   imaImagen_->setCursor(Qt::CrossCursor);
   Q_EMIT SelectionChanged();
