@@ -18,6 +18,8 @@
 #include "files/Prefetcher.h"
 #include "settings/SettingsFile.h"
 #include "shell/DesktopWallpaper.h"
+#include "slideshow/frmSlideShow.h"
+#include "slideshow/frmSlideShow2.h"
 #include "shell/Wallpaper.h"
 #include "view/Placing.h"
 #include "widgets/FileChooser.h"
@@ -78,6 +80,11 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   // ... the full-screen view through this ...
   using FullScreenRunner = std::function<void(view::frmFull& full)>;
   void SetFullScreenRunner(FullScreenRunner runner) { runFullScreen_ = std::move(runner); }
+  // ... the slide show's setup dialog and its player through these ...
+  using SlideShowRunner = std::function<void(slideshow::frmSlideShow& setup)>;
+  void SetSlideShowRunner(SlideShowRunner runner) { runSlideShow_ = std::move(runner); }
+  using PlayerRunner = std::function<void(slideshow::frmSlideShow2& player)>;
+  void SetPlayerRunner(PlayerRunner runner) { runPlayer_ = std::move(runner); }
   // ... the desktop's wallpaper through this ...
   void SetWallpaperSetter(shell::WallpaperSetter setter) { setWallpaper_ = std::move(setter); }
   // ... and the parameter dialog through this: true for OK, false for Cancel.
@@ -133,6 +140,8 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   bool RunOpenFolder();
 
   // frmMainToolsCommands.cpp
+  void RunSlideShow();
+  void PlaySlideShow(const slideshow::PlayerSettings& settings);
   bool CanSetWallpaper() const;
   void RunSetWallpaper();
   void RunRemoveWallpaper();
@@ -191,6 +200,11 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   ParameterDialogRunner runParameterDialog_ = RunParameterDialog;
   FullScreenRunner runFullScreen_ = RunFullScreenView;
   shell::WallpaperSetter setWallpaper_ = shell::SetDesktopWallpaper;
+  SlideShowRunner runSlideShow_ = [](slideshow::frmSlideShow& setup) { setup.exec(); };
+  PlayerRunner runPlayer_ = [](slideshow::frmSlideShow2& player) {
+    player.showFullScreen();
+    player.exec();
+  };
   QRect normalRect_;  // the restored rectangle, kept while maximized
   bool screenWatched_ = false;
 };

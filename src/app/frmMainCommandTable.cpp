@@ -168,7 +168,7 @@ void frmMain::DeclareImageCommands() {
 
 void frmMain::DeclareToolsAndHelpCommands() {
   CommandTable& t = commands_;
-  t.Declare({"mnuToolsSlideShow", "&Slide Show...", {}, "media-playback-start", "Slide Show"});
+  t.Declare({"mnuToolsSlideShow", "&Slide Show...", {}, "media-playback-start", "Slide Show"}, {[this] { RunSlideShow(); }});
   t.Declare({"mnuToolsSetWallpaper", "Se&t Wallpaper"}, {[this] { RunSetWallpaper(); }, [this] { return CanSetWallpaper(); }});
   t.Declare({"mnuToolsRemoveWallpaper", "&Remove Wallpaper"}, {[this] { RunRemoveWallpaper(); }});
   t.Declare({"mnuToolsTiposArchivo", "&Associate File Types with Vistrel..."});

@@ -1,9 +1,13 @@
-// Tools > Set Wallpaper and Remove Wallpaper (and the list menu's Set Wallpaper).
+// Tools > Slide Show, Set Wallpaper and Remove Wallpaper (and the list menu's Set Wallpaper).
 #include "app/frmMain.h"
 
+#include "base/Colors.h"
+#include "view/Viewport.h"
 #include "widgets/BusyPointer.h"
 
+#include <QCoreApplication>
 #include <QMessageBox>
+#include <QScreen>
 #include <QTreeView>
 
 namespace app {
@@ -17,6 +21,32 @@ bool AskYesNo(QWidget* parent, const QString& title, const QString& question) {
 }
 
 }  // namespace
+
+// The setup dialog takes the open folder's list; it stays open while the player runs.
+void frmMain::RunSlideShow() {
+  const bool folderOpen = state_.Settings.LastOpenKind == settings::kOpenFolder;
+  QStringList names;
+  for (int i = 0; folderOpen && i < list_.Count(); ++i) names << list_.Entry(i).FileName;
+  slideshow::frmSlideShow setup(folderOpen ? state_.Settings.LastFolder : QString(), names,
+                                lisLista_->currentIndex().isValid() ? lisLista_->currentIndex().row() : -1,
+                                base::ColorFromBgr(state_.Settings.ColorFullScreen), chooseFile_,
+                                [this](const slideshow::PlayerSettings& settings) { PlaySlideShow(settings); }, this);
+  runSlideShow_(setup);
+}
+
+// The window's picture is hidden while the show covers the screen, so it never redraws
+// behind it.
+void frmMain::PlaySlideShow(const slideshow::PlayerSettings& settings) {
+  QCoreApplication::processEvents();
+  QWidget* imaImagen = picFondo_->findChild<QWidget*>(QStringLiteral("imaImagen"));
+  imaImagen->setVisible(false);
+  imaImagen->repaint();
+  slideshow::frmSlideShow2 player(settings, this);
+  if (const QScreen* screen = this->screen()) player.setGeometry(screen->geometry());  // the window's screen
+  runPlayer_(player);
+  imaImagen->setVisible(document_.ImageLoaded());
+  QCoreApplication::processEvents();
+}
 
 // An image is shown from an open file or folder; in a folder, a list entry is selected.
 bool frmMain::CanSetWallpaper() const {

@@ -2,6 +2,7 @@
 
 #include <QStringDecoder>
 
+#include <algorithm>
 #include <array>
 
 namespace base {
@@ -29,6 +30,22 @@ QString DecodeWindows1252(const QByteArray& bytes) {
     }
   }
   return text;
+}
+
+std::optional<QByteArray> EncodeWindows1252(const QString& text) {
+  QByteArray bytes;
+  bytes.reserve(text.size());
+  for (const QChar c : text) {
+    const char16_t code = c.unicode();
+    if (code < 0x80 || (code >= 0xA0 && code <= 0xFF)) {
+      bytes += char(code);
+      continue;
+    }
+    const auto* found = std::find(kHighControlRange.begin(), kHighControlRange.end(), code);
+    if (found == kHighControlRange.end()) return std::nullopt;
+    bytes += char(0x80 + (found - kHighControlRange.begin()));
+  }
+  return bytes;
 }
 
 QString DecodeUtf8OrWindows1252(const QByteArray& bytes) {

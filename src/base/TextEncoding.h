@@ -6,7 +6,12 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
+
 namespace base {
+
+// The text in Windows-1252; nullopt when a character has no place in it.
+std::optional<QByteArray> EncodeWindows1252(const QString& text);
 
 // UTF-8 when the bytes are valid UTF-8, otherwise Windows-1252.
 QString DecodeUtf8OrWindows1252(const QByteArray& bytes);

@@ -1,0 +1,43 @@
+#pragma once
+// The slide show list file: the folder, the rows in show order with their check marks,
+// the four options, the advance mode and the seconds per image. One value a line, CR LF.
+// Three generations are read ("Vistrel 6.2 SlideShow", "SlideShow50", "SlideShow"); the
+// current one is written.
+
+#include <QByteArray>
+#include <QLocale>
+#include <QString>
+
+#include <optional>
+#include <vector>
+
+namespace slideshow {
+
+struct SlideShowRow {
+  QString Name;  // the file name, without the folder
+  bool Checked = true;
+  bool operator==(const SlideShowRow&) const = default;
+};
+
+// What a list file holds. Reading a file that ends early leaves the values it never
+// reached unset, so the dialog keeps what it showed for them.
+struct SlideShowList {
+  QString Folder;
+  std::vector<SlideShowRow> Rows;
+  std::optional<bool> Random, Repeat, FitToWindow, ShowFileName;
+  std::optional<bool> ManualAdvance;
+  std::optional<QString> Seconds;  // as the seconds box shows it, in the user's locale
+};
+
+// The seconds box's text read in the user's locale and rounded to one decimal (a half
+// rounds up); nullopt when it is not a number.
+std::optional<double> SecondsFromText(const QString& text, const QLocale& locale);
+
+// Nullopt for a file whose first line is none of the three headers.
+std::optional<SlideShowList> ReadSlideShowText(const QByteArray& bytes, const QLocale& locale);
+
+// The current generation. The names go in Windows-1252 when every one fits in it (so the
+// lists open in older programs too), otherwise in UTF-8.
+QByteArray WriteSlideShowText(const SlideShowList& list, const QLocale& locale);
+
+}  // namespace slideshow

@@ -1,0 +1,272 @@
+#include "slideshow/frmSlideShow.h"
+
+#include "base/Paths.h"
+#include "files/LoadImageFile.h"
+#include "widgets/BusyPointer.h"
+#include "widgets/Fonts.h"
+#include "widgets/TextFit.h"
+
+#include <QCheckBox>
+#include <QFile>
+#include <QGridLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSaveFile>
+#include <QTimer>
+
+namespace slideshow {
+
+namespace {
+
+const QStringList kListFilters = {QStringLiteral("Slide Show files (*.txt)"), QStringLiteral("All files (*)")};
+
+QPushButton* Button(QWidget* parent, const char* name, const QString& caption) {
+  auto* button = new QPushButton(caption, parent);
+  button->setObjectName(QLatin1String(name));
+  button->setAutoDefault(false);
+  return button;
+}
+
+void Exclaim(QWidget* parent, const QString& text) {
+  QMessageBox::warning(parent, QStringLiteral("Vistrel"), text);
+}
+
+}  // namespace
+
+frmSlideShow::frmSlideShow(const QString& folder, const QStringList& names, int selectedRow, QColor background,
+                           widgets::FileChooser chooseFile, PlayerRunner runPlayer, QWidget* parent)
+    : QDialog(parent), background_(background), chooseFile_(std::move(chooseFile)), runPlayer_(std::move(runPlayer)) {
+  setObjectName(QStringLiteral("frmSlideShow"));
+  setWindowTitle(QStringLiteral("Slide Show"));
+  widgets::ApplyTahomaFont(*this);
+  BuildControls();
+  SetFolder(folder);
+  if (!folder.isEmpty()) {
+    for (const QString& name : names) AddRow({name, true});
+    if (selectedRow >= 0 && selectedRow < lisLista_->count()) {
+      lisLista_->setCurrentRow(selectedRow);
+      lisLista_->scrollToItem(lisLista_->item(selectedRow));
+    }
+  }
+  SetManual(true);
+  txtVelocidad_->setText(QStringLiteral("3"));
+  suppressEvents_ = false;
+  ShowSelectedPreview();
+}
+
+void frmSlideShow::BuildControls() {
+  auto* grid = new QGridLayout(this);
+  lblCarpeta_ = new QLabel(QStringLiteral("Folder"), this);
+  lblCarpeta_->setObjectName(QStringLiteral("lblCarpeta"));
+  grid->addWidget(lblCarpeta_, 0, 0, 1, 3);
+  grid->addWidget(new QLabel(QStringLiteral("Images  "), this), 1, 0);
+  lisLista_ = new QListWidget(this);
+  lisLista_->setObjectName(QStringLiteral("lisLista"));
+  lisLista_->setMinimumSize(220, 260);
+  connect(lisLista_, &QListWidget::currentRowChanged, this, [this] { ShowSelectedPreview(); });
+  grid->addWidget(lisLista_, 2, 0, 6, 1);
+  const std::pair<const char*, QString> listButtons[] = {
+      {"cmdTodos", "Select All"}, {"cmdNinguno", "Select None"}, {"cmdArriba", "Up"}, {"cmdAbajo", "Down"},
+      {"cmdAbrir", "Open..."},    {"cmdGuardar", "Save..."}};
+  const std::function<void()> actions[] = {[this] { CheckAll(true); }, [this] { CheckAll(false); },
+                                           [this] { MoveSelected(-1); }, [this] { MoveSelected(1); },
+                                           [this] { Open(); },           [this] { Save(); }};
+  for (int i = 0; i < 6; ++i) {
+    QPushButton* button = Button(this, listButtons[i].first, listButtons[i].second);
+    connect(button, &QPushButton::clicked, this, actions[i]);
+    grid->addWidget(button, 2 + i, 1);
+  }
+  auto* picPreview = new QWidget(this);
+  picPreview->setObjectName(QStringLiteral("picPreview"));
+  imaPreview_ = new QLabel(picPreview);
+  imaPreview_->setObjectName(QStringLiteral("imaPreview"));
+  imaPreview_->setAlignment(Qt::AlignCenter);
+  imaPreview_->setStyleSheet(QStringLiteral("background: white"));
+  imaPreview_->setFixedSize(240, 180);
+  grid->addWidget(picPreview, 2, 2, 3, 2);
+  picPreview->setFixedSize(imaPreview_->size());
+  grid->addWidget(new QLabel(QStringLiteral("Options  "), this), 5, 2);
+  const QString options[] = {QStringLiteral("&Random"), QStringLiteral("R&epeat"), QStringLiteral("&Fit to window"),
+                             QStringLiteral("&Show file name")};
+  auto* optionBox = new QGridLayout;
+  for (int i = 0; i < 4; ++i) {
+    chkOpcion_[i] = new QCheckBox(options[i], this);
+    chkOpcion_[i]->setObjectName(QStringLiteral("chkOpcion(%1)").arg(i));
+    optionBox->addWidget(chkOpcion_[i], i, 0, 1, 3);
+  }
+  const QString modes[] = {QStringLiteral("&Manual advance"), QStringLiteral("&Automatic advance")};
+  for (int i = 0; i < 2; ++i) {
+    optModo_[i] = new QRadioButton(modes[i], this);
+    optModo_[i]->setObjectName(QStringLiteral("optModo(%1)").arg(i));
+    connect(optModo_[i], &QRadioButton::clicked, this, [this, i] {
+      if (!suppressEvents_) SetManual(i == 0);
+    });
+    optionBox->addWidget(optModo_[i], 4 + i, 0, 1, 3);
+  }
+  txtVelocidad_ = new QLineEdit(this);
+  txtVelocidad_->setObjectName(QStringLiteral("txtVelocidad"));
+  txtVelocidad_->setMaximumWidth(70);
+  txtVelocidad_->installEventFilter(this);
+  optionBox->addWidget(txtVelocidad_, 6, 1);
+  optionBox->addWidget(new QLabel(QStringLiteral("seconds"), this), 6, 2);
+  grid->addLayout(optionBox, 6, 2, 2, 2);
+  QPushButton* start = Button(this, "cmdStart", QStringLiteral("Start"));
+  QPushButton* close = Button(this, "cmdCerrar", QStringLiteral("Close"));
+  connect(start, &QPushButton::clicked, this, &frmSlideShow::Start);
+  connect(close, &QPushButton::clicked, this, &QDialog::reject);
+  grid->addWidget(start, 8, 2);
+  grid->addWidget(close, 8, 3);
+}
+
+void frmSlideShow::SetFolder(const QString& folder) {
+  folder_ = folder;
+  lisLista_->clear();
+  const QString caption = QStringLiteral("Folder: ") + (folder.isEmpty() ? QStringLiteral("(None)") : folder);
+  lblCarpeta_->setText(widgets::FitTextToWidth(caption, std::max(200, width() - 30), lblCarpeta_->fontMetrics()));
+  lblCarpeta_->setToolTip(folder);
+}
+
+void frmSlideShow::AddRow(const SlideShowRow& row) {
+  auto* item = new QListWidgetItem(row.Name, lisLista_);
+  item->setFlags(item->flags() | Qt::ItemIsUserCheckable);
+  item->setCheckState(row.Checked ? Qt::Checked : Qt::Unchecked);
+}
+
+void frmSlideShow::ShowSelectedPreview() {
+  if (suppressEvents_) return;
+  imaPreview_->clear();
+  const QListWidgetItem* item = lisLista_->currentItem();
+  if (!item || !item->isSelected() || folder_.isEmpty()) return;
+  widgets::BusyPointerGuard busy;
+  if (const auto loaded = files::LoadImageFile(base::JoinPath(folder_, item->text()), {})) {
+    imaPreview_->setPixmap(QPixmap::fromImage(loaded->Picture.ToQImageFitting(imaPreview_->width(), imaPreview_->height())));
+  }
+}
+
+void frmSlideShow::SetManual(bool manual) {
+  optModo_[manual ? 0 : 1]->setChecked(true);
+  txtVelocidad_->setEnabled(!manual);
+}
+
+void frmSlideShow::CheckAll(bool checked) {
+  suppressEvents_ = true;
+  for (int i = 0; i < lisLista_->count(); ++i) lisLista_->item(i)->setCheckState(checked ? Qt::Checked : Qt::Unchecked);
+  lisLista_->setCurrentRow(-1);
+  imaPreview_->clear();
+  suppressEvents_ = false;
+}
+
+void frmSlideShow::MoveSelected(int by) {
+  const int row = lisLista_->currentRow();
+  const int target = row + by;
+  if (row < 0 || !lisLista_->currentItem()->isSelected() || target < 0 || target >= lisLista_->count()) return;
+  suppressEvents_ = true;
+  QListWidgetItem* moved = lisLista_->takeItem(row);
+  lisLista_->insertItem(target, moved);
+  lisLista_->setCurrentRow(target);
+  lisLista_->scrollToItem(moved);
+  suppressEvents_ = false;
+}
+
+void frmSlideShow::Open() {
+  const widgets::FileDialogAnswer answer = chooseFile_(this, {QStringLiteral("Open"), kListFilters, 1, {}, false});
+  if (answer.Path.isEmpty()) return;
+  widgets::BusyPointerGuard busy;
+  ReadSlideShowFile(answer.Path);
+}
+
+void frmSlideShow::Save() {
+  if (folder_.isEmpty()) return;
+  const widgets::FileDialogAnswer answer = chooseFile_(this, {QStringLiteral("Save"), kListFilters, 1, {}, true});
+  if (answer.Path.isEmpty()) return;
+  widgets::BusyPointerGuard busy;
+  WriteSlideShowFile(answer.Path);
+}
+
+SlideShowList frmSlideShow::State() const {
+  SlideShowList list;
+  list.Folder = folder_;
+  for (int i = 0; i < lisLista_->count(); ++i) {
+    list.Rows.push_back({lisLista_->item(i)->text(), lisLista_->item(i)->checkState() == Qt::Checked});
+  }
+  list.Random = chkOpcion_[0]->isChecked();
+  list.Repeat = chkOpcion_[1]->isChecked();
+  list.FitToWindow = chkOpcion_[2]->isChecked();
+  list.ShowFileName = chkOpcion_[3]->isChecked();
+  list.ManualAdvance = optModo_[0]->isChecked();
+  list.Seconds = txtVelocidad_->text();
+  return list;
+}
+
+void frmSlideShow::ReadSlideShowFile(const QString& path) {
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly)) return;
+  if (const auto list = ReadSlideShowText(file.read(std::int64_t(64) << 20), locale())) Apply(*list);
+}
+
+void frmSlideShow::Apply(const SlideShowList& list) {
+  suppressEvents_ = true;
+  SetFolder(list.Folder);
+  imaPreview_->clear();
+  for (const SlideShowRow& row : list.Rows) AddRow(row);
+  lisLista_->setCurrentRow(-1);
+  const std::array<std::optional<bool>, 4> options = {list.Random, list.Repeat, list.FitToWindow, list.ShowFileName};
+  for (size_t i = 0; i < options.size(); ++i) {
+    if (options[i]) chkOpcion_[i]->setChecked(*options[i]);
+  }
+  if (list.ManualAdvance) SetManual(*list.ManualAdvance);
+  if (list.Seconds) txtVelocidad_->setText(*list.Seconds);
+  suppressEvents_ = false;
+}
+
+// A user's file is replaced only once the new one is written whole.
+void frmSlideShow::WriteSlideShowFile(const QString& path) const {
+  QSaveFile file(path);
+  if (!file.open(QIODevice::WriteOnly)) return;
+  file.write(WriteSlideShowText(State(), locale()));
+  file.commit();
+}
+
+void frmSlideShow::Start() {
+  const SlideShowList list = State();
+  if (folder_.isEmpty()) {
+    return Exclaim(this, QStringLiteral("No images. You may:\r\n1. Close this dialog and click 'File | Open Folder' menu\r\n"
+                                        "or\r\n2. Click 'Open...' to open a slideshow file"));
+  }
+  if (std::none_of(list.Rows.begin(), list.Rows.end(), [](const SlideShowRow& row) { return row.Checked; })) {
+    return Exclaim(this, QStringLiteral("No image selected"));
+  }
+  PlayerSettings settings{folder_, list.Rows, lisLista_->currentItem() && lisLista_->currentItem()->isSelected() ? lisLista_->currentRow() : -1,
+                          *list.Random, *list.Repeat, *list.FitToWindow, *list.ShowFileName, -1, background_};
+  if (!*list.ManualAdvance) {
+    const auto seconds = SecondsFromText(txtVelocidad_->text(), locale());
+    if (!seconds || *seconds < 0.1 || *seconds > 9999.9) {
+      Exclaim(this, QStringLiteral("Please enter a number between 0.1 and 9999.9 seconds"));
+      txtVelocidad_->setFocus();
+      return;
+    }
+    settings.Seconds = *seconds;
+  }
+  runPlayer_(settings);
+}
+
+// The seconds box takes digits, the signs and the locale's decimal separator; it selects
+// its whole text when it gains the focus.
+bool frmSlideShow::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == txtVelocidad_ && event->type() == QEvent::FocusIn) {
+    QTimer::singleShot(0, txtVelocidad_, &QLineEdit::selectAll);
+  }
+  if (watched == txtVelocidad_ && event->type() == QEvent::KeyPress) {
+    const QString text = static_cast<QKeyEvent*>(event)->text();
+    const QString allowed = QStringLiteral("0123456789+-") + locale().decimalPoint();
+    if (!text.isEmpty() && text[0] >= u' ' && !allowed.contains(text[0])) return true;
+  }
+  return QDialog::eventFilter(watched, event);
+}
+
+}  // namespace slideshow
