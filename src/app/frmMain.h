@@ -141,7 +141,7 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
 
   // frmMainToolsCommands.cpp
   void RunSlideShow();
-  void PlaySlideShow(const slideshow::PlayerSettings& settings);
+  void PlaySlideShow(const slideshow::PlayerSettings& settings, QWidget* setup);
   bool CanSetWallpaper() const;
   void RunSetWallpaper();
   void RunRemoveWallpaper();

@@ -30,18 +30,20 @@ void frmMain::RunSlideShow() {
   slideshow::frmSlideShow setup(folderOpen ? state_.Settings.LastFolder : QString(), names,
                                 lisLista_->currentIndex().isValid() ? lisLista_->currentIndex().row() : -1,
                                 base::ColorFromBgr(state_.Settings.ColorFullScreen), chooseFile_,
-                                [this](const slideshow::PlayerSettings& settings) { PlaySlideShow(settings); }, this);
+                                [this](const slideshow::PlayerSettings& settings, QWidget* dialog) {
+                                  PlaySlideShow(settings, dialog);
+                                }, this);
   runSlideShow_(setup);
 }
 
 // The window's picture is hidden while the show covers the screen, so it never redraws
 // behind it.
-void frmMain::PlaySlideShow(const slideshow::PlayerSettings& settings) {
+void frmMain::PlaySlideShow(const slideshow::PlayerSettings& settings, QWidget* setup) {
   QCoreApplication::processEvents();
   QWidget* imaImagen = picFondo_->findChild<QWidget*>(QStringLiteral("imaImagen"));
   imaImagen->setVisible(false);
   imaImagen->repaint();
-  slideshow::frmSlideShow2 player(settings, this);
+  slideshow::frmSlideShow2 player(settings, setup);
   if (const QScreen* screen = this->screen()) player.setGeometry(screen->geometry());  // the window's screen
   runPlayer_(player);
   imaImagen->setVisible(document_.ImageLoaded());

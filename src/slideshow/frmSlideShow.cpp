@@ -8,7 +8,7 @@
 
 #include <QCheckBox>
 #include <QFile>
-#include <QGridLayout>
+#include <QBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -59,28 +59,48 @@ frmSlideShow::frmSlideShow(const QString& folder, const QStringList& names, int 
   ShowSelectedPreview();
 }
 
+// Three columns under the folder: the list, its buttons, and the preview with the options.
 void frmSlideShow::BuildControls() {
-  auto* grid = new QGridLayout(this);
+  auto* page = new QVBoxLayout(this);
   lblCarpeta_ = new QLabel(QStringLiteral("Folder"), this);
   lblCarpeta_->setObjectName(QStringLiteral("lblCarpeta"));
-  grid->addWidget(lblCarpeta_, 0, 0, 1, 3);
-  grid->addWidget(new QLabel(QStringLiteral("Images  "), this), 1, 0);
+  page->addWidget(lblCarpeta_);
+  auto* columns = new QHBoxLayout;
+  page->addLayout(columns);
+  auto* images = new QVBoxLayout;
+  images->addWidget(new QLabel(QStringLiteral("Images  "), this));
   lisLista_ = new QListWidget(this);
   lisLista_->setObjectName(QStringLiteral("lisLista"));
-  lisLista_->setMinimumSize(220, 260);
-  connect(lisLista_, &QListWidget::currentRowChanged, this, [this] { ShowSelectedPreview(); });
-  grid->addWidget(lisLista_, 2, 0, 6, 1);
-  const std::pair<const char*, QString> listButtons[] = {
+  lisLista_->setMinimumSize(220, 300);
+  connect(lisLista_, &QListWidget::itemSelectionChanged, this, [this] { ShowSelectedPreview(); });
+  images->addWidget(lisLista_);
+  columns->addLayout(images);
+  columns->addLayout(ListButtons());
+  columns->addLayout(PreviewAndOptions());
+}
+
+QVBoxLayout* frmSlideShow::ListButtons() {
+  auto* buttons = new QVBoxLayout;
+  buttons->addSpacing(lisLista_->fontMetrics().height() + 6);
+  const std::pair<const char*, QString> captions[] = {
       {"cmdTodos", "Select All"}, {"cmdNinguno", "Select None"}, {"cmdArriba", "Up"}, {"cmdAbajo", "Down"},
       {"cmdAbrir", "Open..."},    {"cmdGuardar", "Save..."}};
   const std::function<void()> actions[] = {[this] { CheckAll(true); }, [this] { CheckAll(false); },
                                            [this] { MoveSelected(-1); }, [this] { MoveSelected(1); },
                                            [this] { Open(); },           [this] { Save(); }};
   for (int i = 0; i < 6; ++i) {
-    QPushButton* button = Button(this, listButtons[i].first, listButtons[i].second);
+    if (i == 2 || i == 4) buttons->addSpacing(12);
+    QPushButton* button = Button(this, captions[i].first, captions[i].second);
     connect(button, &QPushButton::clicked, this, actions[i]);
-    grid->addWidget(button, 2 + i, 1);
+    buttons->addWidget(button);
   }
+  buttons->addStretch();
+  return buttons;
+}
+
+QVBoxLayout* frmSlideShow::PreviewAndOptions() {
+  auto* column = new QVBoxLayout;
+  column->addSpacing(lisLista_->fontMetrics().height() + 6);
   auto* picPreview = new QWidget(this);
   picPreview->setObjectName(QStringLiteral("picPreview"));
   imaPreview_ = new QLabel(picPreview);
@@ -88,16 +108,16 @@ void frmSlideShow::BuildControls() {
   imaPreview_->setAlignment(Qt::AlignCenter);
   imaPreview_->setStyleSheet(QStringLiteral("background: white"));
   imaPreview_->setFixedSize(240, 180);
-  grid->addWidget(picPreview, 2, 2, 3, 2);
   picPreview->setFixedSize(imaPreview_->size());
-  grid->addWidget(new QLabel(QStringLiteral("Options  "), this), 5, 2);
+  column->addWidget(picPreview);
+  column->addSpacing(8);
+  column->addWidget(new QLabel(QStringLiteral("Options  "), this));
   const QString options[] = {QStringLiteral("&Random"), QStringLiteral("R&epeat"), QStringLiteral("&Fit to window"),
                              QStringLiteral("&Show file name")};
-  auto* optionBox = new QGridLayout;
   for (int i = 0; i < 4; ++i) {
     chkOpcion_[i] = new QCheckBox(options[i], this);
     chkOpcion_[i]->setObjectName(QStringLiteral("chkOpcion(%1)").arg(i));
-    optionBox->addWidget(chkOpcion_[i], i, 0, 1, 3);
+    column->addWidget(chkOpcion_[i]);
   }
   const QString modes[] = {QStringLiteral("&Manual advance"), QStringLiteral("&Automatic advance")};
   for (int i = 0; i < 2; ++i) {
@@ -106,21 +126,29 @@ void frmSlideShow::BuildControls() {
     connect(optModo_[i], &QRadioButton::clicked, this, [this, i] {
       if (!suppressEvents_) SetManual(i == 0);
     });
-    optionBox->addWidget(optModo_[i], 4 + i, 0, 1, 3);
+    column->addWidget(optModo_[i]);
   }
+  auto* secondsRow = new QHBoxLayout;
   txtVelocidad_ = new QLineEdit(this);
   txtVelocidad_->setObjectName(QStringLiteral("txtVelocidad"));
   txtVelocidad_->setMaximumWidth(70);
   txtVelocidad_->installEventFilter(this);
-  optionBox->addWidget(txtVelocidad_, 6, 1);
-  optionBox->addWidget(new QLabel(QStringLiteral("seconds"), this), 6, 2);
-  grid->addLayout(optionBox, 6, 2, 2, 2);
+  secondsRow->addSpacing(20);
+  secondsRow->addWidget(txtVelocidad_);
+  secondsRow->addWidget(new QLabel(QStringLiteral("seconds"), this));
+  secondsRow->addStretch();
+  column->addLayout(secondsRow);
+  column->addStretch();
+  auto* endRow = new QHBoxLayout;
   QPushButton* start = Button(this, "cmdStart", QStringLiteral("Start"));
   QPushButton* close = Button(this, "cmdCerrar", QStringLiteral("Close"));
   connect(start, &QPushButton::clicked, this, &frmSlideShow::Start);
   connect(close, &QPushButton::clicked, this, &QDialog::reject);
-  grid->addWidget(start, 8, 2);
-  grid->addWidget(close, 8, 3);
+  endRow->addStretch();
+  endRow->addWidget(start);
+  endRow->addWidget(close);
+  column->addLayout(endRow);
+  return column;
 }
 
 void frmSlideShow::SetFolder(const QString& folder) {
@@ -140,8 +168,9 @@ void frmSlideShow::AddRow(const SlideShowRow& row) {
 void frmSlideShow::ShowSelectedPreview() {
   if (suppressEvents_) return;
   imaPreview_->clear();
-  const QListWidgetItem* item = lisLista_->currentItem();
-  if (!item || !item->isSelected() || folder_.isEmpty()) return;
+  const QList<QListWidgetItem*> selected = lisLista_->selectedItems();
+  if (selected.isEmpty() || folder_.isEmpty()) return;
+  const QListWidgetItem* item = selected.front();
   widgets::BusyPointerGuard busy;
   if (const auto loaded = files::LoadImageFile(base::JoinPath(folder_, item->text()), {})) {
     imaPreview_->setPixmap(QPixmap::fromImage(loaded->Picture.ToQImageFitting(imaPreview_->width(), imaPreview_->height())));
@@ -252,7 +281,7 @@ void frmSlideShow::Start() {
     }
     settings.Seconds = *seconds;
   }
-  runPlayer_(settings);
+  runPlayer_(settings, this);
 }
 
 // The seconds box takes digits, the signs and the locale's decimal separator; it selects

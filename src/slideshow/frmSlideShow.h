@@ -16,6 +16,7 @@ class QLabel;
 class QLineEdit;
 class QListWidget;
 class QRadioButton;
+class QVBoxLayout;
 
 namespace slideshow {
 
@@ -23,7 +24,8 @@ class frmSlideShow : public QDialog {
   Q_OBJECT
 
  public:
-  using PlayerRunner = std::function<void(const PlayerSettings& settings)>;
+  // Runs the player over this dialog, which stays open and modal beneath it.
+  using PlayerRunner = std::function<void(const PlayerSettings& settings, QWidget* setup)>;
 
   // `folder` is empty when no folder is open; `selectedRow` is the main list's (-1 for none).
   frmSlideShow(const QString& folder, const QStringList& names, int selectedRow, QColor background,
@@ -39,6 +41,8 @@ class frmSlideShow : public QDialog {
 
  private:
   void BuildControls();
+  QVBoxLayout* ListButtons();
+  QVBoxLayout* PreviewAndOptions();
   void SetFolder(const QString& folder);
   void AddRow(const SlideShowRow& row);
   void ShowSelectedPreview();

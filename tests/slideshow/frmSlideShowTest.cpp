@@ -31,7 +31,7 @@ class SlideShowTest : public ::testing::Test {
     auto setup = std::make_unique<slideshow::frmSlideShow>(
         folder == QLatin1String("*") ? folder_.Path() : folder, QStringList{"a.png", "b.png", "c.png", "d.png"},
         selectedRow, Qt::black, [this](QWidget*, const widgets::FileDialogRequest&) { return answer_; },
-        [this](const PlayerSettings& settings) { started_.push_back(settings); });
+        [this](const PlayerSettings& settings, QWidget*) { started_.push_back(settings); });
     setup->show();
     return setup;
   }

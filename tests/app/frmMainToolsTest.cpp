@@ -1,5 +1,6 @@
-// Tools > Set Wallpaper and Remove Wallpaper on the real main window, with the desktop's
-// side recorded: the one file is the picture as shown, edits included.
+// The Tools menu on the real main window: Slide Show over the open folder, and Set and
+// Remove Wallpaper with the desktop's side recorded (the one file is the picture as shown,
+// edits included).
 #include "imaging/Loader.h"
 #include "shell/Wallpaper.h"
 #include "support/DialogAnswerer.h"
@@ -8,15 +9,17 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QPushButton>
 #include <QTreeView>
+#include <QtTest/QTest>
 
 namespace {
 
 using testing_support::DialogAnswerer;
 
-class frmMainWallpaperTest : public testing_support::MainWindowTest {
+class frmMainToolsTest : public testing_support::MainWindowTest {
  protected:
-  frmMainWallpaperTest() {
+  frmMainToolsTest() {
     pictures_.WritePng(QStringLiteral("a.png"), 30, 20);
     pictures_.WritePng(QStringLiteral("b.png"), 30, 20);
     Start(pictures_.Path());
@@ -25,7 +28,7 @@ class frmMainWallpaperTest : public testing_support::MainWindowTest {
   QStringList desktop_;  // what the desktop was asked to show, "" for none
 };
 
-TEST_F(frmMainWallpaperTest, SetTwiceKeepsOneFileOfThePictureAsShown) {
+TEST_F(frmMainToolsTest, SetTwiceKeepsOneFileOfThePictureAsShown) {
   Trigger("mnuColorsNegative");
   {
     DialogAnswerer no(QMessageBox::No);
@@ -43,7 +46,7 @@ TEST_F(frmMainWallpaperTest, SetTwiceKeepsOneFileOfThePictureAsShown) {
   EXPECT_EQ(testing_support::MeanAbsoluteDifference(imaging::LoadFile(file).value(), Shown()), 0);
 }
 
-TEST_F(frmMainWallpaperTest, WithoutAListEntrySetAsksNothingAndRemoveAlwaysAsks) {
+TEST_F(frmMainToolsTest, WithoutAListEntrySetAsksNothingAndRemoveAlwaysAsks) {
   Child<QTreeView>("lisLista")->setCurrentIndex({});
   DialogAnswerer yes(QMessageBox::Yes);
   Trigger("mnuToolsSetWallpaper");
@@ -51,6 +54,31 @@ TEST_F(frmMainWallpaperTest, WithoutAListEntrySetAsksNothingAndRemoveAlwaysAsks)
   Trigger("mnuToolsRemoveWallpaper");
   EXPECT_EQ(yes.LastTitle(), QStringLiteral("Remove Wallpaper"));
   EXPECT_EQ(desktop_, QStringList{QString()});
+}
+
+// The player plays over the setup dialog (so that dialog never blocks its keys and mouse),
+// from the row selected in the window's list, while the window's picture is hidden.
+TEST_F(frmMainToolsTest, SlideShowPlaysTheFolderOverItsSetupDialog) {
+  Child<QTreeView>("lisLista")->setCurrentIndex(window_->ListModel().index(1, 0));
+  window_->SetSlideShowRunner([](slideshow::frmSlideShow& setup) {
+    EXPECT_EQ(setup.State().Rows.size(), 2u);
+    setup.findChild<QPushButton*>(QStringLiteral("cmdStart"))->click();
+  });
+  QWidget* canvas = Child<QWidget>("imaImagen");
+  bool hiddenDuringTheShow = false;
+  QString first;
+  window_->SetPlayerRunner([&](slideshow::frmSlideShow2& player) {
+    EXPECT_EQ(player.parentWidget()->objectName(), QStringLiteral("frmSlideShow"));
+    hiddenDuringTheShow = !canvas->isVisible();
+    player.show();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !player.Shown().isEmpty(); }, 2000));
+    first = player.Shown();
+    QTest::keyClick(&player, Qt::Key_Escape);
+  });
+  Trigger("mnuToolsSlideShow");
+  EXPECT_TRUE(hiddenDuringTheShow);
+  EXPECT_EQ(first, QStringLiteral("b.png"));
+  EXPECT_TRUE(canvas->isVisible());
 }
 
 }  // namespace
