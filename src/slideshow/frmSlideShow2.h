@@ -29,6 +29,8 @@ class frmSlideShow2 : public QDialog {
   const PlayOrder& Order() const { return order_; }
   QString Shown() const { return shownName_; }
   bool Playing() const { return tmrPlay_.isActive(); }
+  // Waits until the next picture is decoded and scaled (for measurements).
+  void WaitForTheNextPicture() { next_.waitForFinished(); }
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
