@@ -23,6 +23,7 @@
 #include "shell/Wallpaper.h"
 #include "view/Placing.h"
 #include "widgets/FileChooser.h"
+#include "widgets/frmOptions.h"
 
 #include <QMainWindow>
 
@@ -85,6 +86,10 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   void SetSlideShowRunner(SlideShowRunner runner) { runSlideShow_ = std::move(runner); }
   using PlayerRunner = std::function<void(slideshow::frmSlideShow2& player)>;
   void SetPlayerRunner(PlayerRunner runner) { runPlayer_ = std::move(runner); }
+  // ... Options and its colour dialog through these ...
+  using OptionsRunner = std::function<int(widgets::frmOptions& options)>;
+  void SetOptionsRunner(OptionsRunner runner) { runOptions_ = std::move(runner); }
+  void SetColourChooser(widgets::ColourChooser chooser) { chooseColour_ = std::move(chooser); }
   // ... the desktop's wallpaper through this ...
   void SetWallpaperSetter(shell::WallpaperSetter setter) { setWallpaper_ = std::move(setter); }
   // ... and the parameter dialog through this: true for OK, false for Cancel.
@@ -140,6 +145,7 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   bool RunOpenFolder();
 
   // frmMainToolsCommands.cpp
+  void RunOptions();
   void RunSlideShow();
   void PlaySlideShow(const slideshow::PlayerSettings& settings, QWidget* setup);
   bool CanSetWallpaper() const;
@@ -200,6 +206,8 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   ParameterDialogRunner runParameterDialog_ = RunParameterDialog;
   FullScreenRunner runFullScreen_ = RunFullScreenView;
   shell::WallpaperSetter setWallpaper_ = shell::SetDesktopWallpaper;
+  widgets::ColourChooser chooseColour_ = widgets::ChooseColourWithDialog;
+  OptionsRunner runOptions_ = [](widgets::frmOptions& options) { return options.exec(); };
   SlideShowRunner runSlideShow_ = [](slideshow::frmSlideShow& setup) { setup.exec(); };
   PlayerRunner runPlayer_ = [](slideshow::frmSlideShow2& player) {
     player.showFullScreen();

@@ -174,7 +174,7 @@ void frmMain::DeclareToolsAndHelpCommands() {
   t.Declare({"mnuToolsTiposArchivo", "&Associate File Types with Vistrel..."});
   t.Declare({"mnuToolsBorrarListaReciente", "&Clear List of Recent Folders"},
             {[this] { browse::ConfirmAndClearRecentFolders(this, state_.Settings); }});
-  t.Declare({"mnuToolsOptions", "&Options..."});
+  t.Declare({"mnuToolsOptions", "&Options..."}, {[this] { RunOptions(); }});
   t.Declare({"mnuHelpContents", "&Contents", Qt::Key_F1});
   t.Declare({"mnuHelpAbout", "&About Vistrel"});
 }

@@ -1,7 +1,9 @@
-// Tools > Slide Show, Set Wallpaper and Remove Wallpaper (and the list menu's Set Wallpaper).
+// Tools > Options, Slide Show, Set Wallpaper and Remove Wallpaper (and the list menu's Set
+// Wallpaper).
 #include "app/frmMain.h"
 
 #include "base/Colors.h"
+#include "shell/FolderEntry.h"
 #include "view/Viewport.h"
 #include "widgets/BusyPointer.h"
 
@@ -21,6 +23,24 @@ bool AskYesNo(QWidget* parent, const QString& title, const QString& question) {
 }
 
 }  // namespace
+
+// Options: accepted, the window shows the new colours and bars at once. The thumbnails
+// page is drawn again only when its own colour was chosen and it is showing.
+void frmMain::RunOptions() {
+  widgets::frmOptions options(state_.Settings, {shell::FolderEntryExists, shell::SetFolderEntry, shell::FolderEntryUnavailable()},
+                              chooseColour_, this);
+  const bool accepted = runOptions_(options) == QDialog::Accepted;
+  QCoreApplication::processEvents();
+  if (!accepted) return;
+  widgets::BusyPointerGuard busy;
+  picFondo_->SetBackground(base::ColorFromBgr(state_.Settings.ColorImage));
+  if (options.ThumbColorChanged() && state_.Settings.LastOpenKind == settings::kOpenFolder &&
+      document_.View() == document::ViewMode::Thumbnails) {
+    ShowThumbnails();
+  }
+  if (options.ViewBarsChanged()) LayOut();
+  commands_.Refresh();
+}
 
 // The setup dialog takes the open folder's list; it stays open while the player runs.
 void frmMain::RunSlideShow() {

@@ -11,4 +11,8 @@ inline QColor ColorFromBgr(std::int32_t value) {
   return QColor(value & 0xFF, (value >> 8) & 0xFF, (value >> 16) & 0xFF);
 }
 
+inline std::int32_t BgrFromColor(const QColor& color) {
+  return color.red() | (color.green() << 8) | (color.blue() << 16);
+}
+
 }  // namespace base

@@ -2,7 +2,9 @@
 // Remove Wallpaper with the desktop's side recorded (the one file is the picture as shown,
 // edits included).
 #include "imaging/Loader.h"
+#include "settings/SettingsStore.h"
 #include "shell/Wallpaper.h"
+#include "view/Viewport.h"
 #include "support/DialogAnswerer.h"
 #include "support/ImageCompare.h"
 #include "support/MainWindowTest.h"
@@ -10,6 +12,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QPushButton>
+#include <QStatusBar>
 #include <QTreeView>
 #include <QtTest/QTest>
 
@@ -79,6 +82,47 @@ TEST_F(frmMainToolsTest, SlideShowPlaysTheFolderOverItsSetupDialog) {
   EXPECT_TRUE(hiddenDuringTheShow);
   EXPECT_EQ(first, QStringLiteral("b.png"));
   EXPECT_TRUE(canvas->isVisible());
+}
+
+// Every option changed and seen at once; Restore then Cancel changes nothing; Restore then
+// OK gives the defaults back (the recent folders, once emptied, stay empty).
+TEST_F(frmMainToolsTest, OptionsTakeEffectAtOnceAndRestoreGivesTheDefaults) {
+  const settings::SettingsStore before = window_->State().Settings;
+  const auto runOptions = [this](std::function<void(widgets::frmOptions&)> change, const char* button) {
+    window_->SetOptionsRunner([change, button](widgets::frmOptions& options) {
+      change(options);
+      options.findChild<QPushButton*>(QLatin1String(button))->click();
+      return options.result();
+    });
+    Trigger("mnuToolsOptions");
+  };
+  const auto click = [](widgets::frmOptions& options, const char* name) {
+    options.findChild<QAbstractButton*>(QLatin1String(name))->click();
+  };
+  runOptions([&](widgets::frmOptions& o) { click(o, "cmdInicio"); }, "cmdCancelar");
+  EXPECT_EQ(window_->State().Settings, before);
+  window_->SetColourChooser([](QWidget*, const QColor&) { return std::optional<QColor>(QColor(200, 10, 20)); });
+  runOptions([&](widgets::frmOptions& o) {
+    for (const char* name : {"cmdSelect(0)", "chkViewToolbar", "chkViewStatusBar", "chkReciente", "chkConfirma", "optInicio(2)"}) {
+      click(o, name);
+    }
+  }, "cmdAceptar");
+  const settings::SettingsStore& now = window_->State().Settings;
+  EXPECT_EQ(now.ColorImage, settings::RGB(200, 10, 20));
+  EXPECT_EQ(window_->ImageView().palette().color(QPalette::Window), QColor(200, 10, 20));
+  EXPECT_FALSE(Child<QWidget>("ctlToolbar")->isVisible());
+  EXPECT_FALSE(window_->statusBar()->isVisible());
+  EXPECT_TRUE(now.RecentFolders[0].isEmpty());
+  EXPECT_EQ(std::tuple(now.StartOption, now.ConfirmDelete, now.RecentEnabled), std::tuple(2, false, false));
+  runOptions([&](widgets::frmOptions& o) { click(o, "cmdInicio"); }, "cmdAceptar");
+  settings::SettingsStore defaults = settings::DefaultSettings({});
+  EXPECT_EQ(std::tuple(now.StartOption, now.ImageExtensionsOnly, now.ShowToolbar, now.ShowStatusBar, now.ColorImage,
+                       now.ColorThumbnails, now.ColorFullScreen, now.ConfirmDelete, now.RecentEnabled),
+            std::tuple(defaults.StartOption, defaults.ImageExtensionsOnly, defaults.ShowToolbar, defaults.ShowStatusBar,
+                       defaults.ColorImage, defaults.ColorThumbnails, defaults.ColorFullScreen, defaults.ConfirmDelete,
+                       defaults.RecentEnabled));
+  EXPECT_TRUE(Child<QWidget>("ctlToolbar")->isVisible());
+  EXPECT_TRUE(now.RecentFolders[0].isEmpty());
 }
 
 }  // namespace

@@ -1,0 +1,192 @@
+#include "widgets/frmOptions.h"
+
+#include "base/Colors.h"
+#include "settings/RecentFolders.h"
+#include "widgets/Fonts.h"
+#include "widgets/Help.h"
+
+#include <QBoxLayout>
+#include <QCheckBox>
+#include <QColorDialog>
+#include <QFrame>
+#include <QGridLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTabWidget>
+
+namespace widgets {
+
+namespace {
+
+template <typename T>
+T* Named(T* widget, const QString& name) {
+  widget->setObjectName(name);
+  return widget;
+}
+
+QWidget* Page(int index, const std::vector<QWidget*>& controls) {
+  auto* page = Named(new QWidget, QStringLiteral("picPestana(%1)").arg(index));
+  auto* column = new QVBoxLayout(page);
+  for (QWidget* control : controls) column->addWidget(control);
+  column->addStretch();
+  return page;
+}
+
+const std::array<QColor, 3> kDefaultColours = {QColor(153, 153, 153), QColor(51, 51, 51), QColor(0, 0, 0)};
+
+}  // namespace
+
+std::optional<QColor> ChooseColourWithDialog(QWidget* parent, const QColor& initial) {
+  const QColor chosen = QColorDialog::getColor(initial, parent);
+  return chosen.isValid() ? std::optional(chosen) : std::nullopt;
+}
+
+frmOptions::frmOptions(settings::SettingsStore& settings, FolderEntrySwitch folderEntry, ColourChooser chooseColour,
+                       QWidget* parent)
+    : QDialog(parent), settings_(settings), folderEntry_(std::move(folderEntry)), chooseColour_(std::move(chooseColour)) {
+  setObjectName(QStringLiteral("frmOptions"));
+  setWindowTitle(QStringLiteral("Options"));
+  auto* tabs = Named(new QTabWidget(this), QStringLiteral("tabPestana"));
+  tabs->addTab(StartPage(), QStringLiteral("Start"));
+  tabs->addTab(OpenFolderPage(), QStringLiteral("Open Folder"));
+  tabs->addTab(ViewPage(), QStringLiteral("View"));
+  tabs->addTab(ColoursPage(), QStringLiteral("Background Colors"));
+  tabs->addTab(GeneralPage(), QStringLiteral("General"));
+  auto* buttons = new QHBoxLayout;
+  auto* ok = Named(new QPushButton(QStringLiteral("OK"), this), QStringLiteral("cmdAceptar"));
+  auto* cancel = Named(new QPushButton(QStringLiteral("Cancel"), this), QStringLiteral("cmdCancelar"));
+  auto* restore = Named(new QPushButton(QStringLiteral("Restore"), this), QStringLiteral("cmdInicio"));
+  ok->setDefault(true);
+  connect(ok, &QPushButton::clicked, this, &frmOptions::Accept);
+  connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+  connect(restore, &QPushButton::clicked, this, &frmOptions::Restore);
+  buttons->addStretch();
+  for (QPushButton* button : {ok, cancel, restore}) buttons->addWidget(button);
+  auto* page = new QVBoxLayout(this);
+  page->addWidget(tabs);
+  page->addLayout(buttons);
+  ApplyTahomaFont(*this);
+  Load();
+}
+
+QWidget* frmOptions::StartPage() {
+  const QString captions[] = {QStringLiteral("&Don't show any image"),
+                              QStringLiteral("&Open last file or folder from previous session"),
+                              QStringLiteral("&Show the Open Folder dialog")};
+  for (int i = 0; i < 3; ++i) optInicio_[i] = Named(new QRadioButton(captions[i]), QStringLiteral("optInicio(%1)").arg(i));
+  return Page(0, {optInicio_[1], optInicio_[2], optInicio_[0]});
+}
+
+QWidget* frmOptions::OpenFolderPage() {
+  optArchivosImagen_[0] = Named(new QRadioButton(QStringLiteral("&Open files with image extensions (bmp, jpg...)")),
+                                QStringLiteral("optArchivosImagen(0)"));
+  optArchivosImagen_[1] = Named(new QRadioButton(QStringLiteral("O&pen all files")), QStringLiteral("optArchivosImagen(1)"));
+  return Page(1, {optArchivosImagen_[0], optArchivosImagen_[1]});
+}
+
+QWidget* frmOptions::ViewPage() {
+  chkViewToolbar_ = Named(new QCheckBox(QStringLiteral("&Toolbar")), QStringLiteral("chkViewToolbar"));
+  chkViewStatusBar_ = Named(new QCheckBox(QStringLiteral("&Status bar")), QStringLiteral("chkViewStatusBar"));
+  for (QCheckBox* box : {chkViewToolbar_, chkViewStatusBar_}) {
+    connect(box, &QCheckBox::clicked, this, [this] { viewBarsChanged_ = true; });
+  }
+  return Page(2, {chkViewToolbar_, chkViewStatusBar_});
+}
+
+QWidget* frmOptions::ColoursPage() {
+  auto* page = Named(new QWidget, QStringLiteral("picPestana(3)"));
+  auto* grid = new QGridLayout(page);
+  const QString labels[] = {QStringLiteral("Image:"), QStringLiteral("Thumbnails:"), QStringLiteral("Full screen:")};
+  for (int i = 0; i < 3; ++i) {
+    picColor_[i] = Named(new QFrame, QStringLiteral("picColor(%1)").arg(i));
+    picColor_[i]->setFixedSize(48, 22);
+    auto* select = Named(new QPushButton(QStringLiteral("Select...")), QStringLiteral("cmdSelect(%1)").arg(i));
+    connect(select, &QPushButton::clicked, this, [this, i] { Select(i); });
+    grid->addWidget(new QLabel(labels[i]), i, 0);
+    grid->addWidget(picColor_[i], i, 1);
+    grid->addWidget(select, i, 2);
+  }
+  grid->setRowStretch(3, 1);
+  grid->setColumnStretch(3, 1);
+  return page;
+}
+
+QWidget* frmOptions::GeneralPage() {
+  chkExplorer_ = Named(new QCheckBox(QStringLiteral("&Show 'Open with Vistrel' in the folder context menu of Windows Explorer")),
+                       QStringLiteral("chkExplorer"));
+  chkConfirma_ = Named(new QCheckBox(QStringLiteral("D&on't ask for confirmation before deleting a file")),
+                       QStringLiteral("chkConfirma"));
+  chkReciente_ = Named(new QCheckBox(QStringLiteral("&Disable list of recent folders")), QStringLiteral("chkReciente"));
+  if (!folderEntry_.Unavailable.isEmpty()) {
+    chkExplorer_->setEnabled(false);
+    chkExplorer_->setToolTip(folderEntry_.Unavailable);
+  }
+  return Page(4, {chkExplorer_, chkConfirma_, chkReciente_});
+}
+
+void frmOptions::Load() {
+  const settings::SettingsStore& s = settings_;
+  optInicio_[std::clamp(s.StartOption, 0, 2)]->setChecked(true);
+  optArchivosImagen_[s.ImageExtensionsOnly ? 0 : 1]->setChecked(true);
+  chkViewToolbar_->setChecked(s.ShowToolbar);
+  chkViewStatusBar_->setChecked(s.ShowStatusBar);
+  SetSwatch(0, base::ColorFromBgr(s.ColorImage));
+  SetSwatch(1, base::ColorFromBgr(s.ColorThumbnails));
+  SetSwatch(2, base::ColorFromBgr(s.ColorFullScreen));
+  chkReciente_->setChecked(!s.RecentEnabled);
+  chkConfirma_->setChecked(!s.ConfirmDelete);
+  chkExplorer_->setChecked(folderEntry_.IsPresent && folderEntry_.IsPresent());
+}
+
+// The colour with a one-pixel frame just inside the border.
+void frmOptions::SetSwatch(int index, const QColor& colour) {
+  colours_[index] = colour;
+  picColor_[index]->setStyleSheet(QStringLiteral("QFrame { background: %1; border: 1px solid palette(window-text); }")
+                                      .arg(colour.name()));
+}
+
+void frmOptions::Select(int index) {
+  const auto chosen = chooseColour_(this, colours_[index]);
+  if (!chosen) return;
+  SetSwatch(index, *chosen);
+  if (index == 1) thumbColorChanged_ = true;
+}
+
+void frmOptions::Restore() {
+  optInicio_[0]->setChecked(true);
+  optArchivosImagen_[0]->setChecked(true);
+  chkViewToolbar_->setChecked(true);
+  chkViewStatusBar_->setChecked(true);
+  viewBarsChanged_ = true;
+  for (int i = 0; i < 3; ++i) SetSwatch(i, kDefaultColours[i]);
+  thumbColorChanged_ = true;
+  for (QCheckBox* box : {chkReciente_, chkConfirma_, chkExplorer_}) box->setChecked(false);
+}
+
+void frmOptions::Accept() {
+  settings::SettingsStore& s = settings_;
+  s.StartOption = optInicio_[0]->isChecked() ? 0 : optInicio_[1]->isChecked() ? 1 : 2;
+  s.ImageExtensionsOnly = optArchivosImagen_[0]->isChecked();
+  s.ShowToolbar = chkViewToolbar_->isChecked();
+  s.ShowStatusBar = chkViewStatusBar_->isChecked();
+  s.ColorImage = base::BgrFromColor(colours_[0]);
+  s.ColorThumbnails = base::BgrFromColor(colours_[1]);
+  s.ColorFullScreen = base::BgrFromColor(colours_[2]);
+  s.RecentEnabled = !chkReciente_->isChecked();
+  s.ConfirmDelete = !chkConfirma_->isChecked();
+  if (folderEntry_.Set) folderEntry_.Set(chkExplorer_->isChecked());  // on every OK, changed or not
+  if (!s.RecentEnabled) settings::ClearRecentFolders(s);
+  accept();
+}
+
+// F1 asks for the "Options" topic; Enter (no shift key) is OK wherever the focus is.
+void frmOptions::keyPressEvent(QKeyEvent* event) {
+  const bool plain = !(event->modifiers() & (Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier));
+  if (plain && event->key() == Qt::Key_F1) return ShowHelpTopic(QStringLiteral("Options"));
+  if (plain && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) return Accept();
+  QDialog::keyPressEvent(event);
+}
+
+}  // namespace widgets
