@@ -5,9 +5,12 @@
 //   vistrel-cli thumbnail IN OUT WIDTHxHEIGHT   the same, reduced to fit the box
 //   vistrel-cli apply IN OUT OPERATION [VALUE...]...   the editing operations in turn, then save
 //   vistrel-cli wallpaper set FILE | remove   the desktop wallpaper, as the viewer's Tools menu sets it
+//   vistrel-cli print FILE... [--printer NAME | --pdf OUT.pdf] [--copies N] [--fit | --original] [--center]
 // Exit codes: 0 done, 1 a file could not be opened or saved, 2 the words were wrong.
 // Failures go to standard error as "Can't open file: PATH (reason)".
+#include "app/CliPrint.h"
 #include "edit/Catalogue.h"
+#include "settings/SettingsFile.h"
 #include "files/FailureReasons.h"
 #include "imaging/Loader.h"
 #include "imaging/Saver.h"
@@ -16,9 +19,11 @@
 #include "shell/DesktopWallpaper.h"
 #include "shell/Wallpaper.h"
 
-#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QStandardPaths>
 
 #include <cstdio>
+#include <memory>
 #include <optional>
 
 namespace {
@@ -31,6 +36,7 @@ constexpr const char* kUsage =
     "       vistrel-cli apply IN OUT OPERATION [VALUE...] [OPERATION [VALUE...]]...\n"
     "       vistrel-cli wallpaper set FILE\n"
     "       vistrel-cli wallpaper remove\n"
+    "       vistrel-cli print FILE... [--printer NAME | --pdf OUT.pdf] [--copies N] [--fit | --original] [--center]\n"
     "       vistrel-cli --help | --version\n";
 
 int Usage() {
@@ -130,7 +136,14 @@ int SetWallpaper(const QString& input) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  QCoreApplication application(argc, argv);
+  // Printing draws through Qt's painting, which needs a GUI application; without a display
+  // it draws offscreen.
+  const bool printing = argc > 1 && qstrcmp(argv[1], "print") == 0;
+  if (printing && qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+  }
+  std::unique_ptr<QCoreApplication> application =
+      printing ? std::make_unique<QGuiApplication>(argc, argv) : std::make_unique<QCoreApplication>(argc, argv);
   QStringList arguments;
   for (int i = 1; i < argc; ++i) arguments << base::DecodeFileName(argv[i]);
   const QString verb = arguments.value(0);
@@ -147,6 +160,10 @@ int main(int argc, char** argv) {
   if (verb == QLatin1String("convert") && arguments.size() == 3) return Convert(arguments[1], arguments[2]);
   if (verb == QLatin1String("thumbnail") && arguments.size() == 4) return Thumbnail(arguments[1], arguments[2], arguments[3]);
   if (verb == QLatin1String("apply") && arguments.size() >= 4) return Apply(arguments[1], arguments[2], arguments.mid(3));
+  if (printing) {
+    return cli::Print(arguments.mid(1), settings::SettingsFilePath(QCoreApplication::applicationDirPath(),
+                                                                   QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)));
+  }
   if (verb == QLatin1String("wallpaper") && arguments.value(1) == QLatin1String("set") && arguments.size() == 3) {
     return SetWallpaper(arguments[2]);
   }

@@ -17,6 +17,7 @@
 #include "edit/Catalogue.h"
 #include "files/Prefetcher.h"
 #include "settings/SettingsFile.h"
+#include "print/frmImprimir.h"
 #include "shell/DesktopWallpaper.h"
 #include "slideshow/frmSlideShow.h"
 #include "slideshow/frmSlideShow2.h"
@@ -90,6 +91,9 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   using OptionsRunner = std::function<int(widgets::frmOptions& options)>;
   void SetOptionsRunner(OptionsRunner runner) { runOptions_ = std::move(runner); }
   void SetColourChooser(widgets::ColourChooser chooser) { chooseColour_ = std::move(chooser); }
+  // ... the print dialog through this ...
+  using PrintDialogRunner = std::function<int(print::frmImprimir& dialog)>;
+  void SetPrintDialogRunner(PrintDialogRunner runner) { runPrintDialog_ = std::move(runner); }
   // ... the desktop's wallpaper through this ...
   void SetWallpaperSetter(shell::WallpaperSetter setter) { setWallpaper_ = std::move(setter); }
   // ... and the parameter dialog through this: true for OK, false for Cancel.
@@ -153,6 +157,7 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   void RunRemoveWallpaper();
   void RunOpenFile();
   bool RunSave();
+  void RunPrint();
   bool RunSaveAs();
   bool ConfirmReplace(const QString& path);
   void ShowCantSave(const QString& path, const QString& title);
@@ -207,6 +212,7 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   FullScreenRunner runFullScreen_ = RunFullScreenView;
   shell::WallpaperSetter setWallpaper_ = shell::SetDesktopWallpaper;
   widgets::ColourChooser chooseColour_ = widgets::ChooseColourWithDialog;
+  PrintDialogRunner runPrintDialog_ = [](print::frmImprimir& dialog) { return dialog.exec(); };
   OptionsRunner runOptions_ = [](widgets::frmOptions& options) { return options.exec(); };
   SlideShowRunner runSlideShow_ = [](slideshow::frmSlideShow& setup) { setup.exec(); };
   PlayerRunner runPlayer_ = [](slideshow::frmSlideShow2& player) {

@@ -93,6 +93,8 @@ void frmMain::DeclareFileCommands() {
             {[this] { RunDelete(); }, [this] { return !CommandFile().isEmpty(); }});
   t.Declare({"mnuFileProperties", "Prop&erties...", Qt::ALT | Qt::Key_Return},
             {[this] { RunProperties(); }, [this] { return !CommandFile().isEmpty(); }});
+  t.Declare({"mnuFilePrint", "&Print...", Qt::CTRL | Qt::Key_P, "document-print", "Print"},
+            {[this] { RunPrint(); }, [this] { return document_.CanEdit(); }});
   t.Declare({"mnuFileExit", "E&xit", Qt::CTRL | Qt::Key_Q}, {[this] { close(); }});
   t.Declare({"mnuListFullScreen", "&Full Screen"}, {[this] { RunFullScreen(false); }, [this] { return CanZoom(); }});
   t.Declare({"mnuListSetWallpaper", "&Set Wallpaper"}, {[this] { RunSetWallpaper(); }, [this] { return CanSetWallpaper(); }});
@@ -188,7 +190,7 @@ void frmMain::BuildMenus() {
   menu("mnuFile", "&File",
        {"mnuFileOpenFolder", "mnuFileOpenFile", "mnuFileClose", "-", "mnuFileSave", "mnuFileSaveAs", "-",
         "mnuFileCopyTo", "mnuFileMoveTo", "mnuFileRename", "mnuFileDelete", "-", "mnuFileProperties", "-",
-        "mnuFileExit"});
+        "mnuFilePrint", "-", "mnuFileExit"});
   menu("mnuEdit", "&Edit", {"mnuEditUndo", "mnuEditRedo", "-", "mnuEditCopy", "-", "mnuEditSelectNone"});
   menu("mnuView", "&View",
        {"mnuViewImage", "mnuViewListAndImage", "mnuViewThumbnails", "-", "mnuViewOriginalSize", "mnuViewFit",

@@ -272,3 +272,37 @@ document::SaveChangesAnswer frmMain::AskSaveChanges(const QString& question) {
 }
 
 }  // namespace app
+
+namespace app {
+
+// File > Print: the picture as shown (edits included), or every image of the folder from
+// its file; to a queue, or to a PDF file named in a save dialog.
+void frmMain::RunPrint() {
+  if (!document_.CurrentImage()) return;
+  const imaging::Image shown = *document_.CurrentImage();
+  std::vector<print::PageSource> folderPages;
+  for (int row = 0; state_.Settings.LastOpenKind == settings::kOpenFolder && row < list_.Count(); ++row) {
+    folderPages.push_back([path = base::JoinPath(state_.Settings.LastFolder, list_.Entry(row).FileName)]() -> std::optional<imaging::Image> {
+      auto loaded = files::LoadImageFile(path, {});
+      return loaded ? std::optional(loaded->Picture) : std::nullopt;
+    });
+  }
+  print::frmImprimir dialog(state_.Settings, [shown] { return std::optional(shown); }, folderPages, this);
+  if (runPrintDialog_(dialog) != QDialog::Accepted) return;
+  QPrinter& printer = dialog.Printer();
+  if (dialog.ToPdf()) {
+    const QString proposed = QFileInfo(document_.CurrentFilePath()).completeBaseName() + QStringLiteral(".pdf");
+    const widgets::FileDialogAnswer answer =
+        chooseFile_(this, {QStringLiteral("Print to PDF"), {QStringLiteral("PDF files (*.pdf)")}, 1, proposed, true});
+    if (answer.Path.isEmpty()) return;
+    printer.setOutputFileName(answer.Path.endsWith(QStringLiteral(".pdf"), Qt::CaseInsensitive) ? answer.Path
+                                                                                                : answer.Path + ".pdf");
+  }
+  printer.setCopyCount(dialog.Copies());
+  widgets::BusyPointerGuard busy;
+  if (!print::PrintPages(printer, dialog.Pages(), dialog.Options())) {
+    ShowWarning(this, QStringLiteral("Print"), QStringLiteral("Can't print"), printer.printerName());
+  }
+}
+
+}  // namespace app

@@ -42,6 +42,12 @@ Image::Image(std::shared_ptr<const Pixels> pixels) : pixels_(std::move(pixels)) 
 
 Image Image::FromInternal(Pixels pixels) { return Image(std::make_shared<const Pixels>(std::move(pixels))); }
 
+// libvips keeps pixels per millimetre, 1 when the file says nothing.
+double Image::DotsPerInch() const {
+  const double perMillimetre = pixels_->image.xres();
+  return perMillimetre > 1.0001 ? perMillimetre * 25.4 : 0;
+}
+
 int Image::Width() const { return pixels_->image.width(); }
 int Image::Height() const { return pixels_->image.height(); }
 int Image::Bands() const { return pixels_->image.bands(); }

@@ -18,6 +18,8 @@ class Image {
   int Height() const;
   int Bands() const;
   bool HasAlpha() const { return Bands() == 4; }
+  // The resolution the file records, in dots per inch; 0 when it records none.
+  double DotsPerInch() const;
 
   // A copy reduced (adaptive Lanczos-3, no aliasing) to fit within maxWidth x maxHeight (never enlarged).
   Image FitWithin(int maxWidth, int maxHeight) const;

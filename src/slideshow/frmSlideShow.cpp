@@ -4,12 +4,12 @@
 #include "files/LoadImageFile.h"
 #include "widgets/BusyPointer.h"
 #include "widgets/Fonts.h"
+#include "widgets/NumberBox.h"
 #include "widgets/TextFit.h"
 
 #include <QCheckBox>
 #include <QFile>
 #include <QBoxLayout>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -17,7 +17,6 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSaveFile>
-#include <QTimer>
 
 namespace slideshow {
 
@@ -132,7 +131,7 @@ QVBoxLayout* frmSlideShow::PreviewAndOptions() {
   txtVelocidad_ = new QLineEdit(this);
   txtVelocidad_->setObjectName(QStringLiteral("txtVelocidad"));
   txtVelocidad_->setMaximumWidth(70);
-  txtVelocidad_->installEventFilter(this);
+  widgets::MakeNumberBox(txtVelocidad_);
   secondsRow->addSpacing(20);
   secondsRow->addWidget(txtVelocidad_);
   secondsRow->addWidget(new QLabel(QStringLiteral("seconds"), this));
@@ -282,20 +281,6 @@ void frmSlideShow::Start() {
     settings.Seconds = *seconds;
   }
   runPlayer_(settings, this);
-}
-
-// The seconds box takes digits, the signs and the locale's decimal separator; it selects
-// its whole text when it gains the focus.
-bool frmSlideShow::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == txtVelocidad_ && event->type() == QEvent::FocusIn) {
-    QTimer::singleShot(0, txtVelocidad_, &QLineEdit::selectAll);
-  }
-  if (watched == txtVelocidad_ && event->type() == QEvent::KeyPress) {
-    const QString text = static_cast<QKeyEvent*>(event)->text();
-    const QString allowed = QStringLiteral("0123456789+-") + locale().decimalPoint();
-    if (!text.isEmpty() && text[0] >= u' ' && !allowed.contains(text[0])) return true;
-  }
-  return QDialog::eventFilter(watched, event);
 }
 
 }  // namespace slideshow

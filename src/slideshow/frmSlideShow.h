@@ -36,9 +36,6 @@ class frmSlideShow : public QDialog {
   void ReadSlideShowFile(const QString& path);
   void WriteSlideShowFile(const QString& path) const;
 
- protected:
-  bool eventFilter(QObject* watched, QEvent* event) override;
-
  private:
   void BuildControls();
   QVBoxLayout* ListButtons();

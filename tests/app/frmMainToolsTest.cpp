@@ -11,6 +11,8 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QComboBox>
+#include <QProcess>
 #include <QPushButton>
 #include <QStatusBar>
 #include <QTreeView>
@@ -123,6 +125,24 @@ TEST_F(frmMainToolsTest, OptionsTakeEffectAtOnceAndRestoreGivesTheDefaults) {
                        defaults.RecentEnabled));
   EXPECT_TRUE(Child<QWidget>("ctlToolbar")->isVisible());
   EXPECT_TRUE(now.RecentFolders[0].isEmpty());
+}
+
+// File > Print to a PDF: the picture as shown, or every image of the folder a page each.
+TEST_F(frmMainToolsTest, PrintWritesAPdfOfTheShownPictureOrOfTheFolder) {
+  for (const auto& [which, pages] : {std::pair("optWhich(0)", "1"), std::pair("optWhich(1)", "2")}) {
+    window_->SetPrintDialogRunner([which = which](print::frmImprimir& dialog) {
+      dialog.findChild<QComboBox*>(QStringLiteral("cboPrinter"))->setCurrentText(print::frmImprimir::kPdf);
+      dialog.findChild<QAbstractButton*>(QLatin1String(which))->click();
+      return int(QDialog::Accepted);
+    });
+    fileAnswer_ = {config_.File(QStringLiteral("printed")), 1};
+    Trigger("mnuFilePrint");
+    EXPECT_TRUE(requests_.back().ProposedPath.endsWith(QStringLiteral("a.pdf")));
+    QProcess info;
+    info.start(QStringLiteral("pdfinfo"), {config_.File(QStringLiteral("printed.pdf"))});
+    info.waitForFinished();
+    EXPECT_TRUE(info.readAllStandardOutput().contains(QByteArray("Pages:           ") + pages)) << which;
+  }
 }
 
 }  // namespace

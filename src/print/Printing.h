@@ -1,0 +1,33 @@
+#pragma once
+// Printing pictures one to a page through Qt Print Support: to a printer queue or a PDF.
+
+#include "imaging/Image.h"
+#include "print/PrintLayout.h"
+
+#include <QString>
+
+#include <functional>
+#include <optional>
+#include <vector>
+
+class QPainter;
+class QPrinter;
+
+namespace print {
+
+// Each page's picture, read when its page is printed; nothing for one that cannot be read
+// (its page is left out).
+using PageSource = std::function<std::optional<imaging::Image>()>;
+
+// The page size in points of the printer's page layout, full page.
+QSizeF PagePoints(const QPrinter& printer);
+
+// Draws one picture as it will print on a page of `pagePoints` scaled into `painter`'s
+// coordinates of `pixelsPerPoint` (the printer's own, or a preview's).
+void DrawPage(QPainter& painter, const imaging::Image& picture, QSizeF pagePoints, double pixelsPerPoint,
+              const PrintOptions& options);
+
+// False when the printer could not start or no page had a picture.
+bool PrintPages(QPrinter& printer, const std::vector<PageSource>& pages, const PrintOptions& options);
+
+}  // namespace print

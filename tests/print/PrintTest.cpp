@@ -1,0 +1,122 @@
+// Margins, the page layout and printing, judged from real PDFs with poppler's tools.
+#include "print/Margins.h"
+#include "print/PrintLayout.h"
+#include "print/frmMargen.h"
+#include "settings/SettingsFile.h"
+#include "support/DialogAnswerer.h"
+#include "support/TestFiles.h"
+
+#include <QFile>
+#include <QLineEdit>
+#include <QProcess>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QtTest/QTest>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+const QSizeF kA4(595.28, 841.89);
+
+TEST(Margins, ConvertWithTwoDecimalsAndTheFactorOf2540003) {
+  const std::tuple<float, bool, float, float> cases[] = {
+      // typed, in centimetres?, inches, centimetres
+      {1.0f, false, 1.0f, 2.54f}, {2.54f, true, 1.0f, 2.54f}, {1.0f, true, 0.39f, 1.0f}, {0.7f, false, 0.7f, 1.78f}};
+  for (const auto& [typed, centimetres, inches, cm] : cases) {
+    const print::MarginValue value = print::MarginValue::From(typed, centimetres);
+    EXPECT_FLOAT_EQ(value.Inches, inches) << typed;
+    EXPECT_FLOAT_EQ(value.Centimetres, cm) << typed;
+  }
+  EXPECT_FLOAT_EQ(print::CentimetresFromInches(print::InchesFromCentimetres(1.0f)), 0.99f);  // there and back
+}
+
+// Where a picture lands on an A4 page, in points.
+TEST(PrintLayout, PlacesThePictureWithinTheMargins) {
+  struct Case {
+    const char* what;
+    QSize image;
+    double dpi;
+    print::PrintOptions options;
+    QRectF expected;
+  };
+  const float cm2 = 2;
+  const Case cases[] = {
+      {"fitted and centred, 2 cm", {1800, 1200}, 0, {{cm2, cm2, cm2, cm2}, 1, true, true, true},
+       QRectF(56.69, 260.31, 481.89, 321.26)},
+      {"its own size at 96 dpi, top left, 1 inch", {960, 480}, 0, {{1, 1, 1, 1}, 0, false, false, false},
+       QRectF(72, 72, 720, 360).intersected(QRectF(72, 72, 451.28, 225.64))},
+      {"its own size at 300 dpi", {600, 300}, 300, {{1, 1, 1, 1}, 0, false, false, false}, QRectF(72, 72, 144, 72)},
+      {"margins wider than the page", {10, 10}, 0, {{5, 5, 1, 1}, 0, true, true, true}, QRectF()},
+  };
+  for (const Case& c : cases) {
+    const QRectF placed = print::ImagePlacement(kA4, c.image, c.dpi, c.options);
+    EXPECT_NEAR(placed.left(), c.expected.left(), 0.01) << c.what;
+    EXPECT_NEAR(placed.top(), c.expected.top(), 0.01) << c.what;
+    EXPECT_NEAR(placed.width(), c.expected.width(), 0.01) << c.what;
+    EXPECT_NEAR(placed.height(), c.expected.height(), 0.01) << c.what;
+  }
+}
+
+// The margins dialog with real keys: units switch both ways, a bad box is refused at OK.
+TEST(frmMargen, SwitchesUnitsAndRefusesABadValue) {
+  settings::SettingsStore settings = settings::DefaultSettings({});
+  settings.PrintMargins = {1, 1, 1, 1};
+  print::frmMargen dialog(settings);
+  dialog.show();
+  auto* left = dialog.findChild<QLineEdit*>(QStringLiteral("txtIzquierda"));
+  dialog.findChild<QRadioButton*>(QStringLiteral("optUnidad(1)"))->click();
+  EXPECT_EQ(left->text(), QStringLiteral("2.54"));
+  dialog.findChild<QRadioButton*>(QStringLiteral("optUnidad(0)"))->click();
+  EXPECT_EQ(left->text(), QStringLiteral("1"));
+  auto* bottom = dialog.findChild<QLineEdit*>(QStringLiteral("txtAbajo"));
+  bottom->selectAll();
+  QTest::keyClick(bottom, Qt::Key_Delete);
+  {
+    testing_support::DialogAnswerer answerer;
+    dialog.findChild<QPushButton*>(QStringLiteral("cmdAceptar"))->click();
+    EXPECT_EQ(answerer.LastText(), QStringLiteral("Bad value"));
+  }
+  EXPECT_TRUE(dialog.isVisible());
+  QTest::keyClicks(bottom, QStringLiteral("x0"));  // the letter is dropped
+  dialog.findChild<QRadioButton*>(QStringLiteral("optUnidad(1)"))->click();
+  dialog.findChild<QPushButton*>(QStringLiteral("cmdAceptar"))->click();
+  EXPECT_EQ(settings.PrintMargins, (std::array<float, 4>{2.54f, 2.54f, 2.54f, 0}));
+  EXPECT_EQ(settings.PrintUnits, 1);
+}
+
+// vistrel-cli prints with the stored margins; the PDF's page and the picture's edges are
+// read back by poppler's tools (at 72 dpi, a pixel is a point).
+TEST(PrintToPdf, TheEdgesLieAtTheStoredMargins) {
+  for (const auto& [margin, units, points] : {std::tuple(2.0f, 1, 56.69), std::tuple(1.0f, 0, 72.0)}) {
+    testing_support::TempFolder folder;
+    ASSERT_TRUE(QFile::copy(QStringLiteral(VISTREL_CLI_PATH), folder.File(QStringLiteral("vistrel-cli"))));
+    settings::SettingsStore stored = settings::DefaultSettings({});
+    stored.PrintMargins = {margin, margin, margin, margin};
+    stored.PrintUnits = units;
+    ASSERT_TRUE(settings::WriteSettingsFile(folder.File(QStringLiteral("Ini.in")), settings::WriteSettingsText(stored, {}, {})));
+    const QString pdf = folder.File(QStringLiteral("out.pdf"));
+    ASSERT_EQ(QProcess::execute(folder.File(QStringLiteral("vistrel-cli")),
+                                {"print", QStringLiteral(VISTREL_SOURCE_DIR "/samples/landscape.jpg"), "--pdf", pdf, "--center"}),
+              0);
+    QProcess info;
+    info.start(QStringLiteral("pdfinfo"), {pdf});
+    info.waitForFinished();
+    const QString pageSize =
+        QString::fromLatin1(info.readAllStandardOutput()).split(u'\n').filter(QStringLiteral("Page size:")).value(0);
+    EXPECT_TRUE(pageSize.contains(QStringLiteral("595 x 842 pts (A4)"))) << pageSize.toStdString();
+    ASSERT_EQ(QProcess::execute(QStringLiteral("pdftoppm"), {"-r", "72", "-png", "-singlefile", pdf, folder.File("page")}), 0);
+    const QImage page(folder.File(QStringLiteral("page.png")));
+    int left = page.width(), right = -1;
+    for (int x = 0; x < page.width(); ++x) {
+      if (qGray(page.pixel(x, page.height() / 2)) < 250) {
+        left = std::min(left, x);
+        right = std::max(right, x);
+      }
+    }
+    EXPECT_NEAR(left, points, 1.0) << units;
+    EXPECT_NEAR(right + 1, 595.28 - points, 1.0) << units;
+  }
+}
+
+}  // namespace
