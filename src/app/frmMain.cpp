@@ -1,4 +1,5 @@
 #include "app/frmMain.h"
+#include "widgets/HelpWindow.h"
 
 #include "base/Colors.h"
 #include "browse/ThumbnailsView.h"
@@ -35,6 +36,7 @@ frmMain::frmMain(QString settingsPath, QWidget* parent)
       commands_(this) {
   setObjectName(QStringLiteral("frmMain"));
   setWindowTitle(QStringLiteral("Vistrel"));
+  widgets::InstallHelpWindow(this);
   BuildWidgets();
   DeclareCommands();
   BuildMenus();

@@ -2,6 +2,8 @@
 // menu `mnuList` and the toolbar `ctlToolbar`, built from the table by name. A command
 // declared without a handler is shown and stays disabled: it is not available yet.
 #include "app/frmMain.h"
+#include "app/frmAbout.h"
+#include "widgets/Help.h"
 
 #include "browse/frmAbrirCarpeta.h"
 #include "edit/Catalogue.h"
@@ -177,8 +179,11 @@ void frmMain::DeclareToolsAndHelpCommands() {
   t.Declare({"mnuToolsBorrarListaReciente", "&Clear List of Recent Folders"},
             {[this] { browse::ConfirmAndClearRecentFolders(this, state_.Settings); }});
   t.Declare({"mnuToolsOptions", "&Options..."}, {[this] { RunOptions(); }});
-  t.Declare({"mnuHelpContents", "&Contents", Qt::Key_F1});
-  t.Declare({"mnuHelpAbout", "&About Vistrel"});
+  t.Declare({"mnuHelpContents", "&Contents", Qt::Key_F1}, {[] { widgets::ShowHelpTopic({}); }});
+  t.Declare({"mnuHelpAbout", "&About Vistrel"}, {[this] {
+              frmAbout about(this);
+              about.exec();
+            }});
 }
 
 void frmMain::BuildMenus() {

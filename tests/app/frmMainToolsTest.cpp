@@ -5,6 +5,7 @@
 #include "settings/SettingsStore.h"
 #include "shell/Wallpaper.h"
 #include "view/Viewport.h"
+#include "widgets/HelpWindow.h"
 #include "support/DialogAnswerer.h"
 #include "support/ImageCompare.h"
 #include "support/MainWindowTest.h"
@@ -143,6 +144,25 @@ TEST_F(frmMainToolsTest, PrintWritesAPdfOfTheShownPictureOrOfTheFolder) {
     info.waitForFinished();
     EXPECT_TRUE(info.readAllStandardOutput().contains(QByteArray("Pages:           ") + pages)) << which;
   }
+}
+
+}  // namespace
+
+namespace {
+
+// Every topic a dialog asks for opens a page of the manual at a place that exists, and
+// Help > Contents opens the contents.
+TEST(HelpWindow, EveryTopicOpensAnExistingPlace) {
+  widgets::HelpWindow help;
+  for (const char* topic : {"Options", "Zoom Functions", "Colors Menu", "Image Filters", "Image Menu", ""}) {
+    const QUrl url = widgets::HelpTopicUrl(QLatin1String(topic));
+    QFile page(QLatin1Char(':') + url.path());
+    ASSERT_TRUE(page.open(QIODevice::ReadOnly)) << topic;
+    EXPECT_TRUE(!url.hasFragment() || page.readAll().contains("name=\"" + url.fragment().toUtf8() + '"')) << topic;
+    help.ShowTopic(QLatin1String(topic));
+    EXPECT_EQ(help.Shown(), url);
+  }
+  EXPECT_EQ(widgets::HelpTopicUrl(QStringLiteral("no such topic")).fileName(), QStringLiteral("index.html"));
 }
 
 }  // namespace
