@@ -6,7 +6,11 @@
 #include "support/DialogAnswerer.h"
 #include "support/TestFiles.h"
 
+#include <QDir>
 #include <QFile>
+#include <QThread>
+
+#include <unistd.h>
 #include <QLineEdit>
 #include <QProcess>
 #include <QPushButton>
@@ -85,38 +89,71 @@ TEST(frmMargen, SwitchesUnitsAndRefusesABadValue) {
   EXPECT_EQ(settings.PrintUnits, 1);
 }
 
-// vistrel-cli prints with the stored margins; the PDF's page and the picture's edges are
-// read back by poppler's tools (at 72 dpi, a pixel is a point).
-TEST(PrintToPdf, TheEdgesLieAtTheStoredMargins) {
+// vistrel-cli in a folder of its own, with these margins stored beside it; the PDF it made.
+QString PrintWithMargins(const testing_support::TempFolder& folder, float margin, int units, QStringList target,
+                         const std::function<QString()>& output) {
+  QFile::copy(QStringLiteral(VISTREL_CLI_PATH), folder.File(QStringLiteral("vistrel-cli")));
+  settings::SettingsStore stored = settings::DefaultSettings({});
+  stored.PrintMargins = {margin, margin, margin, margin};
+  stored.PrintUnits = units;
+  settings::WriteSettingsFile(folder.File(QStringLiteral("Ini.in")), settings::WriteSettingsText(stored, {}, {}));
+  const QStringList words = QStringList{"print", QStringLiteral(VISTREL_SOURCE_DIR "/samples/landscape.jpg"), "--center"} + target;
+  if (QProcess::execute(folder.File(QStringLiteral("vistrel-cli")), words) != 0) return {};
+  return output();
+}
+
+// The page size poppler reads, and the picture's left and right edges at mid-height (at
+// 72 dpi a pixel is a point).
+std::tuple<QString, int, int> PageAndEdges(const testing_support::TempFolder& folder, const QString& pdf) {
+  QProcess info;
+  info.start(QStringLiteral("pdfinfo"), {pdf});
+  info.waitForFinished();
+  const QString size = QString::fromLatin1(info.readAllStandardOutput()).split(u'\n').filter(QStringLiteral("Page size:")).value(0);
+  QProcess::execute(QStringLiteral("pdftoppm"), {"-r", "72", "-png", "-singlefile", pdf, folder.File(QStringLiteral("page"))});
+  const QImage page(folder.File(QStringLiteral("page.png")));
+  int left = page.width(), right = -1;
+  for (int x = 0; x < page.width(); ++x) {
+    if (qGray(page.pixel(x, page.height() / 2)) >= 250) continue;
+    left = std::min(left, x);
+    right = std::max(right, x);
+  }
+  return {size.section(QStringLiteral(":"), 1).trimmed(), left, right + 1};
+}
+
+void ExpectEdgesAt(const std::tuple<QString, int, int>& page, double margin) {
+  EXPECT_EQ(std::get<0>(page), QStringLiteral("595 x 842 pts (A4)"));
+  EXPECT_NEAR(std::get<1>(page), margin, 1.0);
+  EXPECT_NEAR(std::get<2>(page), 595.28 - margin, 1.0);
+}
+
+// Printed to a PDF file and through a real CUPS queue (cups-pdf, which writes to ~/PDF),
+// the picture's edges lie at the stored margins, in centimetres and in inches.
+TEST(Printing, TheEdgesLieAtTheStoredMargins) {
+  const bool queue = ::geteuid() == 0 && QProcess::execute(QStringLiteral("sh"), {"-c", "lpstat -r >/dev/null 2>&1 || cupsd"}) == 0 &&
+                     QProcess::execute(QStringLiteral("lpadmin"), {"-p", "vistrel-test-pdf", "-v", "cups-pdf:/", "-E", "-P",
+                                                                  "/usr/share/ppd/cups-pdf/CUPS-PDF_opt.ppd"}) == 0;
+  const QDir spool(QDir::homePath() + QStringLiteral("/PDF"));
   for (const auto& [margin, units, points] : {std::tuple(2.0f, 1, 56.69), std::tuple(1.0f, 0, 72.0)}) {
     testing_support::TempFolder folder;
-    ASSERT_TRUE(QFile::copy(QStringLiteral(VISTREL_CLI_PATH), folder.File(QStringLiteral("vistrel-cli"))));
-    settings::SettingsStore stored = settings::DefaultSettings({});
-    stored.PrintMargins = {margin, margin, margin, margin};
-    stored.PrintUnits = units;
-    ASSERT_TRUE(settings::WriteSettingsFile(folder.File(QStringLiteral("Ini.in")), settings::WriteSettingsText(stored, {}, {})));
-    const QString pdf = folder.File(QStringLiteral("out.pdf"));
-    ASSERT_EQ(QProcess::execute(folder.File(QStringLiteral("vistrel-cli")),
-                                {"print", QStringLiteral(VISTREL_SOURCE_DIR "/samples/landscape.jpg"), "--pdf", pdf, "--center"}),
-              0);
-    QProcess info;
-    info.start(QStringLiteral("pdfinfo"), {pdf});
-    info.waitForFinished();
-    const QString pageSize =
-        QString::fromLatin1(info.readAllStandardOutput()).split(u'\n').filter(QStringLiteral("Page size:")).value(0);
-    EXPECT_TRUE(pageSize.contains(QStringLiteral("595 x 842 pts (A4)"))) << pageSize.toStdString();
-    ASSERT_EQ(QProcess::execute(QStringLiteral("pdftoppm"), {"-r", "72", "-png", "-singlefile", pdf, folder.File("page")}), 0);
-    const QImage page(folder.File(QStringLiteral("page.png")));
-    int left = page.width(), right = -1;
-    for (int x = 0; x < page.width(); ++x) {
-      if (qGray(page.pixel(x, page.height() / 2)) < 250) {
-        left = std::min(left, x);
-        right = std::max(right, x);
+    const QString file = folder.File(QStringLiteral("out.pdf"));
+    const QString pdf = PrintWithMargins(folder, margin, units, {"--pdf", file}, [file] { return file; });
+    ExpectEdgesAt(PageAndEdges(folder, pdf), points);
+    if (!queue) continue;
+    const QStringList before = spool.entryList(QDir::Files);
+    const QString printed = PrintWithMargins(folder, margin, units, {"--printer", "vistrel-test-pdf"}, [&] {
+      for (int i = 0; i < 300; ++i, QThread::msleep(100)) {
+        for (const QString& name : spool.entryList(QDir::Files, QDir::Time)) {
+          if (!before.contains(name)) return spool.filePath(name);
+        }
       }
-    }
-    EXPECT_NEAR(left, points, 1.0) << units;
-    EXPECT_NEAR(right + 1, 595.28 - points, 1.0) << units;
+      return QString();
+    });
+    ASSERT_FALSE(printed.isEmpty()) << "no PDF from the CUPS queue";
+    QThread::msleep(500);  // written whole
+    ExpectEdgesAt(PageAndEdges(folder, printed), points);
+    QFile::remove(printed);
   }
+  if (!queue) GTEST_SKIP() << "the CUPS queue needs root to start cupsd and add a printer";
 }
 
 }  // namespace
