@@ -2,6 +2,7 @@
 
 #include "widgets/Help.h"
 
+#include <QApplication>
 #include <QBoxLayout>
 #include <QPointer>
 #include <QPushButton>
@@ -60,7 +61,11 @@ QUrl HelpWindow::Shown() const { return browser_->source(); }
 void InstallHelpWindow(QWidget* parent) {
   SetHelpHandler([parent = QPointer<QWidget>(parent)](const QString& topic) {
     static QPointer<HelpWindow> window;
-    if (!window) window = new HelpWindow(parent.data());
+    // Over an open dialog the window belongs to that dialog, which would otherwise hold
+    // back its clicks and keys.
+    QWidget* owner = QApplication::activeModalWidget() ? QApplication::activeModalWidget() : parent.data();
+    if (!window) window = new HelpWindow(owner);
+    if (window->parentWidget() != owner) window->setParent(owner, window->windowFlags());
     window->ShowTopic(topic);
   });
 }
