@@ -11,23 +11,60 @@ namespace imaging {
 
 namespace {
 
-// libvips gives an EXIF field as "value (formatted, type, n components, bytes)": the
-// formatted text, as photo tools show it ("f/8.0", "1/250 sec.", "50.0 mm", "Top-left").
+// libvips gives an EXIF field as "value (formatted, type, n components, bytes)". The value
+// is taken and written out here in the program's own words, whatever the user's locale
+// (the formatted part follows the locale and would mix languages).
 QString Field(vips::VImage& image, const char* name) {
   if (image.get_typeof(name) == 0) return {};
   char* text = nullptr;
   if (vips_image_get_as_string(image.get_image(), name, &text) != 0 || !text) return {};
   const QString value = QString::fromUtf8(text);
   g_free(text);
-  const qsizetype open = value.indexOf(QStringLiteral(" ("));
-  if (open < 0 || !value.endsWith(u')')) return value.trimmed();
-  QString formatted = value.mid(open + 2).chopped(1);
-  for (int i = 0; i < 3; ++i) {  // the type, the components and the bytes
-    const qsizetype comma = formatted.lastIndexOf(QStringLiteral(", "));
-    if (comma < 0) return value.left(open).trimmed();
-    formatted.truncate(comma);
+  const qsizetype detail = value.indexOf(QStringLiteral(" ("));
+  return (detail >= 0 ? value.left(detail) : value).trimmed();
+}
+
+// "8/1 28/10" as 8 and 2.8; a part that is no fraction reads as a number.
+std::vector<double> Rationals(const QString& text) {
+  std::vector<double> values;
+  for (const QString& part : text.split(u' ', Qt::SkipEmptyParts)) {
+    const QStringList sides = part.split(u'/');
+    const double denominator = sides.size() == 2 ? sides[1].toDouble() : 1.0;
+    if (denominator != 0) values.push_back(sides[0].toDouble() / denominator);
   }
-  return formatted.trimmed();
+  return values;
+}
+
+// At most one decimal, without a trailing ".0": 8, 2.8, 18.5.
+QString Decimal(double value) {
+  const QString text = QString::number(value, 'f', 1);
+  return text.endsWith(QStringLiteral(".0")) ? text.chopped(2) : text;
+}
+
+QString Formatted(const QString& raw, const QString& before, const QString& after) {
+  const std::vector<double> values = Rationals(raw);
+  return values.empty() ? QString() : before + Decimal(values.front()) + after;
+}
+
+QString ExposureText(const QString& raw) {
+  const std::vector<double> values = Rationals(raw);
+  if (values.empty() || values.front() <= 0) return {};
+  const double seconds = values.front();
+  return seconds < 1 ? QStringLiteral("1/%1 s").arg(qRound(1 / seconds)) : Decimal(seconds) + QStringLiteral(" s");
+}
+
+QString OrientationText(const QString& raw) {
+  static const QStringList kNames = {"Top-left", "Top-right", "Bottom-right", "Bottom-left",
+                                     "Left-top", "Right-top", "Right-bottom", "Left-bottom"};
+  const int value = raw.toInt();
+  return value >= 1 && value <= 8 ? kNames[value - 1] : QString();
+}
+
+// Degrees, minutes and seconds as one number of degrees, with its hemisphere.
+QString Coordinate(const QString& raw, const QString& reference) {
+  const std::vector<double> parts = Rationals(raw);
+  if (parts.size() != 3) return {};
+  return QString::number(parts[0] + parts[1] / 60 + parts[2] / 3600, 'f', 5) + QStringLiteral("\u00b0 ") + reference;
 }
 
 // A camera's "2024:07:14 10:30:00" in the form the Modified row uses.
@@ -53,19 +90,16 @@ std::vector<std::pair<QString, QString>> ReadPhotoMetadata(const QString& path) 
     };
     add("Camera", Joined(Field(image, "exif-ifd0-Make"), Field(image, "exif-ifd0-Model")));
     add("Lens", Field(image, "exif-ifd2-LensModel"));
-    add("Exposure", Field(image, "exif-ifd2-ExposureTime"));
-    add("Aperture", Field(image, "exif-ifd2-FNumber"));
+    add("Exposure", ExposureText(Field(image, "exif-ifd2-ExposureTime")));
+    add("Aperture", Formatted(Field(image, "exif-ifd2-FNumber"), QStringLiteral("f/"), {}));
     add("ISO", Field(image, "exif-ifd2-ISOSpeedRatings"));
-    add("Focal length", Field(image, "exif-ifd2-FocalLength"));
+    add("Focal length", Formatted(Field(image, "exif-ifd2-FocalLength"), {}, QStringLiteral(" mm")));
     add("Taken", CameraDate(Field(image, "exif-ifd2-DateTimeOriginal")));
-    add("Orientation", Field(image, "exif-ifd0-Orientation"));
+    add("Orientation", OrientationText(Field(image, "exif-ifd0-Orientation")));
     if (image.get_typeof("icc-profile-data") != 0) add("Colour profile", QStringLiteral("embedded"));
-    const QString latitude = Field(image, "exif-ifd3-GPSLatitude"), longitude = Field(image, "exif-ifd3-GPSLongitude");
-    if (!latitude.isEmpty() && !longitude.isEmpty()) {
-      add("GPS position", QStringLiteral("%1 %2, %3 %4")
-                              .arg(latitude, Field(image, "exif-ifd3-GPSLatitudeRef"), longitude,
-                                   Field(image, "exif-ifd3-GPSLongitudeRef")));
-    }
+    const QString latitude = Coordinate(Field(image, "exif-ifd3-GPSLatitude"), Field(image, "exif-ifd3-GPSLatitudeRef"));
+    const QString longitude = Coordinate(Field(image, "exif-ifd3-GPSLongitude"), Field(image, "exif-ifd3-GPSLongitudeRef"));
+    if (!latitude.isEmpty() && !longitude.isEmpty()) add("GPS position", latitude + QStringLiteral(", ") + longitude);
   } catch (const vips::VError&) {
     vips_error_clear();
   }

@@ -1,13 +1,21 @@
 #include "shell/FolderEntry.h"
 
+#include "shell/FreedesktopShell.h"
+
+#include <QCoreApplication>
+
 namespace shell {
 
-bool FolderEntryExists() { return false; }
+namespace {
 
-void SetFolderEntry(bool) {}
+FreedesktopShell Desktop() { return FreedesktopShell(QCoreApplication::applicationFilePath()); }
 
-QString FolderEntryUnavailable() {
-  return QStringLiteral("Not available yet: Vistrel cannot add entries to this desktop's file manager.");
-}
+}  // namespace
+
+bool FolderEntryExists() { return Desktop().FolderEntryExists(); }
+
+void SetFolderEntry(bool present) { present ? Desktop().AddFolderEntry() : Desktop().RemoveFolderEntry(); }
+
+QString FolderEntryUnavailable() { return {}; }
 
 }  // namespace shell

@@ -1,7 +1,5 @@
 #pragma once
-// The file manager's "Open with Vistrel" entry on folders. The desktop integration that
-// adds it is not available yet: the entry reads as absent, and adding or removing it does
-// nothing.
+// The file managers' "Open with Vistrel" entry on folders, for this program.
 
 #include <QString>
 
@@ -9,7 +7,7 @@ namespace shell {
 
 bool FolderEntryExists();
 void SetFolderEntry(bool present);
-// Why the entry cannot be offered here; empty once it can.
+// Why the entry cannot be offered here; empty when it can.
 QString FolderEntryUnavailable();
 
 }  // namespace shell

@@ -45,15 +45,18 @@ TEST(Properties, ACameraPhotoShowsWhatItRecords) {
                               {"-M", "set Exif.Image.Make Canon", "-M", "set Exif.Image.Model Canon EOS 80D", "-M",
                                "set Exif.Photo.ISOSpeedRatings 400", "-M", "set Exif.Photo.DateTimeOriginal 2024:06:01 10:30:00",
                                "-M", "set Exif.Photo.FNumber Rational 8/1", "-M", "set Exif.Photo.FocalLength Rational 50/1",
-                               "-M", "set Exif.Photo.ExposureTime Rational 1/250", photo}),
+                               "-M", "set Exif.Photo.ExposureTime Rational 1/250", "-M", "set Exif.GPSInfo.GPSLatitude 52/1 22/1 1112/100",
+                               "-M", "set Exif.GPSInfo.GPSLatitudeRef N", "-M", "set Exif.GPSInfo.GPSLongitude 4/1 53/1 0/1",
+                               "-M", "set Exif.GPSInfo.GPSLongitudeRef E", photo}),
             0);
   const auto rows = Rows(photo);
   EXPECT_EQ(rows.at(QStringLiteral("Camera")), QStringLiteral("Canon EOS 80D"));
   EXPECT_EQ(rows.at(QStringLiteral("ISO")), QStringLiteral("400"));
   EXPECT_EQ(rows.at(QStringLiteral("Taken")), QStringLiteral("6/1/2024 10:30:00 AM"));
-  EXPECT_EQ(rows.at(QStringLiteral("Aperture")), QStringLiteral("f/8.0"));
-  EXPECT_EQ(rows.at(QStringLiteral("Focal length")), QStringLiteral("50.0 mm"));
-  EXPECT_EQ(rows.at(QStringLiteral("Exposure")), QStringLiteral("1/250 sec."));
+  EXPECT_EQ(rows.at(QStringLiteral("Aperture")), QStringLiteral("f/8"));
+  EXPECT_EQ(rows.at(QStringLiteral("Focal length")), QStringLiteral("50 mm"));
+  EXPECT_EQ(rows.at(QStringLiteral("Exposure")), QStringLiteral("1/250 s"));
+  EXPECT_EQ(rows.at(QStringLiteral("GPS position")), QStringLiteral("52.36976\u00b0 N, 4.88333\u00b0 E"));
   files::frmProperties dialog(photo);
   auto* list = dialog.findChild<QTreeWidget*>(QStringLiteral("lisLista"));
   ASSERT_NE(list, nullptr);

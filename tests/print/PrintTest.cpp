@@ -70,7 +70,7 @@ TEST(frmMargen, SwitchesUnitsAndRefusesABadValue) {
   dialog.show();
   auto* left = dialog.findChild<QLineEdit*>(QStringLiteral("txtIzquierda"));
   dialog.findChild<QRadioButton*>(QStringLiteral("optUnidad(1)"))->click();
-  EXPECT_EQ(left->text(), QStringLiteral("2.54"));
+  EXPECT_EQ(left->text(), dialog.locale().toString(2.54));  // "2,54" where the comma is the separator
   dialog.findChild<QRadioButton*>(QStringLiteral("optUnidad(0)"))->click();
   EXPECT_EQ(left->text(), QStringLiteral("1"));
   auto* bottom = dialog.findChild<QLineEdit*>(QStringLiteral("txtAbajo"));

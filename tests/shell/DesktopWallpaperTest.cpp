@@ -16,18 +16,20 @@ using shell::DesktopWallpaper;
 // A private GSettings store and no session bus, so no portal answers.
 class PrivateGSettings : public ::testing::Test {
  protected:
-  PrivateGSettings() {
+  PrivateGSettings() : configHome_(qgetenv("XDG_CONFIG_HOME")) {
     qputenv("GSETTINGS_BACKEND", "keyfile");
     qputenv("XDG_CONFIG_HOME", config_.Path().toUtf8());
     qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent");
   }
   ~PrivateGSettings() override {
-    for (const char* name : {"GSETTINGS_BACKEND", "XDG_CONFIG_HOME", "DBUS_SESSION_BUS_ADDRESS"}) qunsetenv(name);
+    for (const char* name : {"GSETTINGS_BACKEND", "DBUS_SESSION_BUS_ADDRESS"}) qunsetenv(name);
+    qputenv("XDG_CONFIG_HOME", configHome_);
   }
   static QString Get(const QString& schema, const QString& key) {
     return shell::RunProgram(QStringLiteral("gsettings"), {"get", schema, key}).Output.trimmed();
   }
   testing_support::TempFolder config_;
+  QByteArray configHome_;
 };
 
 TEST_F(PrivateGSettings, GnomeShowsThePictureInBothStylesAndRemoveTurnsItOff) {

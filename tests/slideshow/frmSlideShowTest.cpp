@@ -39,6 +39,8 @@ class SlideShowTest : public ::testing::Test {
   static T* Child(QWidget& parent, const char* name) {
     return parent.findChild<T*>(QLatin1String(name));
   }
+  // A number as typed where the user's decimal separator is the locale's.
+  static QString Localised(const char* number) { return QString::fromLatin1(number).replace(u'.', QLocale().decimalPoint()); }
   static void Click(QWidget& parent, const char* name) { QTest::mouseClick(Child<QWidget>(parent, name), Qt::LeftButton); }
   PlayerSettings Settings(double seconds, bool repeat = false) const {
     return {folder_.Path(), {{"a.png", true}, {"b.png", true}, {"c.png", true}}, -1, false, repeat, false, false, seconds, Qt::black};
@@ -89,14 +91,14 @@ TEST_F(SlideShowTest, StartRefusesWhatCannotPlay) {
   auto* seconds = Child<QLineEdit>(*setup, "txtVelocidad");
   for (const auto& [typed, accepted] : {std::pair{"0.04", false}, std::pair{"0.05", true}, std::pair{"9999.95", false}}) {
     seconds->selectAll();
-    QTest::keyClicks(seconds, QLatin1String(typed) + QStringLiteral("s"));  // the letter is dropped
+    QTest::keyClicks(seconds, Localised(typed) + QStringLiteral("s"));  // the letter is dropped
     Click(*setup, "cmdStart");
     EXPECT_EQ(started_.size(), accepted ? 1u : 0u) << typed;
     started_.clear();
   }
   EXPECT_EQ(answerer.LastText(), QStringLiteral("Please enter a number between 0.1 and 9999.9 seconds"));
   seconds->selectAll();
-  QTest::keyClicks(seconds, QStringLiteral("0.05"));
+  QTest::keyClicks(seconds, Localised("0.05"));
   Click(*setup, "cmdStart");
   ASSERT_EQ(started_.size(), 1u);
   EXPECT_DOUBLE_EQ(started_[0].Seconds, 0.1);

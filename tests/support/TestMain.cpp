@@ -12,6 +12,8 @@ int main(int argc, char** argv) {
   qputenv("XDG_CACHE_HOME", cache.path().toLocal8Bit());
   const QTemporaryDir data;  // so is what they move to the Trash
   qputenv("XDG_DATA_HOME", data.path().toLocal8Bit());
+  const QTemporaryDir config;  // and the desktop settings they change
+  qputenv("XDG_CONFIG_HOME", config.path().toLocal8Bit());
   ::testing::InitGoogleTest(&argc, argv);
   QApplication application(argc, argv);
   imaging::Initialize();

@@ -1,0 +1,73 @@
+#include "shell/DesktopKeyFile.h"
+
+#include <optional>
+
+namespace shell {
+
+namespace {
+
+bool IsGroupHeader(const QString& line) { return line.startsWith(u'[') && line.trimmed().endsWith(u']'); }
+
+QString KeyOf(const QString& line) {
+  const qsizetype equals = line.indexOf(u'=');
+  return equals < 0 || line.startsWith(u'#') ? QString() : line.left(equals).trimmed();
+}
+
+}  // namespace
+
+DesktopKeyFile::DesktopKeyFile(const QByteArray& text) {
+  lines_ = QString::fromUtf8(text).split(u'\n');
+  if (!lines_.isEmpty() && lines_.last().isEmpty()) lines_.removeLast();
+}
+
+qsizetype DesktopKeyFile::GroupLine(const QString& group) const {
+  const QString header = u'[' + group + u']';
+  for (qsizetype i = 0; i < lines_.size(); ++i) {
+    if (lines_[i].trimmed() == header) return i;
+  }
+  return -1;
+}
+
+qsizetype DesktopKeyFile::KeyLine(const QString& group, const QString& key, qsizetype* end) const {
+  const qsizetype header = GroupLine(group);
+  if (end) *end = -1;
+  if (header < 0) return -1;
+  qsizetype i = header + 1;
+  qsizetype found = -1;
+  for (; i < lines_.size() && !IsGroupHeader(lines_[i]); ++i) {
+    if (found < 0 && KeyOf(lines_[i]) == key) found = i;
+  }
+  if (end) *end = i;
+  return found;
+}
+
+std::optional<QString> DesktopKeyFile::Value(const QString& group, const QString& key) const {
+  const qsizetype line = KeyLine(group, key);
+  if (line < 0) return std::nullopt;
+  return lines_[line].mid(lines_[line].indexOf(u'=') + 1).trimmed();
+}
+
+void DesktopKeyFile::SetValue(const QString& group, const QString& key, const QString& value) {
+  qsizetype end = -1;
+  const qsizetype line = KeyLine(group, key, &end);
+  const QString text = key + u'=' + value;
+  if (line >= 0) {
+    lines_[line] = text;
+  } else if (end >= 0) {
+    qsizetype at = end;
+    while (at > 0 && lines_[at - 1].trimmed().isEmpty() && !IsGroupHeader(lines_[at - 1])) --at;  // before trailing blanks
+    lines_.insert(at, text);
+  } else {
+    if (!lines_.isEmpty() && !lines_.last().trimmed().isEmpty()) lines_ << QString();
+    lines_ << u'[' + group + u']' << text;
+  }
+}
+
+void DesktopKeyFile::Remove(const QString& group, const QString& key) {
+  const qsizetype line = KeyLine(group, key);
+  if (line >= 0) lines_.removeAt(line);
+}
+
+QByteArray DesktopKeyFile::Text() const { return lines_.isEmpty() ? QByteArray() : (lines_.join(u'\n') + u'\n').toUtf8(); }
+
+}  // namespace shell

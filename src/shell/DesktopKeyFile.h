@@ -1,0 +1,34 @@
+#pragma once
+// The desktop's small INI-style files (mimeapps.list and our list of earlier defaults):
+// groups in brackets, "key=value" lines. Values are read and changed in place, so every
+// other line of a user's file, comments included, stays exactly as it was.
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+namespace shell {
+
+class DesktopKeyFile {
+ public:
+  explicit DesktopKeyFile(const QByteArray& text = {});
+
+  // Nothing when the group or the key is missing.
+  std::optional<QString> Value(const QString& group, const QString& key) const;
+  // Replaces the key's value, or adds the key (and the group) at the group's end.
+  void SetValue(const QString& group, const QString& key, const QString& value);
+  void Remove(const QString& group, const QString& key);
+  QByteArray Text() const;
+
+ private:
+  // The index of the group's header line, or -1.
+  qsizetype GroupLine(const QString& group) const;
+  // The index of the key's line within the group, or -1; `end` is where the group ends.
+  qsizetype KeyLine(const QString& group, const QString& key, qsizetype* end = nullptr) const;
+
+  QStringList lines_;
+};
+
+}  // namespace shell

@@ -1,0 +1,170 @@
+#include "shell/FreedesktopShell.h"
+
+#include "shell/DesktopKeyFile.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QStandardPaths>
+
+#include <algorithm>
+#include <map>
+
+namespace shell {
+
+namespace {
+
+const QString kDesktopId = QStringLiteral("vistrel.desktop");
+const QString kDefaults = QStringLiteral("Default Applications");
+const QString kAdded = QStringLiteral("Added Associations");
+const QString kFolderType = QStringLiteral("inode/directory");
+
+QString DataHome() { return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation); }
+
+DesktopKeyFile Read(const QString& path) {
+  QFile file(path);
+  return DesktopKeyFile(file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray());
+}
+
+void Write(const QString& path, const QByteArray& text, QFileDevice::Permissions permissions = {}) {
+  QDir().mkpath(QFileInfo(path).path());
+  QSaveFile file(path);
+  if (!file.open(QIODevice::WriteOnly)) return;
+  file.write(text);
+  if (file.commit() && permissions) QFile::setPermissions(path, permissions);
+}
+
+// The program as a desktop entry's Exec names it: quoted only when it has to be, since
+// some tools do not find a quoted program.
+QString ExecProgram(const QString& program) {
+  static const QString kReserved = QStringLiteral(" \t\n\"'\\><~|&;$*?#()`");
+  if (std::none_of(program.begin(), program.end(), [](QChar c) { return kReserved.contains(c); })) return program;
+  QString quoted = program;
+  for (const char* special : {"\\", "\"", "`", "$"}) quoted.replace(QLatin1String(special), u'\\' + QLatin1String(special));
+  return u'"' + quoted + u'"';
+}
+
+QStringList Entries(const std::optional<QString>& value) {
+  return value ? value->split(u';', Qt::SkipEmptyParts) : QStringList();
+}
+
+}  // namespace
+
+QStringList MimeTypesOf(const QString& extension) {
+  static const std::map<QString, QStringList> kTypes = {
+      {"bmp", {"image/bmp"}}, {"dib", {"image/bmp"}}, {"cal", {"image/x-cals"}}, {"cur", {"image/x-win-bitmap"}},
+      {"gif", {"image/gif"}}, {"ico", {"image/vnd.microsoft.icon"}}, {"jpg", {"image/jpeg"}}, {"jpeg", {"image/jpeg"}},
+      {"jpe", {"image/jpeg"}}, {"jif", {"image/jpeg"}}, {"pbm", {"image/x-portable-bitmap"}},
+      {"pcx", {"image/vnd.zbrush.pcx"}}, {"dcx", {"image/x-dcx"}}, {"pgm", {"image/x-portable-graymap"}},
+      {"png", {"image/png"}}, {"ppm", {"image/x-portable-pixmap"}}, {"rle", {"image/rle"}}, {"tga", {"image/x-tga"}},
+      {"tif", {"image/tiff"}}, {"wmf", {"image/wmf"}}, {"emf", {"image/emf"}}, {"wpg", {"application/x-wpg"}}};
+  const auto found = kTypes.find(extension.trimmed().toLower());
+  return found == kTypes.end() ? QStringList() : found->second;
+}
+
+FreedesktopShell::FreedesktopShell(QString program) : program_(std::move(program)) {}
+
+QString FreedesktopShell::MimeAppsPath() const {
+  return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + QStringLiteral("/mimeapps.list");
+}
+
+QString FreedesktopShell::BackupPath() const { return DataHome() + QStringLiteral("/vistrel/defaults-before-vistrel"); }
+
+// An installed program brings its own vistrel.desktop; otherwise one is written for the user.
+void FreedesktopShell::EnsureDesktopFile() const {
+  if (!QStandardPaths::locate(QStandardPaths::ApplicationsLocation, kDesktopId).isEmpty()) return;
+  Write(DataHome() + QStringLiteral("/applications/") + kDesktopId,
+        QStringLiteral("[Desktop Entry]\nType=Application\nName=Vistrel\nComment=View and edit images\n"
+                       "Exec=%1 %f\nIcon=vistrel\nTerminal=false\nCategories=Graphics;Viewer;\n"
+                       "MimeType=image/bmp;image/gif;image/jpeg;image/png;image/tiff;inode/directory;\n")
+            .arg(ExecProgram(program_))
+            .toUtf8());
+}
+
+void FreedesktopShell::Associate(const QString& extension) {
+  EnsureDesktopFile();
+  DesktopKeyFile mimeApps = Read(MimeAppsPath());
+  DesktopKeyFile backups = Read(BackupPath());
+  for (const QString& type : MimeTypesOf(extension)) {
+    const std::optional<QString> previous = mimeApps.Value(kDefaults, type);
+    // A second association keeps the first backup: our own entry is never kept as "earlier".
+    if (!previous || !previous->startsWith(kDesktopId)) backups.SetValue(kDefaults, type, previous.value_or(QString()));
+    mimeApps.SetValue(kDefaults, type, kDesktopId + u';');
+  }
+  Write(BackupPath(), backups.Text());
+  Write(MimeAppsPath(), mimeApps.Text());
+}
+
+void FreedesktopShell::Unassociate(const QString& extension) {
+  DesktopKeyFile mimeApps = Read(MimeAppsPath());
+  DesktopKeyFile backups = Read(BackupPath());
+  const bool ours = IsAssociated(extension);
+  for (const QString& type : MimeTypesOf(extension)) {
+    if (ours) {
+      const QString previous = backups.Value(kDefaults, type).value_or(QString());
+      previous.isEmpty() ? mimeApps.Remove(kDefaults, type) : mimeApps.SetValue(kDefaults, type, previous);
+    }
+    backups.Remove(kDefaults, type);
+  }
+  Write(BackupPath(), backups.Text());
+  if (ours) Write(MimeAppsPath(), mimeApps.Text());
+}
+
+bool FreedesktopShell::IsAssociated(const QString& extension) const {
+  const QStringList types = MimeTypesOf(extension);
+  if (types.isEmpty()) return false;
+  QStringList files = {MimeAppsPath()};
+  for (const QString& folder : QStandardPaths::standardLocations(QStandardPaths::GenericConfigLocation)) {
+    files << folder + QStringLiteral("/mimeapps.list");
+  }
+  for (const QString& path : files) {
+    const QStringList entries = Entries(Read(path).Value(kDefaults, types.front()));
+    if (!entries.isEmpty()) return entries.front() == kDesktopId;
+  }
+  return false;
+}
+
+QStringList FreedesktopShell::FolderEntryFiles() const {
+  return {DataHome() + QStringLiteral("/kio/servicemenus/vistrel-open-folder.desktop"),
+          DataHome() + QStringLiteral("/nautilus/scripts/Open with Vistrel"),
+          DataHome() + QStringLiteral("/nemo/actions/vistrel-open-folder.nemo_action")};
+}
+
+bool FreedesktopShell::FolderEntryExists() const {
+  for (const QString& file : FolderEntryFiles()) {
+    if (!QFile::exists(file)) return false;
+  }
+  return Entries(Read(MimeAppsPath()).Value(kAdded, kFolderType)).contains(kDesktopId);
+}
+
+void FreedesktopShell::AddFolderEntry() {
+  EnsureDesktopFile();
+  const QStringList files = FolderEntryFiles();
+  const QString exec = ExecProgram(program_);
+  const QString quoted = u'\'' + QString(program_).replace(u'\'', QStringLiteral("'\\''")) + u'\'';  // for the shell
+  const auto executable = QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner |
+                          QFileDevice::ReadGroup | QFileDevice::ExeGroup | QFileDevice::ReadOther | QFileDevice::ExeOther;
+  Write(files[0], QStringLiteral("[Desktop Entry]\nType=Service\nMimeType=inode/directory;\nActions=openWithVistrel;\n"
+                                 "X-KDE-Priority=TopLevel\n\n[Desktop Action openWithVistrel]\nName=Open with Vistrel\n"
+                                 "Icon=vistrel\nExec=%1 %f\n").arg(exec).toUtf8(), executable);
+  Write(files[1], QStringLiteral("#!/bin/sh\nexec %1 \"$1\"\n").arg(quoted).toUtf8(), executable);
+  Write(files[2], QStringLiteral("[Nemo Action]\nName=Open with Vistrel\nIcon-Name=vistrel\nExec=%1 %F\n"
+                                 "Selection=s\nExtensions=dir;\n").arg(exec).toUtf8());
+  DesktopKeyFile mimeApps = Read(MimeAppsPath());
+  QStringList added = Entries(mimeApps.Value(kAdded, kFolderType));
+  if (!added.contains(kDesktopId)) added << kDesktopId;
+  mimeApps.SetValue(kAdded, kFolderType, added.join(u';') + u';');
+  Write(MimeAppsPath(), mimeApps.Text());
+}
+
+void FreedesktopShell::RemoveFolderEntry() {
+  for (const QString& file : FolderEntryFiles()) QFile::remove(file);
+  DesktopKeyFile mimeApps = Read(MimeAppsPath());
+  QStringList added = Entries(mimeApps.Value(kAdded, kFolderType));
+  if (!added.removeAll(kDesktopId)) return;
+  added.isEmpty() ? mimeApps.Remove(kAdded, kFolderType) : mimeApps.SetValue(kAdded, kFolderType, added.join(u';') + u';');
+  Write(MimeAppsPath(), mimeApps.Text());
+}
+
+}  // namespace shell

@@ -1,0 +1,40 @@
+#pragma once
+// Vistrel on the Linux desktop: the default viewer of chosen image types in the user's
+// mimeapps.list, with each type's earlier default kept in a file of our own so that giving
+// the type back restores exactly what was there; and "Open with Vistrel" on folders in the
+// file managers (the folder type's associations, a Dolphin service menu, a Nautilus script
+// and a Nemo action, added and removed together).
+
+#include <QString>
+#include <QStringList>
+
+namespace shell {
+
+// The desktop's names of an extension's file types (shared-mime-info), ours where it has
+// none: image/x-cals for cal and image/x-dcx for dcx.
+QStringList MimeTypesOf(const QString& extension);
+
+class FreedesktopShell {
+ public:
+  // `program`: the executable the entries start.
+  explicit FreedesktopShell(QString program);
+
+  void Associate(const QString& extension);
+  void Unassociate(const QString& extension);
+  // The default the user's and the system's mimeapps.list give its first type.
+  bool IsAssociated(const QString& extension) const;
+
+  bool FolderEntryExists() const;
+  void AddFolderEntry();
+  void RemoveFolderEntry();
+
+ private:
+  QString MimeAppsPath() const;
+  QString BackupPath() const;
+  QStringList FolderEntryFiles() const;
+  void EnsureDesktopFile() const;
+
+  QString program_;
+};
+
+}  // namespace shell

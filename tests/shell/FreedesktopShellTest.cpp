@@ -1,0 +1,79 @@
+// Vistrel on the Linux desktop, in the private home the tests run in, judged by the
+// desktop's own tools: xdg-mime and gio.
+#include "shell/DesktopKeyFile.h"
+#include "shell/FreedesktopShell.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QStandardPaths>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+QString Output(const QString& program, const QStringList& arguments) {
+  QProcess process;
+  process.start(program, arguments);
+  process.waitForFinished(20000);
+  return QString::fromUtf8(process.readAllStandardOutput()).trimmed();
+}
+
+QString DefaultFor(const QString& type) { return Output(QStringLiteral("xdg-mime"), {"query", "default", type}); }
+
+void WriteFile(const QString& path, const QByteArray& text) {
+  QDir().mkpath(QFileInfo(path).path());
+  QFile file(path);
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  file.write(text);
+}
+
+// Another viewer owns PNG; Vistrel takes PNG and JPEG, then gives both back.
+TEST(FreedesktopShell, TypesAreTakenAndGivenBackToTheirEarlierViewer) {
+  const QString config = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+  const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+  WriteFile(data + "/applications/other-viewer.desktop",
+            "[Desktop Entry]\nType=Application\nName=Other\nExec=true %f\nMimeType=image/png;\n");
+  WriteFile(config + "/mimeapps.list", "# mine\n[Default Applications]\nimage/png=other-viewer.desktop;\n");
+  shell::FreedesktopShell desktop(QCoreApplication::applicationFilePath());  // a program that exists
+  for (const char* extension : {"png", "jpg", "png"}) desktop.Associate(QLatin1String(extension));
+  EXPECT_EQ(DefaultFor(QStringLiteral("image/png")), QStringLiteral("vistrel.desktop"));
+  EXPECT_EQ(DefaultFor(QStringLiteral("image/jpeg")), QStringLiteral("vistrel.desktop"));
+  EXPECT_TRUE(Output(QStringLiteral("gio"), {"mime", "image/png"}).contains(QStringLiteral("vistrel.desktop")));
+  EXPECT_TRUE(desktop.IsAssociated(QStringLiteral("JPE")));
+  desktop.Unassociate(QStringLiteral("png"));
+  desktop.Unassociate(QStringLiteral("jpeg"));
+  EXPECT_EQ(DefaultFor(QStringLiteral("image/png")), QStringLiteral("other-viewer.desktop"));
+  EXPECT_FALSE(desktop.IsAssociated(QStringLiteral("jpg")));
+  QFile list(config + "/mimeapps.list");
+  ASSERT_TRUE(list.open(QIODevice::ReadOnly));
+  EXPECT_EQ(list.readAll(), QByteArray("# mine\n[Default Applications]\nimage/png=other-viewer.desktop;\n"));
+}
+
+TEST(FreedesktopShell, TheFolderEntryIsAddedAndRemovedInEveryFileManager) {
+  shell::FreedesktopShell desktop(QCoreApplication::applicationFilePath());  // a program that exists
+  EXPECT_FALSE(desktop.FolderEntryExists());
+  desktop.AddFolderEntry();
+  desktop.AddFolderEntry();
+  EXPECT_TRUE(desktop.FolderEntryExists());
+  const QString script = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
+                         QStringLiteral("/nautilus/scripts/Open with Vistrel");
+  EXPECT_TRUE(QFileInfo(script).isExecutable());
+  EXPECT_TRUE(Output(QStringLiteral("gio"), {"mime", "inode/directory"}).contains(QStringLiteral("vistrel.desktop")));
+  desktop.RemoveFolderEntry();
+  EXPECT_FALSE(desktop.FolderEntryExists());
+  EXPECT_FALSE(QFile::exists(script));
+}
+
+// The key file keeps a user's other lines as they were.
+TEST(DesktopKeyFile, ChangesOnlyTheLinesItIsAskedTo) {
+  shell::DesktopKeyFile file("# comment\n[Added Associations]\nimage/png=a.desktop;\n\n[Default Applications]\nx=1\n");
+  file.SetValue(QStringLiteral("Added Associations"), QStringLiteral("image/gif"), QStringLiteral("b.desktop;"));
+  file.SetValue(QStringLiteral("Default Applications"), QStringLiteral("x"), QStringLiteral("2"));
+  file.Remove(QStringLiteral("Added Associations"), QStringLiteral("image/png"));
+  file.SetValue(QStringLiteral("New"), QStringLiteral("k"), QStringLiteral("v"));
+  EXPECT_EQ(file.Text(), QByteArray("# comment\n[Added Associations]\nimage/gif=b.desktop;\n\n[Default Applications]\nx=2\n\n[New]\nk=v\n"));
+}
+
+}  // namespace
