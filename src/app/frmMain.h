@@ -19,6 +19,7 @@
 #include "settings/SettingsFile.h"
 #include "print/frmImprimir.h"
 #include "shell/DesktopWallpaper.h"
+#include "shell/frmTiposArchivo.h"
 #include "slideshow/frmSlideShow.h"
 #include "slideshow/frmSlideShow2.h"
 #include "shell/Wallpaper.h"
@@ -94,6 +95,9 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   // ... the print dialog through this ...
   using PrintDialogRunner = std::function<int(print::frmImprimir& dialog)>;
   void SetPrintDialogRunner(PrintDialogRunner runner) { runPrintDialog_ = std::move(runner); }
+  // ... the file types dialog through this ...
+  using FileTypesRunner = std::function<int(shell::frmTiposArchivo& dialog)>;
+  void SetFileTypesRunner(FileTypesRunner runner) { runFileTypes_ = std::move(runner); }
   // ... the desktop's wallpaper through this ...
   void SetWallpaperSetter(shell::WallpaperSetter setter) { setWallpaper_ = std::move(setter); }
   // ... and the parameter dialog through this: true for OK, false for Cancel.
@@ -150,6 +154,7 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
 
   // frmMainToolsCommands.cpp
   void RunOptions();
+  void RunFileTypes();
   void RunSlideShow();
   void PlaySlideShow(const slideshow::PlayerSettings& settings, QWidget* setup);
   bool CanSetWallpaper() const;
@@ -212,6 +217,7 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   FullScreenRunner runFullScreen_ = RunFullScreenView;
   shell::WallpaperSetter setWallpaper_ = shell::SetDesktopWallpaper;
   widgets::ColourChooser chooseColour_ = widgets::ChooseColourWithDialog;
+  FileTypesRunner runFileTypes_ = [](shell::frmTiposArchivo& dialog) { return dialog.exec(); };
   PrintDialogRunner runPrintDialog_ = [](print::frmImprimir& dialog) { return dialog.exec(); };
   OptionsRunner runOptions_ = [](widgets::frmOptions& options) { return options.exec(); };
   SlideShowRunner runSlideShow_ = [](slideshow::frmSlideShow& setup) { setup.exec(); };

@@ -175,7 +175,7 @@ void frmMain::DeclareToolsAndHelpCommands() {
   t.Declare({"mnuToolsSlideShow", "&Slide Show...", {}, "media-playback-start", "Slide Show"}, {[this] { RunSlideShow(); }});
   t.Declare({"mnuToolsSetWallpaper", "Se&t Wallpaper"}, {[this] { RunSetWallpaper(); }, [this] { return CanSetWallpaper(); }});
   t.Declare({"mnuToolsRemoveWallpaper", "&Remove Wallpaper"}, {[this] { RunRemoveWallpaper(); }});
-  t.Declare({"mnuToolsTiposArchivo", "&Associate File Types with Vistrel..."});
+  t.Declare({"mnuToolsTiposArchivo", "&Associate File Types with Vistrel..."}, {[this] { RunFileTypes(); }});
   t.Declare({"mnuToolsBorrarListaReciente", "&Clear List of Recent Folders"},
             {[this] { browse::ConfirmAndClearRecentFolders(this, state_.Settings); }});
   t.Declare({"mnuToolsOptions", "&Options..."}, {[this] { RunOptions(); }});

@@ -4,10 +4,13 @@
 
 #include "base/Colors.h"
 #include "shell/FolderEntry.h"
+#include "shell/FreedesktopShell.h"
 #include "view/Viewport.h"
 #include "widgets/BusyPointer.h"
 
 #include <QCoreApplication>
+
+#include <memory>
 #include <QMessageBox>
 #include <QScreen>
 #include <QTreeView>
@@ -40,6 +43,16 @@ void frmMain::RunOptions() {
   }
   if (options.ViewBarsChanged()) LayOut();
   commands_.Refresh();
+}
+
+// The desktop's default viewer of chosen image types.
+void frmMain::RunFileTypes() {
+  auto desktop = std::make_shared<shell::FreedesktopShell>(QCoreApplication::applicationFilePath());
+  shell::frmTiposArchivo dialog({[desktop](const QString& extension) { return desktop->IsAssociated(extension); },
+                                 [desktop](const QString& extension, const QString&) { desktop->Associate(extension); },
+                                 [desktop](const QString& extension) { desktop->Unassociate(extension); }},
+                                this);
+  runFileTypes_(dialog);
 }
 
 // The setup dialog takes the open folder's list; it stays open while the player runs.

@@ -13,6 +13,8 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QComboBox>
+#include <QListWidget>
+#include <QStandardPaths>
 #include <QProcess>
 #include <QPushButton>
 #include <QStatusBar>
@@ -126,6 +128,41 @@ TEST_F(frmMainToolsTest, OptionsTakeEffectAtOnceAndRestoreGivesTheDefaults) {
                        defaults.RecentEnabled));
   EXPECT_TRUE(Child<QWidget>("ctlToolbar")->isVisible());
   EXPECT_TRUE(now.RecentFolders[0].isEmpty());
+}
+
+// Tools > Associate File Types in the tests' private home, judged by xdg-mime: the ticked
+// rows become Vistrel's, the dialog shows them ticked next time, and an unticked one goes.
+TEST_F(frmMainToolsTest, TickedFileTypesBecomeVistrelsAndUntickedOnesGoBack) {
+  const auto choose = [this](std::function<void(QListWidget&)> tick) {
+    window_->SetFileTypesRunner([tick](shell::frmTiposArchivo& dialog) {
+      tick(*dialog.findChild<QListWidget*>(QStringLiteral("lisLista")));
+      dialog.findChild<QPushButton*>(QStringLiteral("cmdAceptar"))->click();
+      return dialog.result();
+    });
+    Trigger("mnuToolsTiposArchivo");
+  };
+  const auto viewerOf = [](const char* type) {
+    QProcess query;
+    query.start(QStringLiteral("xdg-mime"), {"query", "default", QLatin1String(type)});
+    query.waitForFinished();
+    return QString::fromUtf8(query.readAllStandardOutput()).trimmed();
+  };
+  choose([](QListWidget& rows) {
+    EXPECT_EQ(rows.item(6)->text(), QStringLiteral("Jpeg image (jpg, jpeg, jpe, jif)"));
+    for (const int row : {6, 10}) rows.item(row)->setCheckState(Qt::Checked);  // jpg and png
+  });
+  EXPECT_EQ(viewerOf("image/png"), QStringLiteral("vistrel.desktop"));
+  EXPECT_EQ(viewerOf("image/jpeg"), QStringLiteral("vistrel.desktop"));
+  QFile mimeApps(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + QStringLiteral("/mimeapps.list"));
+  ASSERT_TRUE(mimeApps.open(QIODevice::ReadOnly));
+  EXPECT_FALSE(mimeApps.readAll().contains("image/bmp="));  // an unticked type is left alone
+  choose([](QListWidget& rows) {
+    EXPECT_EQ(rows.item(10)->checkState(), Qt::Checked);
+    EXPECT_EQ(rows.item(0)->checkState(), Qt::Unchecked);
+    rows.item(10)->setCheckState(Qt::Unchecked);
+  });
+  EXPECT_NE(viewerOf("image/png"), QStringLiteral("vistrel.desktop"));
+  EXPECT_EQ(viewerOf("image/jpeg"), QStringLiteral("vistrel.desktop"));
 }
 
 // File > Print to a PDF: the picture as shown, or every image of the folder a page each.

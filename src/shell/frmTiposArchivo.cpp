@@ -1,0 +1,91 @@
+#include "shell/frmTiposArchivo.h"
+
+#include "browse/FileTypes.h"
+#include "widgets/BusyPointer.h"
+#include "widgets/Fonts.h"
+
+#include <QBoxLayout>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+
+namespace shell {
+
+namespace {
+
+QString Caption(const QStringList& extensions) {
+  return browse::FileTypeDescription(extensions.front()) + QStringLiteral(" (") + extensions.join(QStringLiteral(", ")) +
+         u')';
+}
+
+QPushButton* Button(QWidget* parent, const char* name, const QString& caption) {
+  auto* button = new QPushButton(caption, parent);
+  button->setObjectName(QLatin1String(name));
+  return button;
+}
+
+}  // namespace
+
+const QStringList& FileTypeRows() {
+  static const QStringList kRows = {"bmp", "cal", "cur", "dib", "gif", "ico", "jpg;jpeg;jpe;jif", "pbm", "pcx;dcx",
+                                    "pgm", "png", "ppm", "rle", "tga", "tif", "wmf;emf", "wpg"};
+  return kRows;
+}
+
+frmTiposArchivo::frmTiposArchivo(FileTypeOwner owner, QWidget* parent) : QDialog(parent), owner_(std::move(owner)) {
+  setObjectName(QStringLiteral("frmTiposArchivo"));
+  setWindowTitle(QStringLiteral("Associate File Types with Vistrel"));
+  auto* page = new QVBoxLayout(this);
+  page->addWidget(new QLabel(QStringLiteral("Select the file types for which you want Vistrel to be the default viewer."), this));
+  auto* label = new QLabel(QStringLiteral("&File types:"), this);
+  lisLista_ = new QListWidget(this);
+  lisLista_->setObjectName(QStringLiteral("lisLista"));
+  label->setBuddy(lisLista_);
+  page->addWidget(label);
+  page->addWidget(lisLista_);
+  for (const QString& row : FileTypeRows()) {
+    const QStringList extensions = row.split(u';');
+    auto* item = new QListWidgetItem(Caption(extensions), lisLista_);
+    item->setData(Qt::UserRole, row);
+    item->setFlags(item->flags() | Qt::ItemIsUserCheckable);
+    item->setCheckState(owner_.IsAssociated(extensions.front()) ? Qt::Checked : Qt::Unchecked);
+  }
+  auto* buttons = new QHBoxLayout;
+  QPushButton* all = Button(this, "cmdTodos", QStringLiteral("Select All"));
+  QPushButton* none = Button(this, "cmdNinguno", QStringLiteral("Select None"));
+  QPushButton* ok = Button(this, "cmdAceptar", QStringLiteral("OK"));
+  QPushButton* cancel = Button(this, "cmdCancelar", QStringLiteral("Cancel"));
+  ok->setDefault(true);
+  connect(all, &QPushButton::clicked, this, [this] { CheckAll(true); });
+  connect(none, &QPushButton::clicked, this, [this] { CheckAll(false); });
+  connect(ok, &QPushButton::clicked, this, &frmTiposArchivo::Accept);
+  connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+  buttons->addWidget(all);
+  buttons->addWidget(none);
+  buttons->addStretch();
+  buttons->addWidget(ok);
+  buttons->addWidget(cancel);
+  page->addLayout(buttons);
+  widgets::ApplyTahomaFont(*this);
+  resize(460, 480);
+}
+
+void frmTiposArchivo::CheckAll(bool checked) {
+  for (int i = 0; i < lisLista_->count(); ++i) lisLista_->item(i)->setCheckState(checked ? Qt::Checked : Qt::Unchecked);
+}
+
+// Every extension of a ticked row becomes Vistrel's; every one of an unticked row goes back.
+void frmTiposArchivo::Accept() {
+  widgets::BusyPointerGuard busy;
+  for (int i = 0; i < lisLista_->count(); ++i) {
+    const QListWidgetItem* item = lisLista_->item(i);
+    const QStringList extensions = item->data(Qt::UserRole).toString().split(u';');
+    const QString description = browse::FileTypeDescription(extensions.front());
+    for (const QString& extension : extensions) {
+      item->checkState() == Qt::Checked ? owner_.Associate(extension, description) : owner_.Unassociate(extension);
+    }
+  }
+  accept();
+}
+
+}  // namespace shell

@@ -1,0 +1,38 @@
+#pragma once
+// frmTiposArchivo, "Associate File Types with Vistrel": the image types Vistrel opens, one
+// row a type with its extensions, ticked when Vistrel is their default viewer. OK makes
+// Vistrel the viewer of every ticked type and gives every unticked one back.
+
+#include <QDialog>
+
+#include <functional>
+
+class QListWidget;
+
+namespace shell {
+
+// How the platform hands image types to a viewer, and takes them back.
+struct FileTypeOwner {
+  std::function<bool(const QString& extension)> IsAssociated;
+  std::function<void(const QString& extension, const QString& description)> Associate;
+  std::function<void(const QString& extension)> Unassociate;
+};
+
+// The rows in order, each a type's extensions joined by ";".
+const QStringList& FileTypeRows();
+
+class frmTiposArchivo : public QDialog {
+  Q_OBJECT
+
+ public:
+  frmTiposArchivo(FileTypeOwner owner, QWidget* parent = nullptr);
+
+ private:
+  void CheckAll(bool checked);
+  void Accept();
+
+  FileTypeOwner owner_;
+  QListWidget* lisLista_ = nullptr;
+};
+
+}  // namespace shell
