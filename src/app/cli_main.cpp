@@ -6,9 +6,12 @@
 //   vistrel-cli apply IN OUT OPERATION [VALUE...]...   the editing operations in turn, then save
 //   vistrel-cli wallpaper set FILE | remove   the desktop wallpaper, as the viewer's Tools menu sets it
 //   vistrel-cli print FILE... [--printer NAME | --pdf OUT.pdf] [--copies N] [--fit | --original] [--center]
+//   vistrel-cli associate [--remove] EXT... | --list   the desktop's default viewer of image types
+//   vistrel-cli folder-entry add | remove | status     "Open with Vistrel" on folders
 // Exit codes: 0 done, 1 a file could not be opened or saved, 2 the words were wrong.
 // Failures go to standard error as "Can't open file: PATH (reason)".
 #include "app/CliPrint.h"
+#include "app/CliShell.h"
 #include "edit/Catalogue.h"
 #include "settings/SettingsFile.h"
 #include "files/FailureReasons.h"
@@ -37,6 +40,8 @@ constexpr const char* kUsage =
     "       vistrel-cli wallpaper set FILE\n"
     "       vistrel-cli wallpaper remove\n"
     "       vistrel-cli print FILE... [--printer NAME | --pdf OUT.pdf] [--copies N] [--fit | --original] [--center]\n"
+    "       vistrel-cli associate [--remove] EXT... | associate --list\n"
+    "       vistrel-cli folder-entry add | remove | status\n"
     "       vistrel-cli --help | --version\n";
 
 int Usage() {
@@ -163,6 +168,15 @@ int main(int argc, char** argv) {
   if (printing) {
     return cli::Print(arguments.mid(1), settings::SettingsFilePath(QCoreApplication::applicationDirPath(),
                                                                    QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)));
+  }
+  const QString viewer = QCoreApplication::applicationDirPath() + QStringLiteral("/vistrel");
+  if (verb == QLatin1String("associate")) {
+    const int code = cli::Associate(arguments.mid(1), viewer);
+    return code == 2 ? Usage() : code;
+  }
+  if (verb == QLatin1String("folder-entry")) {
+    const int code = cli::FolderEntry(arguments.mid(1), viewer);
+    return code == 2 ? Usage() : code;
   }
   if (verb == QLatin1String("wallpaper") && arguments.value(1) == QLatin1String("set") && arguments.size() == 3) {
     return SetWallpaper(arguments[2]);

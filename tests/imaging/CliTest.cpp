@@ -95,6 +95,19 @@ TEST(VistrelCli, ApplyRunsOperationsInTurnAsTheViewerDoes) {
   EXPECT_EQ(testing_support::MeanAbsoluteDifference(imaging::LoadFile(out).value(), expected), 0);
 }
 
+// The desktop integration from scripts, in the tests' private home.
+TEST(VistrelCli, AssociatesTypesAndAddsTheFolderEntry) {
+  EXPECT_EQ(Cli({"associate", "png"}).ExitCode, 0);
+  EXPECT_TRUE(Cli({"associate", "--list"}).Output.contains(QStringLiteral("png\tvistrel\n")));
+  EXPECT_EQ(Cli({"associate", "--remove", "png"}).ExitCode, 0);
+  EXPECT_TRUE(Cli({"associate", "--list"}).Output.contains(QStringLiteral("png\tother\n")));
+  EXPECT_EQ(Cli({"associate", "xyz"}).ExitCode, 2);
+  EXPECT_EQ(Cli({"folder-entry", "add"}).ExitCode, 0);
+  EXPECT_EQ(Cli({"folder-entry", "status"}).Output, QStringLiteral("present\n"));
+  EXPECT_EQ(Cli({"folder-entry", "remove"}).ExitCode, 0);
+  EXPECT_EQ(Cli({"folder-entry", "status"}).Output, QStringLiteral("absent\n"));
+}
+
 // A private copy left by a killed decode is cleared by the next run that decodes through
 // the helper; a fresh one (a decode still running) stays.
 TEST(VistrelCli, ClearsStaleCopiesOfKilledDecodes) {
