@@ -49,9 +49,9 @@ void frmMain::RunOptions() {
 void frmMain::RunFileTypes() {
   auto desktop = std::make_shared<shell::FreedesktopShell>(QCoreApplication::applicationFilePath());
   shell::frmTiposArchivo dialog({[desktop](const QString& extension) { return desktop->IsAssociated(extension); },
-                                 [desktop](const QString& extension, const QString&) { desktop->Associate(extension); },
+                                 [desktop](const QString& extension, int icon, const QString&) { desktop->Associate(extension, icon); },
                                  [desktop](const QString& extension) { desktop->Unassociate(extension); }},
-                                this);
+                                state_.Settings.FileTypeIcon, this);
   runFileTypes_(dialog);
 }
 

@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QProcess>
 #include <QSaveFile>
 #include <QStandardPaths>
 
@@ -51,6 +52,12 @@ QStringList Entries(const std::optional<QString>& value) {
 
 }  // namespace
 
+const QStringList& FileTypeRows() {
+  static const QStringList kRows = {"bmp", "cal", "cur", "dib", "gif", "ico", "jpg;jpeg;jpe;jif", "pbm", "pcx;dcx",
+                                    "pgm", "png", "ppm", "rle", "tga", "tif", "wmf;emf", "wpg"};
+  return kRows;
+}
+
 QStringList MimeTypesOf(const QString& extension) {
   static const std::map<QString, QStringList> kTypes = {
       {"bmp", {"image/bmp"}}, {"dib", {"image/bmp"}}, {"cal", {"image/x-cals"}}, {"cur", {"image/x-win-bitmap"}},
@@ -82,8 +89,11 @@ void FreedesktopShell::EnsureDesktopFile() const {
             .toUtf8());
 }
 
-void FreedesktopShell::Associate(const QString& extension) {
+void FreedesktopShell::Associate(const QString& extension, int iconIndex) {
   EnsureDesktopFile();
+  const bool showsItself = extension == QLatin1String("cur") || extension == QLatin1String("ico");
+  const QString icon = iconIndex < 0 || showsItself ? QString() : QStringLiteral("vistrel-document-%1").arg(iconIndex, 3, 10, QChar(u'0'));
+  for (const QString& type : MimeTypesOf(extension)) SetTypeIcon(type, icon);
   DesktopKeyFile mimeApps = Read(MimeAppsPath());
   DesktopKeyFile backups = Read(BackupPath());
   for (const QString& type : MimeTypesOf(extension)) {
@@ -106,9 +116,50 @@ void FreedesktopShell::Unassociate(const QString& extension) {
       previous.isEmpty() ? mimeApps.Remove(kDefaults, type) : mimeApps.SetValue(kDefaults, type, previous);
     }
     backups.Remove(kDefaults, type);
+    if (ours) SetTypeIcon(type, {});
   }
   Write(BackupPath(), backups.Text());
   if (ours) Write(MimeAppsPath(), mimeApps.Text());
+}
+
+// The icon goes to the user's hicolor theme; the package to the user's MIME database.
+void FreedesktopShell::SetTypeIcon(const QString& type, const QString& icon) const {
+  const QString icons = DataHome() + QStringLiteral("/vistrel/type-icons");
+  DesktopKeyFile chosen = Read(icons);
+  if (chosen.Value(QStringLiteral("Icons"), type).value_or(QString()) == icon) return;
+  icon.isEmpty() ? chosen.Remove(QStringLiteral("Icons"), type) : chosen.SetValue(QStringLiteral("Icons"), type, icon);
+  Write(icons, chosen.Text());
+  if (!icon.isEmpty()) {
+    QFile source(QStringLiteral(":/document-icons/") + icon + QStringLiteral(".svg"));
+    if (source.open(QIODevice::ReadOnly)) {
+      Write(DataHome() + QStringLiteral("/icons/hicolor/scalable/mimetypes/") + icon + QStringLiteral(".svg"), source.readAll());
+    }
+  }
+  WriteMimePackage();
+}
+
+void FreedesktopShell::WriteMimePackage() const {
+  const DesktopKeyFile chosen = Read(DataHome() + QStringLiteral("/vistrel/type-icons"));
+  QString xml = QStringLiteral("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+                               "<mime-info xmlns=\"http://www.freedesktop.org/standards/shared-mime-info\">\n"
+                               "  <mime-type type=\"image/x-cals\"><comment>CALS raster image</comment><glob pattern=\"*.cal\"/></mime-type>\n"
+                               "  <mime-type type=\"image/x-dcx\"><comment>Multi-page PCX image</comment><glob pattern=\"*.dcx\"/></mime-type>\n"
+                               "  <mime-type type=\"image/jpeg\"><glob pattern=\"*.jif\"/></mime-type>\n");
+  QStringList written;
+  for (const QString& row : FileTypeRows()) {
+    for (const QString& extension : row.split(u';')) {
+      for (const QString& type : MimeTypesOf(extension)) {
+        const auto icon = chosen.Value(QStringLiteral("Icons"), type);
+        if (written.contains(type) || !icon) continue;
+        written << type;
+        xml += QStringLiteral("  <mime-type type=\"%1\"><icon name=\"%2\"/></mime-type>\n").arg(type, *icon);
+      }
+    }
+  }
+  xml += QStringLiteral("</mime-info>\n");
+  const QString database = DataHome() + QStringLiteral("/mime");
+  Write(database + QStringLiteral("/packages/vistrel.xml"), xml.toUtf8());
+  QProcess::execute(QStringLiteral("update-mime-database"), {database});
 }
 
 bool FreedesktopShell::IsAssociated(const QString& extension) const {

@@ -14,12 +14,17 @@ namespace shell {
 // none: image/x-cals for cal and image/x-dcx for dcx.
 QStringList MimeTypesOf(const QString& extension);
 
+// The image types Vistrel offers to open, one row a type, its extensions joined by ";".
+const QStringList& FileTypeRows();
+
 class FreedesktopShell {
  public:
   // `program`: the executable the entries start.
   explicit FreedesktopShell(QString program);
 
-  void Associate(const QString& extension);
+  // `iconIndex` picks the document icon the desktop shows for the type (-1 for none); the
+  // types shared-mime-info lacks (cal, dcx) are described to the desktop too.
+  void Associate(const QString& extension, int iconIndex = -1);
   void Unassociate(const QString& extension);
   // The default the user's and the system's mimeapps.list give its first type.
   bool IsAssociated(const QString& extension) const;
@@ -33,6 +38,9 @@ class FreedesktopShell {
   QString BackupPath() const;
   QStringList FolderEntryFiles() const;
   void EnsureDesktopFile() const;
+  // Our MIME package: the icon of each type Vistrel owns, and the types we describe.
+  void SetTypeIcon(const QString& type, const QString& icon) const;
+  void WriteMimePackage() const;
 
   QString program_;
 };

@@ -1,13 +1,18 @@
 #include "shell/frmTiposArchivo.h"
 
 #include "browse/FileTypes.h"
+#include "shell/FreedesktopShell.h"
 #include "widgets/BusyPointer.h"
 #include "widgets/Fonts.h"
 
 #include <QBoxLayout>
+#include <QButtonGroup>
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
+#include <QToolButton>
+
+#include <algorithm>
 
 namespace shell {
 
@@ -26,13 +31,10 @@ QPushButton* Button(QWidget* parent, const char* name, const QString& caption) {
 
 }  // namespace
 
-const QStringList& FileTypeRows() {
-  static const QStringList kRows = {"bmp", "cal", "cur", "dib", "gif", "ico", "jpg;jpeg;jpe;jif", "pbm", "pcx;dcx",
-                                    "pgm", "png", "ppm", "rle", "tga", "tif", "wmf;emf", "wpg"};
-  return kRows;
-}
+constexpr int kDocumentIcons = 3;
 
-frmTiposArchivo::frmTiposArchivo(FileTypeOwner owner, QWidget* parent) : QDialog(parent), owner_(std::move(owner)) {
+frmTiposArchivo::frmTiposArchivo(FileTypeOwner owner, int& fileTypeIcon, QWidget* parent)
+    : QDialog(parent), owner_(std::move(owner)), fileTypeIcon_(fileTypeIcon) {
   setObjectName(QStringLiteral("frmTiposArchivo"));
   setWindowTitle(QStringLiteral("Associate File Types with Vistrel"));
   auto* page = new QVBoxLayout(this);
@@ -50,6 +52,21 @@ frmTiposArchivo::frmTiposArchivo(FileTypeOwner owner, QWidget* parent) : QDialog
     item->setFlags(item->flags() | Qt::ItemIsUserCheckable);
     item->setCheckState(owner_.IsAssociated(extensions.front()) ? Qt::Checked : Qt::Unchecked);
   }
+  auto* icons = new QHBoxLayout;
+  icons->addWidget(new QLabel(QStringLiteral("Icon:"), this));
+  picIcono_ = new QButtonGroup(this);
+  for (int i = 0; i < kDocumentIcons; ++i) {
+    auto* choice = new QToolButton(this);
+    choice->setObjectName(QStringLiteral("picIcono(%1)").arg(i));
+    choice->setIcon(QIcon(QStringLiteral(":/document-icons/vistrel-document-%1.svg").arg(i, 3, 10, QChar(u'0'))));
+    choice->setIconSize(QSize(32, 32));
+    choice->setCheckable(true);
+    choice->setChecked(i == std::clamp(fileTypeIcon, 0, kDocumentIcons - 1));
+    picIcono_->addButton(choice, i);
+    icons->addWidget(choice);
+  }
+  icons->addStretch();
+  page->addLayout(icons);
   auto* buttons = new QHBoxLayout;
   QPushButton* all = Button(this, "cmdTodos", QStringLiteral("Select All"));
   QPushButton* none = Button(this, "cmdNinguno", QStringLiteral("Select None"));
@@ -77,12 +94,13 @@ void frmTiposArchivo::CheckAll(bool checked) {
 // Every extension of a ticked row becomes Vistrel's; every one of an unticked row goes back.
 void frmTiposArchivo::Accept() {
   widgets::BusyPointerGuard busy;
+  fileTypeIcon_ = picIcono_->checkedId();
   for (int i = 0; i < lisLista_->count(); ++i) {
     const QListWidgetItem* item = lisLista_->item(i);
     const QStringList extensions = item->data(Qt::UserRole).toString().split(u';');
     const QString description = browse::FileTypeDescription(extensions.front());
     for (const QString& extension : extensions) {
-      item->checkState() == Qt::Checked ? owner_.Associate(extension, description) : owner_.Unassociate(extension);
+      item->checkState() == Qt::Checked ? owner_.Associate(extension, fileTypeIcon_, description) : owner_.Unassociate(extension);
     }
   }
   accept();

@@ -7,6 +7,7 @@
 
 #include <functional>
 
+class QButtonGroup;
 class QListWidget;
 
 namespace shell {
@@ -14,24 +15,24 @@ namespace shell {
 // How the platform hands image types to a viewer, and takes them back.
 struct FileTypeOwner {
   std::function<bool(const QString& extension)> IsAssociated;
-  std::function<void(const QString& extension, const QString& description)> Associate;
+  std::function<void(const QString& extension, int iconIndex, const QString& description)> Associate;
   std::function<void(const QString& extension)> Unassociate;
 };
-
-// The rows in order, each a type's extensions joined by ";".
-const QStringList& FileTypeRows();
 
 class frmTiposArchivo : public QDialog {
   Q_OBJECT
 
  public:
-  frmTiposArchivo(FileTypeOwner owner, QWidget* parent = nullptr);
+  // `fileTypeIcon`: the document icon chosen for the types (the FileTypeIcon setting).
+  frmTiposArchivo(FileTypeOwner owner, int& fileTypeIcon, QWidget* parent = nullptr);
 
  private:
   void CheckAll(bool checked);
   void Accept();
 
   FileTypeOwner owner_;
+  int& fileTypeIcon_;
+  QButtonGroup* picIcono_ = nullptr;
   QListWidget* lisLista_ = nullptr;
 };
 

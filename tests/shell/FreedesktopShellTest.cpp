@@ -37,11 +37,18 @@ TEST(FreedesktopShell, TypesAreTakenAndGivenBackToTheirEarlierViewer) {
             "[Desktop Entry]\nType=Application\nName=Other\nExec=true %f\nMimeType=image/png;\n");
   WriteFile(config + "/mimeapps.list", "# mine\n[Default Applications]\nimage/png=other-viewer.desktop;\n");
   shell::FreedesktopShell desktop(QCoreApplication::applicationFilePath());  // a program that exists
-  for (const char* extension : {"png", "jpg", "png"}) desktop.Associate(QLatin1String(extension));
+  for (const char* extension : {"png", "jpg", "png", "cal"}) desktop.Associate(QLatin1String(extension), 2);
   EXPECT_EQ(DefaultFor(QStringLiteral("image/png")), QStringLiteral("vistrel.desktop"));
   EXPECT_EQ(DefaultFor(QStringLiteral("image/jpeg")), QStringLiteral("vistrel.desktop"));
   EXPECT_TRUE(Output(QStringLiteral("gio"), {"mime", "image/png"}).contains(QStringLiteral("vistrel.desktop")));
   EXPECT_TRUE(desktop.IsAssociated(QStringLiteral("JPE")));
+  WriteFile(data + "/photo.png", "\x89PNG\r\n\x1a\n");
+  WriteFile(data + "/scan.cal", "srcdocid: scan");
+  EXPECT_TRUE(Output(QStringLiteral("gio"), {"info", "-a", "standard::icon", data + "/photo.png"})
+                  .contains(QStringLiteral("vistrel-document-002")));  // the chosen document icon
+  EXPECT_TRUE(Output(QStringLiteral("gio"), {"info", "-a", "standard::content-type", data + "/scan.cal"})
+                  .contains(QStringLiteral("image/x-cals")));  // a type the desktop learns from us
+  desktop.Unassociate(QStringLiteral("cal"));
   desktop.Unassociate(QStringLiteral("png"));
   desktop.Unassociate(QStringLiteral("jpeg"));
   EXPECT_EQ(DefaultFor(QStringLiteral("image/png")), QStringLiteral("other-viewer.desktop"));
