@@ -100,8 +100,12 @@ HelperDecoder::HelperDecoder()
                      QStringLiteral("8"), QStringLiteral("%OUT%")},
                     {}) {}
 
+// The metafile helper: installed under ../libexec/vistrel beside the program's folder (so a
+// relocated install works), beside the program in the build tree, or in the build's bin.
 HelperDecoder HelperDecoder::ForEmf() {
-  QString program = QCoreApplication::applicationDirPath() + QStringLiteral("/vistrel-emf");
+  const QString folder = QCoreApplication::applicationDirPath();
+  QString program = folder + QStringLiteral("/../libexec/vistrel/vistrel-emf");
+  if (!QFileInfo::exists(program)) program = folder + QStringLiteral("/vistrel-emf");
   if (!QFileInfo::exists(program)) program = QStringLiteral(VISTREL_BUILD_BIN_DIR "/vistrel-emf");
   HelperLimits limits;
 #if defined(__SANITIZE_ADDRESS__)
