@@ -4,12 +4,12 @@
 // runs in the same go for the ratio.
 // Usage: bench_slideshow SOURCE_PHOTO
 #include "BenchClock.h"
+#include "BenchPhotos.h"
 #include "slideshow/frmSlideShow2.h"
 
 #include <QApplication>
 #include <QFile>
 #include <QKeyEvent>
-#include <QProcess>
 #include <QTemporaryDir>
 
 namespace {
@@ -43,10 +43,7 @@ int main(int argc, char** argv) {
   const QStringList tints = {"red", "green", "blue", "yellow"};
   for (const QString& tint : tints) {
     const QString name = tint + QStringLiteral(".jpg");
-    if (QProcess::execute(QStringLiteral("convert"), {QString::fromLocal8Bit(argv[1]), "-resize", "6000x4000!", "-fill", tint,
-                                                      "-colorize", "10", "-quality", "90", folder.filePath(name)}) != 0) {
-      return 1;
-    }
+    if (!bench::MakeTintedPhoto(QString::fromLocal8Bit(argv[1]), folder.filePath(name), tint)) return 1;
     settings.Rows.push_back({name, true});
   }
   std::printf("slideshow_source: %lld photos of 6000x4000 jpeg, screen 1280x800\n", static_cast<long long>(tints.size()));

@@ -7,22 +7,15 @@
 // times its first picture: the quick stand-in while the whole image is read.
 // Usage: bench_view SOURCE_PHOTO
 #include "BenchClock.h"
+#include "BenchPhotos.h"
 #include "app/frmMain.h"
 #include "imaging/Loader.h"
 #include "view/Viewport.h"
 
 #include <QApplication>
-#include <QProcess>
 #include <QTemporaryDir>
 
 namespace {
-
-bool MakePhoto(const QString& source, const QString& target, const QString& tint) {
-  return QProcess::execute(QStringLiteral("convert"),
-                           {source, QStringLiteral("-resize"), QStringLiteral("6000x4000!"), QStringLiteral("-fill"), tint,
-                            QStringLiteral("-colorize"), QStringLiteral("10"), QStringLiteral("-quality"),
-                            QStringLiteral("90"), target}) == 0;
-}
 
 void Paint(app::frmMain& window) {
   window.ImageView().repaint();
@@ -40,7 +33,7 @@ int main(int argc, char** argv) {
   const QStringList tints = {QStringLiteral("red"), QStringLiteral("green"), QStringLiteral("blue"),
                              QStringLiteral("yellow"), QStringLiteral("cyan"), QStringLiteral("magenta")};
   for (int i = 0; i < tints.size(); ++i) {
-    if (!MakePhoto(QString::fromLocal8Bit(argv[1]), pictures.filePath(QStringLiteral("photo%1.jpg").arg(i)), tints[i])) return 1;
+    if (!bench::MakeTintedPhoto(QString::fromLocal8Bit(argv[1]), pictures.filePath(QStringLiteral("photo%1.jpg").arg(i)), tints[i])) return 1;
   }
   std::printf("view_source: %lld photos of 6000x4000 jpeg, window 1280x800\n", static_cast<long long>(tints.size()));
 

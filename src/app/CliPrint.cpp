@@ -1,5 +1,7 @@
 #include "app/CliPrint.h"
 
+#include "app/CliOutput.h"
+
 #include "imaging/Loader.h"
 #include "print/Printing.h"
 #include "settings/SettingsFile.h"
@@ -19,8 +21,6 @@ struct PrintRequest {
   int Copies = 1;
   print::PrintOptions Options;
 };
-
-void Complain(const QString& line) { std::fprintf(stderr, "%s\n", line.toLocal8Bit().constData()); }
 
 std::optional<PrintRequest> ParseWords(const QStringList& words) {
   PrintRequest request;

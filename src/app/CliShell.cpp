@@ -1,17 +1,13 @@
 #include "app/CliShell.h"
 
+#include "app/CliOutput.h"
+
 #include "shell/FreedesktopShell.h"
 #include "shell/frmTiposArchivo.h"
 
 #include <cstdio>
 
 namespace cli {
-
-namespace {
-
-void Print(const QString& line) { std::printf("%s\n", line.toLocal8Bit().constData()); }
-
-}  // namespace
 
 int Associate(const QStringList& words, const QString& viewer) {
   shell::FreedesktopShell desktop(viewer);
@@ -28,7 +24,7 @@ int Associate(const QStringList& words, const QString& viewer) {
   if (extensions.isEmpty()) return 2;
   for (const QString& extension : extensions) {
     if (shell::MimeTypesOf(extension).isEmpty()) {
-      std::fprintf(stderr, "Unknown file type: %s\n", extension.toLocal8Bit().constData());
+      Complain(QStringLiteral("Unknown file type: ") + extension);
       return 2;
     }
   }

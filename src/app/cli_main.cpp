@@ -10,6 +10,7 @@
 //   vistrel-cli folder-entry add | remove | status     "Open with Vistrel" on folders
 // Exit codes: 0 done, 1 a file could not be opened or saved, 2 the words were wrong.
 // Failures go to standard error as "Can't open file: PATH (reason)".
+#include "app/CliOutput.h"
 #include "app/CliPrint.h"
 #include "app/CliShell.h"
 #include "edit/Catalogue.h"
@@ -49,8 +50,8 @@ int Usage() {
   return 2;
 }
 
-void Print(const QString& line) { std::printf("%s\n", line.toLocal8Bit().constData()); }
-void Complain(const QString& line) { std::fprintf(stderr, "%s\n", line.toLocal8Bit().constData()); }
+using cli::Complain;
+using cli::Print;
 
 int CantOpen(const QString& path) {
   Complain(QStringLiteral("Can't open file: %1 (%2)").arg(path, files::OpenFailureReason(path)));

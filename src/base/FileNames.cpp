@@ -61,21 +61,23 @@ void AppendUtf8(QByteArray& out, char32_t code) {
 
 }  // namespace
 
+// Valid runs are decoded whole, so a folder of ordinary names costs one decode a name.
 QString DecodeFileName(QByteArrayView bytes) {
   QString name;
-  name.reserve(bytes.size());
   const auto* p = reinterpret_cast<const unsigned char*>(bytes.data());
-  qsizetype i = 0;
+  qsizetype runStart = 0, i = 0;
+  const auto flushRun = [&] { name += QString::fromUtf8(bytes.sliced(runStart, i - runStart)); };
   while (i < bytes.size()) {
     const int length = ValidSequenceLength(p + i, bytes.size() - i);
-    if (length == 0) {
-      name += QChar(char16_t(kEscapeBase | p[i]));
-      ++i;
+    if (length > 0) {
+      i += length;
       continue;
     }
-    name += QString::fromUtf8(reinterpret_cast<const char*>(p + i), length);
-    i += length;
+    flushRun();
+    name += QChar(char16_t(kEscapeBase | p[i]));
+    runStart = ++i;
   }
+  flushRun();
   return name;
 }
 

@@ -170,13 +170,12 @@ void frmSlideShow2::PrepareNext() {
 
 // The screen in device pixels, less the file name strip: at 100 % an image pixel is one
 // device pixel.
-QSize frmSlideShow2::Area() const {
-  const int strip = settings_.ShowFileName ? lblEstado_->sizeHint().height() : 0;
-  return QSize(width(), height() - strip) * devicePixelRatioF();
-}
+QSize frmSlideShow2::Area() const { return QSize(width(), height() - StripHeight()) * devicePixelRatioF(); }
+
+int frmSlideShow2::StripHeight() const { return settings_.ShowFileName ? lblEstado_->sizeHint().height() : 0; }
 
 void frmSlideShow2::LayOutSlots() {
-  const int strip = settings_.ShowFileName ? lblEstado_->sizeHint().height() : 0;
+  const int strip = StripHeight();
   const QRect area(0, 0, width(), height() - strip);
   for (QLabel* slot : slots_) {
     slot->parentWidget()->setGeometry(area);

@@ -54,6 +54,7 @@ class frmSlideShow2 : public QDialog {
   void PopUpMenu(QPoint at);
   void LayOutSlots();
   QSize Area() const;
+  int StripHeight() const;  // the file name strip's, 0 without it
 
   PlayerSettings settings_;
   std::mt19937 generator_;

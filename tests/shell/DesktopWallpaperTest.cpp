@@ -108,11 +108,4 @@ TEST(DesktopWallpaperCommands, PortalPlasmaAndLxqt) {
   }
 }
 
-TEST(DesktopWallpaperCommands, TheDesktopIsTheFirstOneKnown) {
-  EXPECT_EQ(shell::DesktopFromName(QStringLiteral("ubuntu:GNOME")), Desktop::Gnome);
-  EXPECT_EQ(shell::DesktopFromName(QStringLiteral("X-Cinnamon")), Desktop::Cinnamon);
-  EXPECT_EQ(shell::DesktopFromName(QStringLiteral("Custom:XFCE")), Desktop::Xfce);
-  EXPECT_EQ(shell::DesktopFromName(QString()), Desktop::Gnome);
-}
-
 }  // namespace
