@@ -14,3 +14,10 @@ if(VISTREL_FUZZ)
   add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-omit-frame-pointer)
   add_link_options(-fsanitize=address,undefined)
 endif()
+
+# The hardening Debian builds its packages with: stack protection, checked string and
+# memory calls (they need optimisation), and relocations made read-only at start.
+if(NOT VISTREL_SANITIZE AND NOT VISTREL_FUZZ)
+  add_compile_options(-fstack-protector-strong $<$<NOT:$<CONFIG:Debug>>:-D_FORTIFY_SOURCE=2>)
+  add_link_options(-Wl,-z,relro -Wl,-z,now)
+endif()

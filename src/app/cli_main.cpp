@@ -1,15 +1,6 @@
 // vistrel-cli: the headless companion for scripts and batch work. The viewer's own
-// command line stays a single path.
-//   vistrel-cli info FILE...   one line a file: PATH<TAB>FORMAT<TAB>WIDTHxHEIGHT
-//   vistrel-cli convert IN OUT load IN as the viewer does, save OUT by its extension
-//   vistrel-cli thumbnail IN OUT WIDTHxHEIGHT   the same, reduced to fit the box
-//   vistrel-cli apply IN OUT OPERATION [VALUE...]...   the editing operations in turn, then save
-//   vistrel-cli wallpaper set FILE | remove   the desktop wallpaper, as the viewer's Tools menu sets it
-//   vistrel-cli print FILE... [--printer NAME | --pdf OUT.pdf] [--copies N] [--fit | --original] [--center]
-//   vistrel-cli associate [--remove] EXT... | --list   the desktop's default viewer of image types
-//   vistrel-cli folder-entry add | remove | status     "Open with Vistrel" on folders
-// Exit codes: 0 done, 1 a file could not be opened or saved, 2 the words were wrong.
-// Failures go to standard error as "Can't open file: PATH (reason)".
+// command line stays a single path. Every command and exit code is described in the
+// manual page, docs/man/vistrel-cli.1.scd.
 #include "app/CliOutput.h"
 #include "app/CliPrint.h"
 #include "app/CliShell.h"
@@ -24,7 +15,6 @@
 #include "shell/Wallpaper.h"
 
 #include <QGuiApplication>
-#include <QStandardPaths>
 
 #include <cstdio>
 #include <memory>
@@ -167,8 +157,7 @@ int main(int argc, char** argv) {
   if (verb == QLatin1String("thumbnail") && arguments.size() == 4) return Thumbnail(arguments[1], arguments[2], arguments[3]);
   if (verb == QLatin1String("apply") && arguments.size() >= 4) return Apply(arguments[1], arguments[2], arguments.mid(3));
   if (printing) {
-    return cli::Print(arguments.mid(1), settings::SettingsFilePath(QCoreApplication::applicationDirPath(),
-                                                                   QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)));
+    return cli::Print(arguments.mid(1), settings::ProgramSettingsPath());
   }
   const QString viewer = QCoreApplication::applicationDirPath() + QStringLiteral("/vistrel");
   if (verb == QLatin1String("associate")) {

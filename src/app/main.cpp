@@ -6,7 +6,6 @@
 #include "imaging/Loader.h"
 
 #include <QApplication>
-#include <QStandardPaths>
 
 int main(int argc, char* argv[]) {
   QApplication application(argc, argv);  // removes Qt's own options from argv
@@ -14,10 +13,7 @@ int main(int argc, char* argv[]) {
   imaging::Initialize();
   QStringList arguments;
   for (int i = 1; i < argc; ++i) arguments << base::DecodeFileName(argv[i]);
-  const QString settingsPath =
-      settings::SettingsFilePath(QApplication::applicationDirPath(),
-                            QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation));
-  app::frmMain window(settingsPath);
+  app::frmMain window(settings::ProgramSettingsPath());
   window.RunStartup(document::JoinArguments(arguments));
   return QApplication::exec();
 }

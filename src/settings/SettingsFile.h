@@ -38,7 +38,11 @@ void ReadSettingsFile(const QString& path, const base::ScreenMetrics& metrics, S
 bool WriteSettingsFile(const QString& path, const QByteArray& text);
 
 // Where "Ini.in" lives: in the program's folder when that folder is writable
-// (portable use), otherwise in `userConfigFolder`/vistrel.
+// (portable use), otherwise in `userConfigFolder`/vistrel. An installed program (its
+// desktop entry in ../share/applications) never keeps them beside itself, even for root.
 QString SettingsFilePath(const QString& programFolder, const QString& userConfigFolder);
+
+// The same for this process.
+QString ProgramSettingsPath();
 
 }  // namespace settings

@@ -3,10 +3,12 @@
 #include "base/NumberRules.h"
 #include "base/Paths.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
+#include <QStandardPaths>
 
 #include <charconv>
 
@@ -77,8 +79,14 @@ bool WriteSettingsFile(const QString& path, const QByteArray& text) {
 
 QString SettingsFilePath(const QString& programFolder, const QString& userConfigFolder) {
   const QFileInfo folder(programFolder);
-  if (folder.isDir() && folder.isWritable()) return base::JoinPath(programFolder, QStringLiteral("Ini.in"));
+  const bool installed = QFileInfo::exists(programFolder + QStringLiteral("/../share/applications/vistrel.desktop"));
+  if (folder.isDir() && folder.isWritable() && !installed) return base::JoinPath(programFolder, QStringLiteral("Ini.in"));
   return base::JoinPath(base::JoinPath(userConfigFolder, QStringLiteral("vistrel")), QStringLiteral("Ini.in"));
+}
+
+QString ProgramSettingsPath() {
+  return SettingsFilePath(QCoreApplication::applicationDirPath(),
+                          QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation));
 }
 
 }  // namespace settings

@@ -140,11 +140,10 @@ void FreedesktopShell::SetTypeIcon(const QString& type, const QString& icon) con
 
 void FreedesktopShell::WriteMimePackage() const {
   const DesktopKeyFile chosen = Read(DataHome() + QStringLiteral("/vistrel/type-icons"));
-  QString xml = QStringLiteral("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-                               "<mime-info xmlns=\"http://www.freedesktop.org/standards/shared-mime-info\">\n"
-                               "  <mime-type type=\"image/x-cals\"><comment>CALS raster image</comment><glob pattern=\"*.cal\"/></mime-type>\n"
-                               "  <mime-type type=\"image/x-dcx\"><comment>Multi-page PCX image</comment><glob pattern=\"*.dcx\"/></mime-type>\n"
-                               "  <mime-type type=\"image/jpeg\"><glob pattern=\"*.jif\"/></mime-type>\n");
+  // The installed package describes the types shared-mime-info lacks; the user's copy adds the icons.
+  QFile installed(QStringLiteral(":/packaging/vistrel-mime.xml"));
+  installed.open(QIODevice::ReadOnly);
+  QString xml = QString::fromUtf8(installed.readAll()).remove(QStringLiteral("</mime-info>\n"));
   QStringList written;
   for (const QString& row : FileTypeRows()) {
     for (const QString& extension : row.split(u';')) {

@@ -198,12 +198,15 @@ TEST(SettingsFileAccess, AFailedWriteLeavesTheOldFile) {
   EXPECT_EQ(testing_support::ReadAll(path), QByteArray("old"));
 }
 
-TEST(SettingsLocation, IsTheProgramFolderWhenWritableElseTheUserConfigFolder) {
-  testing_support::TempFolder program;
-  EXPECT_EQ(settings::SettingsFilePath(program.Path(), QStringLiteral("/home/u/.config")),
-            program.Path() + QStringLiteral("/Ini.in"));
-  EXPECT_EQ(settings::SettingsFilePath(program.File(QStringLiteral("missing")), QStringLiteral("/home/u/.config")),
-            QStringLiteral("/home/u/.config/vistrel/Ini.in"));
+TEST(SettingsLocation, IsAWritableProgramFolderUnlessTheProgramIsInstalled) {
+  testing_support::TempFolder program, installed;
+  QDir(installed.Path()).mkpath(QStringLiteral("share/applications"));
+  QDir(installed.Path()).mkdir(QStringLiteral("bin"));
+  installed.Touch(QStringLiteral("share/applications/vistrel.desktop"));
+  const QString config = QStringLiteral("/home/u/.config"), user = config + QStringLiteral("/vistrel/Ini.in");
+  EXPECT_EQ(settings::SettingsFilePath(program.Path(), config), program.Path() + QStringLiteral("/Ini.in"));
+  EXPECT_EQ(settings::SettingsFilePath(program.File(QStringLiteral("missing")), config), user);
+  EXPECT_EQ(settings::SettingsFilePath(installed.File(QStringLiteral("bin")), config), user);
 }
 
 }  // namespace
