@@ -67,13 +67,6 @@ TEST_F(DocumentEditingTest, NothingIsUndoneInTheThumbnailsView) {
   EXPECT_EQ(UndoCaption(), QStringLiteral("&Undo Brightness"));
 }
 
-TEST_F(DocumentEditingTest, SavingStartsAFreshHistory) {
-  Edit("Brightness");
-  ASSERT_TRUE(document_.SaveImageTo(folder_.File(QStringLiteral("photo.png"))));
-  EXPECT_FALSE(document_.UndoHistory().CanUndo());
-  EXPECT_EQ(document_.ChangeLevel(), 0);
-}
-
 // The save question: asked only for a changed image, and each answer's outcome.
 TEST_F(DocumentEditingTest, SaveQuestionAnswers) {
   struct Case {

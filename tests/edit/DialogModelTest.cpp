@@ -92,24 +92,6 @@ TEST(DialogModel, ResizeKeepsTheAspectWhenLocked) {
   EXPECT_EQ(relocked.Text(4), QStringLiteral("300"));
 }
 
-TEST(DialogModel, ResizeAccepts1To2048) {
-  DialogModel resize = Dialog("mnuImageResize", k800x600);
-  resize.TextChanged(3, QStringLiteral("2049"));
-  auto failure = resize.Validate();
-  ASSERT_TRUE(failure.has_value());
-  EXPECT_EQ(failure->Message, QStringLiteral("Please enter a value smaller than 2049"));
-  EXPECT_EQ(failure->TextBox, 3);
-  EXPECT_TRUE(failure->SelectText);
-  resize.TextChanged(3, QStringLiteral("0"));
-  failure = resize.Validate();
-  ASSERT_TRUE(failure.has_value());
-  EXPECT_EQ(failure->Message, QStringLiteral("Please enter a value greater than zero"));
-  resize.TextChanged(3, QStringLiteral("2048"));
-  EXPECT_FALSE(resize.Validate().has_value());
-  EXPECT_EQ(resize.Values().Number(3), 2048);
-  EXPECT_EQ(resize.Values().Number(4), 1536);
-}
-
 TEST(DialogModel, RotateButtonsPutTheirAngleInTheBox) {
   DialogModel rotate = Dialog("mnuImageRotate");
   EXPECT_TRUE(rotate.ButtonClicked(1));

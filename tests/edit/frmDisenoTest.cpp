@@ -73,18 +73,19 @@ TEST(frmDiseno, EnterActsAsOkAndEscapeAsCancel) {
   EXPECT_EQ(other.result(), QDialog::Rejected);
 }
 
-TEST(frmDiseno, ResizeRefuses2049WithTheTextSelectedAndAccepts2048) {
+TEST(frmDiseno, ResizeRefusesOutside1To2048WithTheTextSelected) {
   frmDiseno dialog(Description("mnuImageResize"), k800x600, std::nullopt, {});
   dialog.show();
   auto* width = Child<QLineEdit>(dialog, "txtTexto(3)");
-  Retype(width, QStringLiteral("2049"));
-  {
+  for (const auto& [typed, message] : {std::pair{"2049", "Please enter a value smaller than 2049"},
+                                       std::pair{"0", "Please enter a value greater than zero"}}) {
+    Retype(width, QLatin1String(typed));
     testing_support::DialogAnswerer answerer;
     QTest::keyClick(width, Qt::Key_Return);
-    EXPECT_EQ(answerer.LastText(), QStringLiteral("Please enter a value smaller than 2049"));
+    EXPECT_EQ(answerer.LastText(), QLatin1String(message));
+    EXPECT_TRUE(dialog.isVisible());
+    EXPECT_EQ(width->selectedText(), QLatin1String(typed));
   }
-  EXPECT_TRUE(dialog.isVisible());
-  EXPECT_EQ(width->selectedText(), QStringLiteral("2049"));
   Retype(width, QStringLiteral("2048"));
   QTest::keyClick(width, Qt::Key_Return);
   EXPECT_EQ(dialog.result(), QDialog::Accepted);

@@ -36,10 +36,15 @@ SettingsStore Read(const QStringList& lines) {
   return store;
 }
 
-TEST(SettingsDefaults, HoldWhenThereIsNoFile) {
+TEST(SettingsRead, NoFileAnEmptyOneOrAnUnknownHeaderKeepsTheDefaults) {
+  QStringList unknown = DefaultLines();
+  unknown[0] = QStringLiteral("Vistrel 7");
+  unknown[44] = QStringLiteral("2");
   SettingsStore store = settings::DefaultSettings(kMetrics);
   settings::ReadSettingsFile(QStringLiteral("/nonexistent/folder/Ini.in"), kMetrics, store);
   EXPECT_EQ(store, settings::DefaultSettings(kMetrics));
+  EXPECT_EQ(Read({}), settings::DefaultSettings(kMetrics));
+  EXPECT_EQ(Read(unknown), settings::DefaultSettings(kMetrics));
 }
 
 TEST(SettingsWrite, WritesExactly55CrLfLinesWithTheRestoredRectangleInPixels) {
@@ -128,13 +133,6 @@ TEST(SettingsWrite, APathWithALineBreakIsNotKept) {
   EXPECT_EQ(back.StartOption, 1);
 }
 
-TEST(SettingsRead, AnUnknownHeaderKeepsTheDefaults) {
-  QStringList lines = DefaultLines();
-  lines[0] = QStringLiteral("Vistrel 7");
-  lines[44] = QStringLiteral("2");
-  EXPECT_EQ(Read(lines), settings::DefaultSettings(kMetrics));
-}
-
 TEST(SettingsRead, AKindOutsideZeroToTwoReadsNoPathLineAndShiftsTheRest) {
   QStringList lines = DefaultLines();
   lines[11] = QStringLiteral("7");
@@ -161,12 +159,6 @@ TEST(SettingsRead, AFileEndingEarlyReparsesItsLastLineForTheRest) {
   EXPECT_EQ(s.ColorImage, 1);
   EXPECT_EQ(s.ColorFullScreen, 1);
   EXPECT_EQ(s.FileTypeIcon, 1);
-}
-
-TEST(SettingsRead, AnEmptyFileKeepsTheDefaults) {
-  SettingsStore store = settings::DefaultSettings(kMetrics);
-  settings::ReadSettingsText({}, kMetrics, store);
-  EXPECT_EQ(store, settings::DefaultSettings(kMetrics));
 }
 
 TEST(SettingsRead, AcceptsLfOnlyLineEnds) {
