@@ -89,15 +89,6 @@ TEST_F(frmMainListTest, ConfirmingARenameWithoutAChangeLeavesTheNameAsItIs) {
   EXPECT_EQ(QDir(pictures_.Path()).entryList(QDir::Files).size(), 3);
 }
 
-TEST_F(frmMainListTest, RenamingWithAForbiddenCharacterIsRefusedWithAMessage) {
-  testing_support::DialogAnswerer answerer;
-  EditRow(0, QStringLiteral("a:b.png"));
-  EXPECT_EQ(answerer.LastText(),
-            QStringLiteral("The file name can't include any of the following characters: \\ / : ? \" < > |"));
-  EXPECT_TRUE(QFile::exists(pictures_.File(QStringLiteral("a.png"))));
-  EXPECT_EQ(list_->model()->index(0, 0).data().toString(), QStringLiteral("a.png"));
-}
-
 TEST_F(frmMainListTest, TheRightButtonPopsUpTheListMenu) {
   QContextMenuEvent event(QContextMenuEvent::Mouse, RowCentre(0), list_->viewport()->mapToGlobal(RowCentre(0)));
   QApplication::sendEvent(list_->viewport(), &event);

@@ -178,13 +178,12 @@ TEST_F(frmMainViewTest, TheMiddleButtonPans) {
   EXPECT_EQ(Bar("vscImagen")->value(), 50);
 }
 
-TEST_F(frmMainViewTest, TheToolbarButtonsHaveCaptionsTooltipsAndIconsAndRunTheCommands) {
+TEST_F(frmMainViewTest, TheToolbarButtonsHaveCaptionsAndTooltipsAndRunTheCommands) {
   auto* toolbar = Child<QToolBar>("ctlToolbar");
   ASSERT_NE(toolbar, nullptr);
   for (QAction* action : toolbar->actions()) {
     if (action->isSeparator()) continue;
     EXPECT_FALSE(action->iconText().isEmpty()) << action->objectName().toStdString();
-    EXPECT_FALSE(action->icon().pixmap(24, 24).isNull()) << action->objectName().toStdString();
     EXPECT_EQ(action->toolTip(), action->iconText());
   }
   // The buttons are the menu commands: the zoom buttons work as the menu's do.

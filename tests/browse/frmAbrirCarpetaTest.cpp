@@ -41,14 +41,6 @@ TEST(FolderChoice, NeedsAFolderThatExistsAndHoldsAnImage) {
   EXPECT_EQ(browse::CheckFolderChoice(photos + u'/').Folder, photos);
 }
 
-TEST(RecentFolders, RemovingOneLeavesNoGap) {
-  settings::SettingsStore s = settings::DefaultSettings({});
-  for (const char* folder : {"/c", "/b", "/a"}) settings::AddRecentFolder(s, QLatin1String(folder));
-  settings::RemoveRecentFolder(s, 1);
-  EXPECT_EQ(settings::RecentFolderList(s), (QStringList{"/a", "/c"}));
-  EXPECT_TRUE(s.RecentFolders[2].isEmpty());
-}
-
 class frmAbrirCarpetaTest : public ::testing::Test {
  protected:
   frmAbrirCarpetaTest() : settings_(settings::DefaultSettings({})) {

@@ -139,19 +139,6 @@ TEST_F(DocumentTest, AClickOnTheEntryShownDoesNotReloadIt) {
   EXPECT_EQ(document_.ShownRow(), 1);
 }
 
-TEST_F(DocumentTest, CancellingTheSaveQuestionKeepsTheEntryAndItsChanges) {
-  OpenFolderOf({"a.png", "b.png"});
-  document_.ApplyEdit(*document_.CurrentImage(), QStringLiteral("Negative"));
-  prompts_.answer = document::SaveChangesAnswer::Cancel;
-  QSignalSpy selected(&document_, &Document::ListRowSelected);
-  document_.ClickEntry(1);
-  EXPECT_EQ(prompts_.questions, QStringList{"'a.png' has changed. Do you want to save changes?"});
-  EXPECT_EQ(loaded_.size(), 1);
-  EXPECT_EQ(document_.ShownRow(), 0);
-  EXPECT_EQ(selected.last().at(0).toInt(), 0);
-  EXPECT_EQ(document_.ChangeLevel(), 1);
-}
-
 TEST_F(DocumentTest, SteppingAnnouncesTheNeighboursNearestInTheDirectionOfTravelFirst) {
   QSignalSpy announced(&document_, &Document::NeighboursAnnounced);
   OpenFolderOf({"a.png", "b.png", "c.png", "d.png"});

@@ -47,8 +47,4 @@ TEST(DialogDescriptions, EachDescribesAWholeUsableDialog) {
   }
 }
 
-TEST(DialogDescriptions, AnUnknownCommandHasNone) {
-  EXPECT_TRUE(edit::DialogDescriptionFor(QStringLiteral("mnuNothing")).isEmpty());
-}
-
 }  // namespace

@@ -41,15 +41,6 @@ TEST_F(PrefetcherTest, APrefetchedFileIsHandedOverWithoutASecondDecode) {
   EXPECT_EQ(prefetcher.PrefetchedCount(), 0);  // handed over, not kept twice
 }
 
-TEST_F(PrefetcherTest, AFileNotPrefetchedIsDecodedOnTheSpot) {
-  const QString other = folder_.WritePng(QStringLiteral("other.png"), 7, 5);
-  files::Prefetcher prefetcher(CountingDecode(), 1 << 20);
-  const auto loaded = prefetcher.Take(other);
-  ASSERT_TRUE(loaded);
-  EXPECT_EQ(loaded->Picture.Height(), 5);
-  EXPECT_EQ(decodes_, 1);
-}
-
 TEST_F(PrefetcherTest, AFileChangedAfterItsPrefetchIsDecodedAgain) {
   const QString next = folder_.WritePng(QStringLiteral("next.png"), 30, 20);
   files::Prefetcher prefetcher(CountingDecode(), 1 << 20);

@@ -4,41 +4,41 @@
 
 namespace {
 
-settings::SettingsStore Fresh() { return settings::DefaultSettings({}); }
+TEST(RecentFolders, AddingPutsTheTrimmedFolderOnTopOnce) {
+  struct Case {
+    const char* what;
+    QStringList added;
+    QStringList expectedTopFour;
+    bool enabled = true;
+  };
+  QStringList twentyOne;
+  for (int i = 0; i < 20; ++i) twentyOne << QStringLiteral("/f%1").arg(i);
+  twentyOne << QStringLiteral("/new");
+  const Case cases[] = {
+      {"trimmed, newest first", {"/a", "  /b "}, {"/b", "/a", "", ""}},
+      // On a case-sensitive file system "/fotos" is another folder.
+      {"the same folder moves up", {"/Fotos", "/other", "/fotos", "/Fotos"}, {"/Fotos", "/fotos", "/other", ""}},
+      {"full: the oldest goes", twentyOne, {"/new", "/f19", "/f18", "/f17"}},
+      {"blanks are no folder", {"   "}, {"", "", "", ""}},
+      {"turned off", {"/a"}, {"", "", "", ""}, false},
+  };
+  for (const Case& c : cases) {
+    settings::SettingsStore s = settings::DefaultSettings({});
+    s.RecentEnabled = c.enabled;
+    for (const QString& folder : c.added) settings::AddRecentFolder(s, folder);
+    EXPECT_EQ(QStringList(s.RecentFolders.begin(), s.RecentFolders.begin() + 4), c.expectedTopFour) << c.what;
+    if (c.added == twentyOne) {
+      EXPECT_EQ(s.RecentFolders[19], QStringLiteral("/f1"));
+    }
+  }
+}
 
-TEST(AddRecentFolder, PutsTheTrimmedFolderOnTop) {
-  settings::SettingsStore s = Fresh();
-  settings::AddRecentFolder(s, QStringLiteral("/a"));
-  settings::AddRecentFolder(s, QStringLiteral("  /b "));
-  EXPECT_EQ(s.RecentFolders[0], QStringLiteral("/b"));
-  EXPECT_EQ(s.RecentFolders[1], QStringLiteral("/a"));
+TEST(RecentFolders, RemovingOneLeavesNoGap) {
+  settings::SettingsStore s = settings::DefaultSettings({});
+  for (const char* folder : {"/c", "/b", "/a"}) settings::AddRecentFolder(s, QLatin1String(folder));
+  settings::RemoveRecentFolder(s, 1);
+  EXPECT_EQ(settings::RecentFolderList(s), (QStringList{"/a", "/c"}));
   EXPECT_TRUE(s.RecentFolders[2].isEmpty());
-}
-
-TEST(AddRecentFolder, MovesTheSameFolderToTheTopAndKeepsFoldersThatDifferInCase) {
-  settings::SettingsStore s = Fresh();
-  for (const char* folder : {"/Fotos", "/other", "/fotos", "/Fotos"}) settings::AddRecentFolder(s, QLatin1String(folder));
-  // On a case-sensitive file system "/fotos" is another folder.
-  EXPECT_EQ(QStringList(s.RecentFolders.begin(), s.RecentFolders.begin() + 4),
-            (QStringList{"/Fotos", "/fotos", "/other", ""}));
-}
-
-TEST(AddRecentFolder, DropsTheOldestWhenFull) {
-  settings::SettingsStore s = Fresh();
-  for (int i = 0; i < 20; ++i) settings::AddRecentFolder(s, QStringLiteral("/f%1").arg(i));
-  settings::AddRecentFolder(s, QStringLiteral("/new"));
-  EXPECT_EQ(s.RecentFolders[0], QStringLiteral("/new"));
-  EXPECT_EQ(s.RecentFolders[19], QStringLiteral("/f1"));
-}
-
-TEST(AddRecentFolder, DoesNothingWhenDisabledOrEmpty) {
-  settings::SettingsStore s = Fresh();
-  s.RecentEnabled = false;
-  settings::AddRecentFolder(s, QStringLiteral("/a"));
-  EXPECT_TRUE(s.RecentFolders[0].isEmpty());
-  s.RecentEnabled = true;
-  settings::AddRecentFolder(s, QStringLiteral("   "));
-  EXPECT_TRUE(s.RecentFolders[0].isEmpty());
 }
 
 }  // namespace

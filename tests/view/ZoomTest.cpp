@@ -7,33 +7,24 @@ namespace {
 
 using namespace view;
 
-TEST(ZoomSteps, ZoomInFrom990GivesAThousandAndThenNothing) {
-  EXPECT_EQ(ZoomIn(990), 1000);
-  EXPECT_FALSE(ZoomIn(1000).has_value());
-  EXPECT_EQ(ZoomIn(100), 120);
-  EXPECT_EQ(ZoomIn(15), 35);
+TEST(ZoomSteps, MoveByTwentyWithinTenToAThousand) {
+  const std::tuple<int, std::optional<int>, std::optional<int>> cases[] = {
+      // from, Zoom In, Zoom Out
+      {100, 120, 80}, {990, 1000, 970}, {1000, std::nullopt, 980}, {15, 35, 10}, {25, 45, 10}, {10, 30, std::nullopt}};
+  for (const auto& [from, in, out] : cases) {
+    EXPECT_EQ(ZoomIn(from), in) << from;
+    EXPECT_EQ(ZoomOut(from), out) << from;
+  }
 }
 
-TEST(ZoomSteps, ZoomOutClampsUpToTenAndThenDoesNothing) {
-  EXPECT_EQ(ZoomOut(20), 10);
-  EXPECT_EQ(ZoomOut(25), 10);  // 5 clamped up
-  EXPECT_FALSE(ZoomOut(10).has_value());
-  EXPECT_EQ(ZoomOut(100), 80);
-}
-
-TEST(Fit, EnlargesSmallImagesUpToAThousand) {
-  EXPECT_EQ(FitPercentage(7500, 6000, 3000, 2400), 250);
-  EXPECT_EQ(FitPercentage(150000, 150000, 15, 15), 1000);
-}
-
-TEST(Fit, FloorsTheSmallerRatio) {
-  EXPECT_EQ(FitPercentage(1000, 900, 3000, 1000), 33);  // ratios 0.333... and 0.9
-  EXPECT_EQ(FitPercentage(10, 10, 100000, 100000), 10);
-}
-
-TEST(Fit, IsOneHundredWithoutANaturalSize) {
-  EXPECT_EQ(FitPercentage(1000, 1000, 0, 500), 100);
-  EXPECT_EQ(FitPercentage(1000, 1000, 500, -1), 100);
+// Fit takes the smaller ratio, floored, from 10 to 1000; without a natural size it is 100.
+TEST(Fit, TakesTheSmallerRatioWithinTenToAThousand) {
+  const std::tuple<float, float, float, float, int> cases[] = {
+      {7500, 6000, 3000, 2400, 250}, {150000, 150000, 15, 15, 1000}, {1000, 900, 3000, 1000, 33},
+      {10, 10, 100000, 100000, 10},  {1000, 1000, 0, 500, 100},      {1000, 1000, 500, -1, 100}};
+  for (const auto& [panelWidth, panelHeight, naturalWidth, naturalHeight, expected] : cases) {
+    EXPECT_EQ(FitPercentage(panelWidth, panelHeight, naturalWidth, naturalHeight), expected) << naturalWidth;
+  }
 }
 
 TEST(SelectionFit, TakesTwiceTheBarsOffThePanel) {
@@ -52,11 +43,11 @@ TEST(SelectionFit, TakesTwiceTheBarsOffThePanel) {
 }
 
 TEST(ScrollSteps, AreTwoAndTwentyFourPixelsAtOneHundredPercent) {
-  EXPECT_EQ(SmallChange(100), 2);   // 1.5 rounds to 2
-  EXPECT_EQ(LargeChange(100), 24);  // 24.5 rounds to 24
-  EXPECT_EQ(SmallChange(10), 1);
-  EXPECT_EQ(LargeChange(10), 3);
-  EXPECT_EQ(SmallChange(1000), 10);  // 10.5 rounds to 10
+  const std::tuple<int, int, int> cases[] = {{100, 2, 24}, {10, 1, 3}, {1000, 10, 240}};  // halves round to even
+  for (const auto& [percentage, small, large] : cases) {
+    EXPECT_EQ(SmallChange(percentage), small) << percentage;
+    EXPECT_EQ(LargeChange(percentage), large) << percentage;
+  }
 }
 
 }  // namespace
