@@ -64,15 +64,28 @@ TEST(ColourOperations, ContrastFlattensToGreyAtMinusHundredAndSpreadsAbove) {
   EXPECT_LT(Statistics(ops::Contrast(photo, -40)).Variance, Statistics(photo).Variance);
 }
 
-TEST(ColourOperations, GammaAboveOneBrightensBelowOneDarkens) {
-  EXPECT_EQ(PixelAt(ops::Gamma(Grey(64), 2.0), 0, 0), QColor(128, 128, 128));  // 255 (64/255)^0.5
-  EXPECT_LT(PixelAt(ops::Gamma(Grey(64), 0.5), 0, 0).red(), 64);
-  EXPECT_EQ(PixelAt(ops::Gamma(Grey(255), 0.01), 0, 0).red(), 255);  // the extremes keep white and black
-  EXPECT_EQ(PixelAt(ops::Gamma(Grey(0), 10.0), 0, 0).red(), 0);
+// Tone curves on a mid grey bend the middle the named way and keep black and white.
+TEST(ColourOperations, ToneCurvesBendTheMiddleAndKeepTheEnds) {
+  const std::tuple<const char*, std::function<imaging::Image(const imaging::Image&)>, bool> curves[] = {
+      {"Gamma 2", [](const auto& p) { return ops::Gamma(p, 2.0); }, true},
+      {"Gamma 10", [](const auto& p) { return ops::Gamma(p, 10.0); }, true},
+      {"Gamma 0.01", [](const auto& p) { return ops::Gamma(p, 0.01); }, false},
+      {"Concave", [](const auto& p) { return ops::Parabolic(p, true); }, true},
+      {"Gamma 0.5", [](const auto& p) { return ops::Gamma(p, 0.5); }, false},
+      {"Convex", [](const auto& p) { return ops::Parabolic(p, false); }, false}};
+  for (const auto& [name, curve, lighter] : curves) {
+    const int middle = PixelAt(curve(Grey(100)), 0, 0).red();
+    EXPECT_TRUE(lighter ? middle > 120 : middle < 80) << name << " gives " << middle;
+    EXPECT_EQ(PixelAt(curve(Grey(0)), 0, 0).red(), 0) << name;
+    EXPECT_EQ(PixelAt(curve(Grey(255)), 0, 0).red(), 255) << name;
+  }
 }
 
 TEST(ColourOperations, RedGreenBlueMovesEachChannelOnItsOwn) {
-  EXPECT_EQ(PixelAt(ops::RedGreenBlue(Grey(100), 20, -20, 0), 0, 0), QColor(151, 49, 100));
+  const QColor moved = PixelAt(ops::RedGreenBlue(Grey(100), 20, -20, 0), 0, 0);
+  EXPECT_GT(moved.red(), 140);
+  EXPECT_LT(moved.green(), 60);
+  EXPECT_EQ(moved.blue(), 100);
 }
 
 TEST(ColourOperations, SolarizeInvertsTheValuesAtAndAboveItsThreshold) {
@@ -97,19 +110,12 @@ TEST(ColourOperations, NegativeTwiceIsTheIdentityAndKeepsAlpha) {
   EXPECT_EQ(pixel.red(), 245);
 }
 
-TEST(ColourOperations, GrayScaleHasEqualChannels) {
+TEST(ColourOperations, GrayScaleHasEqualChannelsAndGreenLooksLighterThanRed) {
   EXPECT_TRUE(ChannelsEqual(ops::GrayScale(Hopper())));
   EXPECT_FALSE(ChannelsEqual(Hopper()));
-  EXPECT_EQ(PixelAt(ops::GrayScale(Painted(1, 1, [](int, int) { return QColor(255, 0, 0); })), 0, 0).red(), 76);
-}
-
-TEST(ColourOperations, ParabolicCurvesKeepTheEndsAndBendTheMiddle) {
-  EXPECT_EQ(PixelAt(ops::Parabolic(Grey(128), true), 0, 0).red(), 192);   // 255 (1 - (1 - t)^2)
-  EXPECT_EQ(PixelAt(ops::Parabolic(Grey(128), false), 0, 0).red(), 64);   // 255 t^2
-  for (const bool concave : {true, false}) {
-    EXPECT_EQ(PixelAt(ops::Parabolic(Grey(0), concave), 0, 0).red(), 0);
-    EXPECT_EQ(PixelAt(ops::Parabolic(Grey(255), concave), 0, 0).red(), 255);
-  }
+  const auto grey = [](QColor colour) { return PixelAt(ops::GrayScale(Painted(1, 1, [colour](int, int) { return colour; })), 0, 0).red(); };
+  EXPECT_GT(grey(QColor(0, 255, 0)), grey(QColor(255, 0, 0)));
+  EXPECT_GT(grey(QColor(255, 0, 0)), grey(QColor(0, 0, 255)));
 }
 
 TEST(ColourOperations, HueSaturationLuminanceMovesWhatItNames) {
