@@ -40,13 +40,10 @@ int main(int argc, char** argv) {
   slideshow::PlayerSettings settings;
   settings.Folder = folder.path();
   settings.Repeat = true;
-  const QStringList tints = {"red", "green", "blue", "yellow"};
-  for (const QString& tint : tints) {
-    const QString name = tint + QStringLiteral(".jpg");
-    if (!bench::MakeTintedPhoto(QString::fromLocal8Bit(argv[1]), folder.filePath(name), tint)) return 1;
-    settings.Rows.push_back({name, true});
-  }
-  std::printf("slideshow_source: %lld photos of 6000x4000 jpeg, screen 1280x800\n", static_cast<long long>(tints.size()));
+  const QStringList names = bench::MakeTintedPhotos(QString::fromLocal8Bit(argv[1]), folder.path(), 4);
+  if (names.isEmpty()) return 1;
+  for (const QString& name : names) settings.Rows.push_back({name, true});
+  std::printf("slideshow_source: %lld photos of 6000x4000 jpeg, screen 1280x800\n", static_cast<long long>(names.size()));
   slideshow::frmSlideShow2 player(settings);
   player.resize(1280, 800);
   player.show();

@@ -30,12 +30,9 @@ int main(int argc, char** argv) {
   if (argc < 2) return 2;
   QTemporaryDir pictures;
   QTemporaryDir config;
-  const QStringList tints = {QStringLiteral("red"), QStringLiteral("green"), QStringLiteral("blue"),
-                             QStringLiteral("yellow"), QStringLiteral("cyan"), QStringLiteral("magenta")};
-  for (int i = 0; i < tints.size(); ++i) {
-    if (!bench::MakeTintedPhoto(QString::fromLocal8Bit(argv[1]), pictures.filePath(QStringLiteral("photo%1.jpg").arg(i)), tints[i])) return 1;
-  }
-  std::printf("view_source: %lld photos of 6000x4000 jpeg, window 1280x800\n", static_cast<long long>(tints.size()));
+  const QStringList names = bench::MakeTintedPhotos(QString::fromLocal8Bit(argv[1]), pictures.path(), 6);
+  if (names.isEmpty()) return 1;
+  std::printf("view_source: %lld photos of 6000x4000 jpeg, window 1280x800\n", static_cast<long long>(names.size()));
 
   app::frmMain window(config.filePath(QStringLiteral("Ini.in")));
   window.RunStartup(pictures.path());
@@ -45,9 +42,9 @@ int main(int argc, char** argv) {
   QApplication::processEvents();
   document::Document& session = window.CurrentDocument();
 
-  const QString photo0 = pictures.filePath(QStringLiteral("photo0.jpg"));
-  const double decodeToFit = bench::BestMilliseconds(3, [&] { (void)imaging::LoadFitting(photo0, 1280, 800); });
-  const double decodeToFitHd = bench::BestMilliseconds(3, [&] { (void)imaging::LoadFitting(photo0, 1920, 1080); });
+  const QString photo = pictures.filePath(names.front());
+  const double decodeToFit = bench::BestMilliseconds(3, [&] { (void)imaging::LoadFitting(photo, 1280, 800); });
+  const double decodeToFitHd = bench::BestMilliseconds(3, [&] { (void)imaging::LoadFitting(photo, 1920, 1080); });
   // Far entries, so nothing was prefetched: each open is a cold one.
   int far = 2;
   std::chrono::steady_clock::time_point opened;
