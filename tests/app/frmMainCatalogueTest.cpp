@@ -77,7 +77,7 @@ TEST_P(frmMainMetafileTest, AMetafileRefusesEditingButCopies) {
 
 INSTANTIATE_TEST_SUITE_P(WmfAndEmf, frmMainMetafileTest, ::testing::Values("drawing.wmf", "drawing.emf"));
 
-TEST_F(frmMainCatalogueTest, CropAndRedEyeWithoutASelectionOnlyTellTheUser) {
+TEST_F(frmMainCatalogueTest, CropWithoutASelectionOnlyTellsTheUserAndWithOneTakesItAndRefreshesTheGeometry) {
   StartOnPhoto();
   DialogAnswerer answerer;
   Trigger("mnuImageCrop");
@@ -87,11 +87,9 @@ TEST_F(frmMainCatalogueTest, CropAndRedEyeWithoutASelectionOnlyTellTheUser) {
   EXPECT_EQ(answerer.LastText(), QStringLiteral("Select an area to apply red eye removal"));
   EXPECT_TRUE(NothingToUndo());
   EXPECT_EQ(Doc().ChangeLevel(), 0);
-}
-
-TEST_F(frmMainCatalogueTest, CropTakesTheSelectionAndRefreshesTheGeometry) {
-  StartOnPhoto();
   Select(QPoint(10, 20), QPoint(49, 39));  // 40 x 20 pixels at 100 %
+  EXPECT_EQ(CopiedAfterCopy().size(), QSize(40, 20));  // Copy exports the selection and leaves the image
+  EXPECT_TRUE(NothingToUndo());
   Trigger("mnuImageCrop");
   EXPECT_EQ(Doc().Natural(), (base::NaturalSize{600, 300}));
   EXPECT_FALSE(window_->ImageView().Selection().Exists());
@@ -142,15 +140,6 @@ TEST_F(frmMainCatalogueTest, TheDesktopsRedoAndZoomKeysWork) {
   EXPECT_EQ(window_->ImageView().Percentage(), 120);
   QTest::keyClick(window_.get(), Qt::Key_Minus, Qt::ControlModifier);
   EXPECT_EQ(window_->ImageView().Percentage(), 100);
-}
-
-TEST_F(frmMainCatalogueTest, CopyExportsTheSelectionAndLeavesTheImage) {
-  StartOnPhoto();
-  Select(QPoint(1, 1), QPoint(30, 10));  // QTest takes (0, 0) for the widget's centre
-  ASSERT_EQ(window_->ImageView().Selection().Pixels(15, 15), QRect(1, 1, 30, 10));
-  EXPECT_EQ(CopiedAfterCopy().size(), QSize(30, 10));
-  EXPECT_TRUE(NothingToUndo());
-  EXPECT_TRUE(window_->ImageView().Selection().Exists());
 }
 
 }  // namespace

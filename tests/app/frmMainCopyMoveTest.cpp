@@ -63,49 +63,42 @@ TEST_F(frmMainCopyMoveTest, MoveToFollowsTheFileInItsFolderAndLeavesItsPlaceWhen
   EXPECT_EQ(Doc().CurrentFilePath(), pictures_.File(QStringLiteral("b.png")));
 }
 
-// A destination that cannot be written: the message says so, and the files and the list
-// are as they were.
+// A destination that cannot be written, does not exist or is a full disk (a small tmpfs,
+// mounted when the tests run as root): the message says so, nothing is left behind, and the
+// files and the list are as they were.
 TEST_F(frmMainCopyMoveTest, AFailedCopyOrMoveLosesNothing) {
   const QString locked = config_.WriteBytes(QStringLiteral("locked.png"), "keep me");
   QFile::setPermissions(locked, QFileDevice::ReadOwner);
+  QStringList targets = {locked, config_.File(QStringLiteral("missing/x.png"))};
+  testing_support::TempFolder disk;
+  const bool full = ::geteuid() == 0 &&
+                    ::mount("tmpfs", QFile::encodeName(disk.Path()).constData(), "tmpfs", 0, "size=64k") == 0;
+  if (full) {
+    QFile filler(disk.File(QStringLiteral("filler")));
+    ASSERT_TRUE(filler.open(QIODevice::WriteOnly));
+    while (filler.write(QByteArray(4096, 'x')) == 4096 && filler.flush()) {
+    }
+    targets << disk.File(QStringLiteral("a.png"));
+  }
   for (const char* command : {"mnuFileCopyTo", "mnuFileMoveTo"}) {
-    for (const QString& target : {locked, config_.File(QStringLiteral("missing/x.png"))}) {
+    for (const QString& target : targets) {
       fileAnswer_ = {target, 1};
       DialogAnswerer answerer;
       Trigger(command);
-      EXPECT_TRUE(answerer.LastText().startsWith(QStringLiteral("Can't "))) << command;
+      EXPECT_TRUE(answerer.LastText().startsWith(QStringLiteral("Can't "))) << command << target.toStdString();
       EXPECT_TRUE(QFile::exists(a_)) << command;
       EXPECT_EQ(Listed(), 2);
     }
   }
   EXPECT_EQ(ReadAll(locked), QByteArray("keep me"));
+  if (full) {
+    EXPECT_EQ(QDir(disk.Path()).entryList(QDir::Files | QDir::Hidden), QStringList{"filler"});
+    ::umount2(QFile::encodeName(disk.Path()).constData(), MNT_DETACH);
+  }
   DialogAnswerer answerer;
   fileAnswer_ = {locked, 1};
   Trigger("mnuFileCopyTo");
   EXPECT_EQ(answerer.LastText(), QStringLiteral("Can't copy file. Destination file is as marked as read-only"));
-}
-
-// A full disk (a small tmpfs, mounted when the tests run as root): nothing is left on it,
-// and the source and the list stay.
-TEST_F(frmMainCopyMoveTest, AFullDiskLosesNothing) {
-  if (::geteuid() != 0) GTEST_SKIP() << "mounting a small file system needs root";
-  testing_support::TempFolder disk;
-  ASSERT_EQ(::mount("tmpfs", QFile::encodeName(disk.Path()).constData(), "tmpfs", 0, "size=64k"), 0);
-  QFile filler(disk.File(QStringLiteral("filler")));
-  ASSERT_TRUE(filler.open(QIODevice::WriteOnly));
-  while (filler.write(QByteArray(4096, 'x')) == 4096 && filler.flush()) {
-  }
-  filler.close();
-  for (const char* command : {"mnuFileCopyTo", "mnuFileMoveTo"}) {
-    fileAnswer_ = {disk.File(QStringLiteral("a.png")), 1};
-    DialogAnswerer answerer;
-    Trigger(command);
-    EXPECT_TRUE(answerer.LastText().startsWith(QStringLiteral("Can't "))) << command;
-    EXPECT_EQ(QDir(disk.Path()).entryList(QDir::Files | QDir::Hidden), QStringList{"filler"}) << command;
-    EXPECT_TRUE(QFile::exists(a_)) << command;
-    EXPECT_EQ(Listed(), 2);
-  }
-  ::umount2(QFile::encodeName(disk.Path()).constData(), MNT_DETACH);
 }
 
 TEST_F(frmMainCopyMoveTest, PropertiesOfAFileThatIsGoneSaysSo) {

@@ -28,32 +28,48 @@ const QRgb kFlippedTopLeft = qRgb(0, 19 * 12, 100);
 
 using frmMainFileTest = testing_support::MainWindowTest;
 
-TEST_F(frmMainFileTest, SaveOnAGifDoesNothingAtAll) {
+// Save on a GIF does nothing at all; Yes to the question on leaving offers Save As.
+TEST_F(frmMainFileTest, AGifIsNeverSavedOverButYesOnLeavingOffersSaveAs) {
   const QString gif = pictures_.File(QStringLiteral("anim.gif"));
   ASSERT_EQ(QProcess::execute(QStringLiteral("convert"), {"-size", "10x10", "gradient:", gif}), 0);
   const QByteArray before = ReadAll(gif);
   Start(gif);
   Trigger("mnuImageFlip");
-  DialogAnswerer answerer;
-  Trigger("mnuFileSave");
-  EXPECT_EQ(answerer.Count(), 0);
+  {
+    DialogAnswerer answerer;
+    Trigger("mnuFileSave");
+    EXPECT_EQ(answerer.Count(), 0);
+  }
   EXPECT_EQ(ReadAll(gif), before);
   EXPECT_EQ(Doc().ChangeLevel(), 1);
+  fileAnswer_ = {pictures_.File(QStringLiteral("anim.png")), files::SaveAsFilterIndex(QStringLiteral("png"))};
+  DialogAnswerer answerer(QMessageBox::Yes);
+  EXPECT_TRUE(window_->close());
+  ASSERT_EQ(requests_.size(), 1u);
+  EXPECT_TRUE(requests_[0].ProposedPath.endsWith(QStringLiteral("anim.png")));
+  EXPECT_TRUE(QFile::exists(fileAnswer_.Path));
 }
 
-TEST_F(frmMainFileTest, SavingAReadOnlyFileSaysSoAndKeepsFileImageAndHistory) {
+// Save, and Yes to the question on leaving, both say so and keep file, image, history and window.
+TEST_F(frmMainFileTest, SavingAReadOnlyFileSaysSoAndLosesNothing) {
   const QString file = WriteGradient(pictures_, QStringLiteral("locked.png"));
   const QByteArray before = ReadAll(file);
   QFile::setPermissions(file, QFileDevice::ReadOwner | QFileDevice::ReadGroup);
   Start(file);
   Trigger("mnuImageMirror");
-  DialogAnswerer answerer;
-  Trigger("mnuFileSave");
-  EXPECT_EQ(answerer.LastText(), QStringLiteral("Can't save file. File is marked as read-only"));
-  EXPECT_EQ(answerer.LastTitle(), QStringLiteral("Save"));
+  {
+    DialogAnswerer answerer;
+    Trigger("mnuFileSave");
+    EXPECT_EQ(answerer.LastText(), QStringLiteral("Can't save file. File is marked as read-only"));
+    EXPECT_EQ(answerer.LastTitle(), QStringLiteral("Save"));
+  }
   EXPECT_EQ(ReadAll(file), before);
-  EXPECT_EQ(Doc().ChangeLevel(), 1);
   EXPECT_TRUE(Command("mnuEditUndo")->isEnabled());
+  DialogAnswerer answerer(QMessageBox::Yes);  // Yes to the question, then OK to "Can't save file"
+  EXPECT_FALSE(window_->close());
+  EXPECT_EQ(answerer.Count(), 2);
+  EXPECT_EQ(answerer.LastText(), QStringLiteral("Can't save file. File is marked as read-only"));
+  EXPECT_EQ(Doc().ChangeLevel(), 1);
 }
 
 TEST_F(frmMainFileTest, AfterASuccessfulSaveUndoIsDisabledAndLeavingAsksNothing) {
@@ -68,22 +84,17 @@ TEST_F(frmMainFileTest, AfterASuccessfulSaveUndoIsDisabledAndLeavingAsksNothing)
   EXPECT_EQ(answerer.Count(), 0);
 }
 
-TEST_F(frmMainFileTest, SaveAsProposesTheFormatOfTheFileShown) {
+TEST_F(frmMainFileTest, SaveAsProposesTheShownFormatTakesTheChosenOnesExtensionAndBecomesTheOpenFile) {
   const QString file = pictures_.File(QStringLiteral("photo.jpeg"));
   QImage(12, 8, QImage::Format_RGB32).save(file, "JPEG");
   Start(file);
+  Trigger("mnuImageFlip");
+  fileAnswer_ = {pictures_.File(QStringLiteral("copy")), 11};  // "Tiff (*.tif)", no extension typed
   Trigger("mnuFileSaveAs");
   ASSERT_EQ(requests_.size(), 1u);
   const widgets::FileDialogRequest& request = requests_.front();
   ASSERT_GT(request.SelectedFilter, 0);
   EXPECT_TRUE(request.NameFilters[request.SelectedFilter - 1].endsWith(QStringLiteral("(*.jpg)")));
-}
-
-TEST_F(frmMainFileTest, SaveAsTakesTheChosenFormatsExtensionAndBecomesTheOpenFile) {
-  Start(WriteGradient(pictures_, QStringLiteral("photo.png")));
-  Trigger("mnuImageFlip");
-  fileAnswer_ = {pictures_.File(QStringLiteral("copy")), 11};  // "Tiff (*.tif)", no extension typed
-  Trigger("mnuFileSaveAs");
   const QString saved = pictures_.File(QStringLiteral("copy.tif"));
   ASSERT_TRUE(QFile::exists(saved));
   EXPECT_EQ(window_->State().Settings.LastFile, saved);
@@ -102,23 +113,23 @@ TEST_F(frmMainFileTest, SaveAsInFolderModeRescansAndSelectsTheNewFile) {
   EXPECT_EQ(Doc().ShownRow(), 1);
 }
 
-TEST_F(frmMainFileTest, OpenFileOpensTheChosenFileAlone) {
+TEST_F(frmMainFileTest, OpenFileAsksAboutTheEditsOnlyOnceAFileIsChosenAndOpensItAlone) {
   WriteGradient(pictures_, QStringLiteral("a.png"));
   Start(pictures_.Path());
+  Trigger("mnuColorsNegative");
+  {
+    DialogAnswerer answerer(QMessageBox::No);
+    Trigger("mnuFileOpenFile");  // fileAnswer_ is empty: the user cancels the dialog
+    EXPECT_EQ(answerer.Count(), 0);
+    EXPECT_EQ(Doc().ChangeLevel(), 1);
+  }
   fileAnswer_ = {WriteGradient(config_, QStringLiteral("other.png")), 1};
+  DialogAnswerer answerer(QMessageBox::No);
   Trigger("mnuFileOpenFile");
+  EXPECT_EQ(answerer.Count(), 1);
   EXPECT_EQ(window_->State().Settings.LastFile, fileAnswer_.Path);
   EXPECT_EQ(Doc().View(), document::ViewMode::Image);
   EXPECT_EQ(Child<QTreeView>("lisLista")->model()->rowCount(), 0);
-}
-
-TEST_F(frmMainFileTest, CancellingTheOpenDialogAsksNothingAndKeepsTheEdits) {
-  Start(WriteGradient(pictures_, QStringLiteral("photo.png")));
-  Trigger("mnuColorsNegative");
-  DialogAnswerer answerer(QMessageBox::No);
-  Trigger("mnuFileOpenFile");  // fileAnswer_ is empty: the user cancels the dialog
-  EXPECT_EQ(answerer.Count(), 0);
-  EXPECT_EQ(Doc().ChangeLevel(), 1);
 }
 
 TEST_F(frmMainFileTest, OpenFolderAsksAboutTheEditsOnlyOnceAFolderIsChosen) {
@@ -169,19 +180,6 @@ TEST_F(frmMainFileTest, SaveAsAsksBeforeReplacingAFileUnderTheCompletedName) {
   EXPECT_EQ(Doc().ChangeLevel(), 1);
 }
 
-TEST_F(frmMainFileTest, YesOnAnImageSaveCannotWriteOffersSaveAsInAFormatThatCan) {
-  const QString gif = pictures_.File(QStringLiteral("anim.gif"));
-  ASSERT_EQ(QProcess::execute(QStringLiteral("convert"), {"-size", "10x10", "gradient:", gif}), 0);
-  Start(gif);
-  Trigger("mnuImageFlip");
-  fileAnswer_ = {pictures_.File(QStringLiteral("anim.png")), files::SaveAsFilterIndex(QStringLiteral("png"))};
-  DialogAnswerer answerer(QMessageBox::Yes);
-  EXPECT_TRUE(window_->close());
-  ASSERT_EQ(requests_.size(), 1u);
-  EXPECT_TRUE(requests_[0].ProposedPath.endsWith(QStringLiteral("anim.png")));
-  EXPECT_TRUE(QFile::exists(fileAnswer_.Path));
-}
-
 TEST_F(frmMainFileTest, SaveAsOutsideTheFolderKeepsTheImageNamedAndAsked) {
   WriteGradient(pictures_, QStringLiteral("a.png"));
   Start(pictures_.Path());
@@ -195,18 +193,6 @@ TEST_F(frmMainFileTest, SaveAsOutsideTheFolderKeepsTheImageNamedAndAsked) {
   EXPECT_FALSE(window_->close());
   EXPECT_EQ(answerer.LastText(), QStringLiteral("'elsewhere.png' has changed. Do you want to save changes?"));
   EXPECT_EQ(answerer.LastTitle(), QStringLiteral("Save Changes"));
-  EXPECT_EQ(Doc().ChangeLevel(), 1);
-}
-
-TEST_F(frmMainFileTest, YesWithAFailingSaveKeepsTheImageAndTheWindowOpen) {
-  const QString file = WriteGradient(pictures_, QStringLiteral("locked.png"));
-  QFile::setPermissions(file, QFileDevice::ReadOwner);
-  Start(file);
-  Trigger("mnuColorsGrayScale");
-  DialogAnswerer answerer(QMessageBox::Yes);  // Yes to the question, then OK to "Can't save file"
-  EXPECT_FALSE(window_->close());
-  EXPECT_EQ(answerer.Count(), 2);
-  EXPECT_EQ(answerer.LastText(), QStringLiteral("Can't save file. File is marked as read-only"));
   EXPECT_EQ(Doc().ChangeLevel(), 1);
 }
 

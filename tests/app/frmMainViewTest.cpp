@@ -29,18 +29,30 @@ class frmMainViewTest : public testing_support::MainWindowTest {
   view::Viewport& View() { return window_->ImageView(); }
   QScrollBar* Bar(const char* name) { return Child<QScrollBar>(name); }
   QWidget* Canvas() { return Child<QWidget>("imaImagen"); }
+  void Drag(QPoint from, QPoint to) {
+    QTest::mousePress(Canvas(), Qt::LeftButton, {}, from);
+    QTest::mouseMove(Canvas(), to);
+    QTest::mouseRelease(Canvas(), Qt::LeftButton, {}, to);
+  }
 };
 
-TEST_F(frmMainViewTest, ZoomCommandsSizeTheImage) {
+TEST_F(frmMainViewTest, ZoomCommandsSizeTheImageAndFitNeedsNoBars) {
   Trigger("mnuViewZoomIn");
   EXPECT_EQ(Canvas()->size(), QSize(2400, 1800));
   Trigger("mnuViewOriginalSize");
-  EXPECT_EQ(View().Percentage(), 100);
   EXPECT_EQ(Canvas()->size(), QSize(2000, 1500));
+  Trigger("mnuViewFit");
+  EXPECT_LT(View().Percentage(), 100);
+  EXPECT_FALSE(Bar("hscImagen")->isVisible() || Bar("vscImagen")->isVisible());
+  EXPECT_LE(Canvas()->width(), View().width());
+  Trigger("mnuViewAlwaysFit");  // on, then off again: back to 100 %
+  EXPECT_TRUE(window_->State().Settings.FitToWindow);
+  Trigger("mnuViewAlwaysFit");
+  EXPECT_EQ(View().Percentage(), 100);
 }
 
 TEST_F(frmMainViewTest, TheStatusBarTellsNamePlaceSizeZoomAndFileSize) {
-    EXPECT_EQ(Pane("lblStatusName"), QStringLiteral("big.png"));
+  EXPECT_EQ(Pane("lblStatusName"), QStringLiteral("big.png"));
   EXPECT_EQ(window_->windowTitle(), QStringLiteral("big.png - Vistrel"));
   EXPECT_EQ(Pane("lblStatusPosition"), QStringLiteral("1 / 3"));
   EXPECT_EQ(Pane("lblStatusSize"), QStringLiteral("2000 x 1500"));
@@ -55,14 +67,6 @@ TEST_F(frmMainViewTest, TheStatusBarTellsNamePlaceSizeZoomAndFileSize) {
   QTest::keyClick(&View(), Qt::Key_End);
   EXPECT_EQ(Pane("lblStatusName"), QStringLiteral("d.png"));
   EXPECT_EQ(Pane("lblStatusPosition"), QStringLiteral("3 / 3"));
-}
-
-TEST_F(frmMainViewTest, FitShowsTheWholeImageAndSmallImagesNeedNoBars) {
-  Trigger("mnuViewFit");
-  EXPECT_LT(View().Percentage(), 100);
-  EXPECT_FALSE(Bar("hscImagen")->isVisible());
-  EXPECT_FALSE(Bar("vscImagen")->isVisible());
-  EXPECT_LE(Canvas()->width(), View().width());
 }
 
 TEST_F(frmMainViewTest, AnEditOrUndoThatKeepsTheSizeKeepsTheView) {
@@ -88,9 +92,7 @@ TEST_F(frmMainViewTest, FullScreenShowsTheSelectionFromTheMenuAndTheWholeImageOn
     full.resize(800, 600);
     shown = full.findChild<QWidget*>(QStringLiteral("imaImagen"))->size() * 100 / full.Percentage();
   });
-  QTest::mousePress(Canvas(), Qt::LeftButton, {}, QPoint(100, 100));
-  QTest::mouseMove(Canvas(), QPoint(139, 119));
-  QTest::mouseRelease(Canvas(), Qt::LeftButton, {}, QPoint(139, 119));
+  Drag({100, 100}, {139, 119});
   Trigger("mnuViewFullScreen");
   EXPECT_EQ(shown, QSize(40, 20));
   QTest::mouseDClick(Canvas(), Qt::LeftButton, {}, QPoint(100, 100));
@@ -98,9 +100,7 @@ TEST_F(frmMainViewTest, FullScreenShowsTheSelectionFromTheMenuAndTheWholeImageOn
 }
 
 TEST_F(frmMainViewTest, ZoomToSelectionEnlargesAndCentresIt) {
-  QTest::mousePress(Canvas(), Qt::LeftButton, {}, QPoint(100, 100));
-  QTest::mouseMove(Canvas(), QPoint(149, 149));
-  QTest::mouseRelease(Canvas(), Qt::LeftButton, {}, QPoint(149, 149));
+  Drag({100, 100}, {149, 149});
   Trigger("mnuViewZoomToSelection");
   EXPECT_GT(View().Percentage(), 500);
   const QRect selected = View().Selection().Pixels(15, 15);
@@ -110,15 +110,7 @@ TEST_F(frmMainViewTest, ZoomToSelectionEnlargesAndCentresIt) {
   EXPECT_NEAR(centreOnScreen, usable / 2.0, 2 * scale);
 }
 
-TEST_F(frmMainViewTest, TurningAlwaysFitOnFitsAndOffReturnsToOneHundred) {
-  Trigger("mnuViewAlwaysFit");
-  EXPECT_TRUE(window_->State().Settings.FitToWindow);
-  EXPECT_LT(View().Percentage(), 100);
-  Trigger("mnuViewAlwaysFit");
-  EXPECT_EQ(View().Percentage(), 100);
-}
-
-TEST_F(frmMainViewTest, KeysOnTheImageStepThroughTheFolder) {
+TEST_F(frmMainViewTest, KeysStepThroughTheFolderAndArrowsScrollAlongAShownBar) {
   View().setFocus();
   QTest::keyClick(&View(), Qt::Key_PageDown);
   EXPECT_EQ(Doc().ShownRow(), 1);
@@ -131,10 +123,6 @@ TEST_F(frmMainViewTest, KeysOnTheImageStepThroughTheFolder) {
   QTest::keyClick(&View(), Qt::Key_Home);
   EXPECT_EQ(Doc().ShownRow(), 0);
   EXPECT_EQ(Child<QTreeView>("lisLista")->currentIndex().row(), 0);
-}
-
-TEST_F(frmMainViewTest, ArrowsScrollAlongAShownBarAndStepThroughTheFolderOtherwise) {
-  View().setFocus();
   QTest::keyClick(&View(), Qt::Key_Right);  // the 2000-pixel image has a horizontal bar at 100 %
   EXPECT_EQ(Bar("hscImagen")->value(), Bar("hscImagen")->singleStep());
   EXPECT_EQ(Doc().ShownRow(), 0);
@@ -150,7 +138,7 @@ TEST_F(frmMainViewTest, ArrowsScrollAlongAShownBarAndStepThroughTheFolderOtherwi
   EXPECT_EQ(Doc().ShownRow(), 0);
 }
 
-TEST_F(frmMainViewTest, TheMouseButtonsStepAndTheWheelZoomsAndScrolls) {
+TEST_F(frmMainViewTest, TheMouseButtonsStepTheWheelZoomsAndScrollsAndTheMiddleButtonPans) {
   QTest::mouseClick(Canvas(), Qt::ForwardButton);
   EXPECT_EQ(Doc().ShownRow(), 1);
   QTest::mouseClick(Canvas(), Qt::BackButton);
@@ -166,19 +154,17 @@ TEST_F(frmMainViewTest, TheMouseButtonsStepAndTheWheelZoomsAndScrolls) {
   EXPECT_EQ(Bar("vscImagen")->value(), 2 * Bar("vscImagen")->pageStep());
   wheel(Qt::ControlModifier, 120);
   EXPECT_EQ(View().Percentage(), 120);
-}
-
-TEST_F(frmMainViewTest, TheMiddleButtonPans) {
+  Trigger("mnuViewOriginalSize");  // the middle button pans
+  const QPoint before(Bar("hscImagen")->value(), Bar("vscImagen")->value());
   QTest::mousePress(Canvas(), Qt::MiddleButton, {}, QPoint(300, 300));
   QMouseEvent move(QEvent::MouseMove, QPointF(200, 250), Canvas()->mapToGlobal(QPointF(200, 250)), Qt::NoButton,
                    Qt::MiddleButton, Qt::NoModifier);
   QApplication::sendEvent(Canvas(), &move);
   QTest::mouseRelease(Canvas(), Qt::MiddleButton, {}, QPoint(200, 250));
-  EXPECT_EQ(Bar("hscImagen")->value(), 100);
-  EXPECT_EQ(Bar("vscImagen")->value(), 50);
+  EXPECT_EQ(QPoint(Bar("hscImagen")->value(), Bar("vscImagen")->value()) - before, QPoint(100, 50));
 }
 
-TEST_F(frmMainViewTest, TheToolbarButtonsHaveCaptionsAndTooltipsAndRunTheCommands) {
+TEST_F(frmMainViewTest, TheToolbarButtonsHaveCaptionsAndRunTheCommandsAndTheViewButtonSwitchesModes) {
   auto* toolbar = Child<QToolBar>("ctlToolbar");
   ASSERT_NE(toolbar, nullptr);
   for (QAction* action : toolbar->actions()) {
@@ -191,9 +177,6 @@ TEST_F(frmMainViewTest, TheToolbarButtonsHaveCaptionsAndTooltipsAndRunTheCommand
   ASSERT_NE(zoomIn, nullptr);
   QTest::mouseClick(zoomIn, Qt::LeftButton);
   EXPECT_EQ(View().Percentage(), 120);
-}
-
-TEST_F(frmMainViewTest, TheViewButtonSwitchesModesAndItsPopupOffersThemAll) {
   auto* popup = Child<QMenu>("frmMenuBotonView");
   ASSERT_NE(popup, nullptr);
   EXPECT_EQ(popup->actions().size(), 3);
