@@ -21,15 +21,6 @@ TEST(ScanFolder, WithImageExtensionsOnlyListsOnlyThe21Extensions) {
   EXPECT_EQ(Shown(browse::ScanFolder(folder.Path(), true)), QStringList{"a.JPG"});
 }
 
-TEST(ScanFolder, ShowsAnAllCapitalsNameCapitalisedButKeepsTheRealName) {
-  TempFolder folder;
-  folder.Touch(QStringLiteral("PHOTO.BMP"));
-  const auto entries = browse::ScanFolder(folder.Path(), true);
-  ASSERT_EQ(entries.size(), 1u);
-  EXPECT_EQ(entries[0].DisplayName, QStringLiteral("Photo.bmp"));
-  EXPECT_EQ(entries[0].FileName, QStringLiteral("PHOTO.BMP"));
-}
-
 TEST(ScanFolder, WithAllFilesListsHiddenOnesButNeverFolders) {
   TempFolder folder;
   folder.Touch(QStringLiteral(".hidden"));
@@ -37,12 +28,6 @@ TEST(ScanFolder, WithAllFilesListsHiddenOnesButNeverFolders) {
   folder.Touch(QStringLiteral("x.png"));
   folder.MakeFolder(QStringLiteral("sub.jpg"));
   EXPECT_EQ(Shown(browse::ScanFolder(folder.Path(), false)), QStringList({".hidden", "notes.txt", "x.png"}));
-}
-
-TEST(ScanFolder, SortsInTheOneListOrder) {
-  TempFolder folder;
-  for (const char* name : {"img10.png", "IMG2.PNG", "b.gif", "A.gif"}) folder.Touch(QLatin1String(name));
-  EXPECT_EQ(Shown(browse::ScanFolder(folder.Path(), true)), QStringList({"A.gif", "b.gif", "Img2.png", "img10.png"}));
 }
 
 TEST(ScanFolder, AnUnreadableFolderGivesAnEmptyList) {

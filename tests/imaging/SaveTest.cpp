@@ -13,10 +13,9 @@
 namespace {
 
 using testing_support::CorpusPath;
+using testing_support::Hopper;
 using testing_support::MeanAbsoluteDifference;
 using testing_support::TempFolder;
-
-imaging::Image Hopper() { return imaging::LoadFile(CorpusPath(QStringLiteral("formats/hopper.png"))).value(); }
 
 // What ImageMagick, an independent reader, says of a file: "WIDTH HEIGHT".
 QString IdentifiedSize(const QString& path) {
@@ -41,25 +40,20 @@ TEST_P(LosslessRoundTrip, GivesBackTheSamePixels) {
 INSTANTIATE_TEST_SUITE_P(Formats, LosslessRoundTrip,
                          ::testing::Values("bmp", "dib", "dcx", "pcx", "png", "ppm", "tga", "tif"));
 
-TEST(SaveImage, JpegKeepsCloseToTheOriginal) {
+// JPEG stays close to the photo; grey and bitmap formats keep their own depth.
+TEST(SaveImage, LossyAndReducedFormatsKeepWhatTheyCan) {
   TempFolder folder;
-  const QString path = folder.File(QStringLiteral("out.jpg"));
-  ASSERT_TRUE(imaging::SaveImage(Hopper(), path));
-  EXPECT_GT(testing_support::Psnr(imaging::LoadFile(path).value(), Hopper()), 35);
-  EXPECT_EQ(IdentifiedSize(path), QStringLiteral("128 128"));
-}
-
-TEST(SaveImage, GreyAndBitmapFormatsKeepTheirOwnDepth) {
-  TempFolder folder;
-  const QString pgm = folder.File(QStringLiteral("out.pgm"));
-  const QString pbm = folder.File(QStringLiteral("out.pbm"));
-  ASSERT_TRUE(imaging::SaveImage(Hopper(), pgm));
-  ASSERT_TRUE(imaging::SaveImage(Hopper(), pbm));
-  const QImage grey = imaging::LoadFile(pgm).value().ToQImage();
-  EXPECT_EQ(QColor(grey.pixel(40, 40)).red(), QColor(grey.pixel(40, 40)).blue());
-  EXPECT_EQ(testing_support::ColourCount(imaging::LoadFile(pbm).value()), 2);
-  EXPECT_EQ(IdentifiedSize(pgm), QStringLiteral("128 128"));
-  EXPECT_EQ(IdentifiedSize(pbm), QStringLiteral("128 128"));
+  for (const char* extension : {"jpg", "pgm", "pbm"}) {
+    const QString path = folder.File(QStringLiteral("out.") + QLatin1String(extension));
+    ASSERT_TRUE(imaging::SaveImage(Hopper(), path));
+    const imaging::Image back = imaging::LoadFile(path).value();
+    EXPECT_EQ(IdentifiedSize(path), QStringLiteral("128 128"));
+    const QColor pixel = testing_support::PixelAt(back, 40, 40);
+    const QString kind = QLatin1String(extension);
+    EXPECT_TRUE(kind != u"jpg" || testing_support::Psnr(back, Hopper()) > 35);
+    EXPECT_TRUE(kind != u"pgm" || (pixel.red() == pixel.green() && pixel.green() == pixel.blue()));
+    EXPECT_TRUE(kind != u"pbm" || testing_support::ColourCount(back) == 2);
+  }
 }
 
 TEST(SaveImage, AJpegSavedAsJpegKeepsItsExifWithOrientationOne) {
