@@ -149,7 +149,7 @@ TEST(SettingsRead, AKindOutsideZeroToTwoReadsNoPathLineAndShiftsTheRest) {
   EXPECT_FALSE(s.RecentEnabled);
 }
 
-TEST(SettingsRead, AFileEndingEarlyReparsesItsLastLineForTheRest) {
+TEST(SettingsRead, AFileEndingEarlyReparsesItsLastLineForTheRestWhateverItsLineEnds) {
   QStringList lines = DefaultLines().mid(0, 46);  // ends with ImageExtensionsOnly "1"
   lines[44] = QStringLiteral("2");
   const SettingsStore s = Read(lines);
@@ -159,17 +159,12 @@ TEST(SettingsRead, AFileEndingEarlyReparsesItsLastLineForTheRest) {
   EXPECT_EQ(s.ColorImage, 1);
   EXPECT_EQ(s.ColorFullScreen, 1);
   EXPECT_EQ(s.FileTypeIcon, 1);
+  SettingsStore lf = settings::DefaultSettings(kMetrics);  // LF-only line ends read as well
+  settings::ReadSettingsText(lines.join(u'\n').toUtf8(), kMetrics, lf);
+  EXPECT_EQ(lf.StartOption, 2);
 }
 
-TEST(SettingsRead, AcceptsLfOnlyLineEnds) {
-  QStringList lines = DefaultLines();
-  lines[44] = QStringLiteral("1");
-  SettingsStore store = settings::DefaultSettings(kMetrics);
-  settings::ReadSettingsText(lines.join(u'\n').toUtf8(), kMetrics, store);
-  EXPECT_EQ(store.StartOption, 1);
-}
-
-TEST(SettingsFileAccess, WritesAtomicallyAndReadsBack) {
+TEST(SettingsFileAccess, WritesAtomicallyAndReadsBackAndAFailedWriteLeavesTheOldFile) {
   testing_support::TempFolder folder;
   const QString path = folder.File(QStringLiteral("sub/Ini.in"));
   SettingsStore s = settings::DefaultSettings(kMetrics);
@@ -180,14 +175,9 @@ TEST(SettingsFileAccess, WritesAtomicallyAndReadsBack) {
   settings::ReadSettingsFile(path, kMetrics, back);
   EXPECT_EQ(back.StartOption, 1);
   EXPECT_EQ(QDir(folder.File(QStringLiteral("sub"))).entryList(QDir::Files), QStringList{"Ini.in"});
-}
-
-TEST(SettingsFileAccess, AFailedWriteLeavesTheOldFile) {
-  testing_support::TempFolder folder;
-  const QString path = folder.WriteBytes(QStringLiteral("Ini.in"), "old");
-  const QString blocked = folder.File(QStringLiteral("Ini.in/inside"));  // a file is no folder
-  EXPECT_FALSE(settings::WriteSettingsFile(blocked, "new"));
-  EXPECT_EQ(testing_support::ReadAll(path), QByteArray("old"));
+  const QString old = folder.WriteBytes(QStringLiteral("Ini.in"), "old");  // a failed write leaves the old file
+  EXPECT_FALSE(settings::WriteSettingsFile(folder.File(QStringLiteral("Ini.in/inside")), "new"));
+  EXPECT_EQ(testing_support::ReadAll(old), QByteArray("old"));
 }
 
 TEST(SettingsLocation, IsAWritableProgramFolderUnlessTheProgramIsInstalled) {

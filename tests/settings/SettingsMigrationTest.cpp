@@ -33,16 +33,10 @@ TEST(SettingsMigration, Vistrel41ShowsToolbarAndStatusBarAndTakesFitFromLine52) 
   lines << "1" << "0" << "0" << "0" << "255" << "65280" << "16711680" << "0";  // lines 45..52
   ASSERT_EQ(lines.size(), 52);
   const SettingsStore s = Read(lines);
-  EXPECT_EQ(s.StartOption, 1);
-  EXPECT_FALSE(s.ImageExtensionsOnly);
-  EXPECT_EQ(s.ColorFullScreen, 16711680);
-  EXPECT_TRUE(s.ShowToolbar);
-  EXPECT_TRUE(s.ShowStatusBar);
-  EXPECT_FALSE(s.FitToWindow);
-  EXPECT_EQ(s.FileTypeIcon, 0);
-  EXPECT_EQ(s.LastFolder, QStringLiteral("C:\\Fotos"));
-  EXPECT_EQ(s.SplitterPos, 150 * 15);
-  EXPECT_EQ(s.PrintMargins[1], 1.5f);
+  EXPECT_EQ(std::tuple(s.StartOption, s.ImageExtensionsOnly, s.ColorFullScreen, s.FitToWindow, s.FileTypeIcon),
+            std::tuple(1, false, 16711680, false, 0));
+  EXPECT_TRUE(s.ShowToolbar && s.ShowStatusBar);
+  EXPECT_EQ(std::tuple(s.LastFolder, s.SplitterPos, s.PrintMargins[1]), std::tuple(QStringLiteral("C:\\Fotos"), 150 * 15, 1.5f));
 }
 
 TEST(SettingsMigration, Vistrel61ReadsLine53AndDiscardsIt) {
@@ -50,37 +44,24 @@ TEST(SettingsMigration, Vistrel61ReadsLine53AndDiscardsIt) {
   lines << "0" << "1" << "1" << "1" << "0" << "0" << "0" << "0" << "5";  // lines 45..53
   ASSERT_EQ(lines.size(), 53);
   const SettingsStore s = Read(lines);
-  EXPECT_FALSE(s.FitToWindow);  // line 52
-  EXPECT_EQ(s.FileTypeIcon, 0);
-  EXPECT_TRUE(s.ShowToolbar);
-  EXPECT_TRUE(s.ShowStatusBar);
+  EXPECT_EQ(std::tuple(s.FitToWindow, s.FileTypeIcon), std::tuple(false, 0));  // line 52
+  EXPECT_TRUE(s.ShowToolbar && s.ShowStatusBar);
 }
 
-TEST(SettingsMigration, OldestLayoutClosesTheGapsInRecentFolders) {
+// The oldest layout closes the gaps in the recent folders, clamps the list pane and leaves
+// what it lacks at the defaults.
+TEST(SettingsMigration, OldestLayoutClosesTheGapsInRecentFoldersAndClampsTheListPane) {
   QStringList lines = CommonLines("vistrel", {"", "C:\\A", "", " C:\\B "});
+  lines[8] = QStringLiteral("1000");
   lines << "2" << "0" << "255" << "0" << "65535";  // lines 45..49
   ASSERT_EQ(lines.size(), 49);
   const SettingsStore s = Read(lines);
-  EXPECT_EQ(s.RecentFolders[0], QStringLiteral("C:\\A"));
-  EXPECT_EQ(s.RecentFolders[1], QStringLiteral("C:\\B"));
-  for (size_t i = 2; i < s.RecentFolders.size(); ++i) EXPECT_TRUE(s.RecentFolders[i].isEmpty()) << i;
-  EXPECT_EQ(s.StartOption, 2);
-  EXPECT_FALSE(s.ConfirmDelete);
-  EXPECT_EQ(s.ColorImage, 255);
-  EXPECT_EQ(s.ColorThumbnails, 0);
-  EXPECT_EQ(s.ColorFullScreen, 65535);
-  EXPECT_TRUE(s.ImageExtensionsOnly);  // not in the oldest layout: defaults
-  EXPECT_TRUE(s.RecentEnabled);
-  EXPECT_TRUE(s.FitToWindow);
-  EXPECT_EQ(s.FileTypeIcon, 0);
-  EXPECT_EQ(s.PrintUnits, 1);
-}
-
-TEST(SettingsMigration, OldestLayoutClampsTheListPaneToo) {
-  QStringList lines = CommonLines("vistrel", {});
-  lines[8] = QStringLiteral("1000");
-  lines << "0" << "1" << "0" << "0" << "0";
-  EXPECT_EQ(Read(lines).SplitterPos, 360 * 15);
+  EXPECT_EQ(QStringList(s.RecentFolders.begin(), s.RecentFolders.end()).join(u'|'), "C:\\A|C:\\B" + QString(18, u'|'));
+  EXPECT_EQ(s.SplitterPos, 360 * 15);
+  EXPECT_EQ(std::tuple(s.StartOption, s.ConfirmDelete, s.ColorImage, s.ColorThumbnails, s.ColorFullScreen),
+            std::tuple(2, false, 255, 0, 65535));
+  EXPECT_EQ(std::tuple(s.ImageExtensionsOnly, s.RecentEnabled, s.FitToWindow, s.FileTypeIcon, s.PrintUnits),
+            std::tuple(true, true, true, 0, 1));
 }
 
 TEST(SettingsMigration, PathsWrittenInTheWindowsCodePageReadCorrectly) {
