@@ -18,26 +18,6 @@ TEST(FileListModel, HasOneColumnNamedFileShowingTheDisplayName) {
   EXPECT_EQ(model.RowOfFileName(QStringLiteral("Photo.bmp")), -1);
 }
 
-TEST(FileListModel, ReplacingAnEntryRestoresTheOrder) {
-  FileListModel model;
-  model.SetEntries({{"a.png", "a.png"}, {"b.png", "b.png"}, {"c.png", "c.png"}});
-  EXPECT_EQ(model.ReplaceAndResort(0, {"d.png", "d.png"}), 2);
-  EXPECT_EQ(model.Entry(0).FileName, QStringLiteral("b.png"));
-}
-
-TEST(FileListModel, EditingAsksTheRenameHandler) {
-  FileListModel model;
-  model.SetEntries({{"a.png", "a.png"}});
-  EXPECT_FALSE(model.setData(model.index(0, 0), QStringLiteral("x"), Qt::EditRole));  // no handler
-  QString asked;
-  model.SetRenameHandler([&](int, const QString& name) {
-    asked = name;
-    return false;
-  });
-  EXPECT_FALSE(model.setData(model.index(0, 0), QStringLiteral("z.png"), Qt::EditRole));
-  EXPECT_EQ(asked, QStringLiteral("z.png"));
-}
-
 // Characters 7 pixels wide, "W" 12; a pair "AV" kerned 2 pixels closer.
 int Advance(QChar c) { return c == u'W' ? 12 : 7; }
 int Exact(const QString& text) {

@@ -1,5 +1,5 @@
 // The thumbnail cache as the desktop reads it: GLib's own lookup names our file and calls
-// it valid, a changed file makes it stale, a file that cannot be read is remembered.
+// it valid, and a changed file makes it stale.
 #include "browse/ThumbnailCache.h"
 #include "support/TestFiles.h"
 
@@ -29,9 +29,6 @@ TEST(ThumbnailCache, WhatWeStoreTheDesktopFindsValidAndAChangeMakesStale) {
   QImage reduced(128, 85, QImage::Format_RGB32);
   reduced.fill(Qt::darkGreen);
   cache.Store(photo, reduced, {300, 200}, 128);
-
-
-
   const QString info = GioThumbnailInfo(home.Path(), photo);
   EXPECT_TRUE(info.contains(QStringLiteral("thumbnail::path: ") + cache.PathFor(photo, 128))) << info.toStdString();
   EXPECT_TRUE(info.contains(QStringLiteral("thumbnail::is-valid: TRUE"))) << info.toStdString();
@@ -48,15 +45,6 @@ TEST(ThumbnailCache, WhatWeStoreTheDesktopFindsValidAndAChangeMakesStale) {
   ASSERT_TRUE(file.setFileTime(QDateTime::currentDateTime().addSecs(3600), QFileDevice::FileModificationTime));
   file.close();
   EXPECT_FALSE(cache.Find(photo, 128).has_value());
-}
-
-TEST(ThumbnailCache, RemembersAFileThatCannotBeRead) {
-  testing_support::TempFolder home, pictures;
-  const browse::ThumbnailCache cache(home.Path());
-  const QString broken = pictures.WriteBytes(QStringLiteral("broken.png"), "not a picture");
-  EXPECT_FALSE(cache.IsKnownFailure(broken));
-  cache.StoreFailure(broken);
-  EXPECT_TRUE(cache.IsKnownFailure(broken));
 }
 
 }  // namespace

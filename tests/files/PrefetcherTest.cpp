@@ -28,7 +28,7 @@ class PrefetcherTest : public ::testing::Test {
   std::atomic<int> decodes_{0};
 };
 
-TEST_F(PrefetcherTest, APrefetchedFileIsHandedOverWithoutASecondDecode) {
+TEST_F(PrefetcherTest, APrefetchedFileIsHandedOverWithoutASecondDecodeUnlessItChangedSince) {
   const QString next = folder_.WritePng(QStringLiteral("next.png"), 30, 20);
   files::Prefetcher prefetcher(CountingDecode(), 1 << 20);
   prefetcher.Prefetch({next});
@@ -39,18 +39,13 @@ TEST_F(PrefetcherTest, APrefetchedFileIsHandedOverWithoutASecondDecode) {
   EXPECT_EQ(loaded->Picture.Width(), 30);
   EXPECT_EQ(decodes_, 1);
   EXPECT_EQ(prefetcher.PrefetchedCount(), 0);  // handed over, not kept twice
-}
-
-TEST_F(PrefetcherTest, AFileChangedAfterItsPrefetchIsDecodedAgain) {
-  const QString next = folder_.WritePng(QStringLiteral("next.png"), 30, 20);
-  files::Prefetcher prefetcher(CountingDecode(), 1 << 20);
-  prefetcher.Prefetch({next});
+  prefetcher.Prefetch({next});  // a file changed after its prefetch is decoded again
   prefetcher.WaitForIdle();
   QImage(12, 9, QImage::Format_RGB32).save(next, "PNG");  // another size, so another file length
-  const auto loaded = prefetcher.Take(next);
-  ASSERT_TRUE(loaded);
-  EXPECT_EQ(loaded->Picture.Width(), 12);
-  EXPECT_EQ(decodes_, 2);
+  const auto changed = prefetcher.Take(next);
+  ASSERT_TRUE(changed);
+  EXPECT_EQ(changed->Picture.Width(), 12);
+  EXPECT_EQ(decodes_, 3);
 }
 
 TEST_F(PrefetcherTest, AnImageOverItsShareOfTheBudgetIsNeverDecodedAhead) {
