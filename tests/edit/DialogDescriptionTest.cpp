@@ -26,15 +26,12 @@ TEST(NextToken, ReturnsFieldsAndTellsTheLastOne) {
 
 TEST(ParseDialogDescription, BlendWithOnlyClassWindowAndPreview) {
   const auto layout = ParseDialogDescription(QStringLiteral("cla,Blend,ven,40,27,Blend,pre,24,1"));
-  EXPECT_EQ(layout.DialogClass, QStringLiteral("Blend"));
-  EXPECT_EQ(layout.WindowWidth, 4800);
-  EXPECT_EQ(layout.WindowHeight, 3240);
-  EXPECT_EQ(layout.Title, QStringLiteral("Blend"));
+  ASSERT_TRUE(layout.Title && layout.WindowWidth && layout.WindowHeight && layout.HasPreview());
+  EXPECT_EQ(std::tuple(layout.DialogClass, *layout.Title, *layout.WindowWidth, *layout.WindowHeight),
+            std::tuple(QStringLiteral("Blend"), QStringLiteral("Blend"), 4800, 3240));
   EXPECT_TRUE(layout.Controls.empty());
-  EXPECT_EQ(layout.PreviewX, 24 * 120);
-  EXPECT_EQ(layout.PreviewY, 120);
-  EXPECT_EQ(layout.OkTabIndex, 0);
-  EXPECT_EQ(layout.CancelTabIndex, 1);
+  EXPECT_EQ(std::tuple(*layout.PreviewX, *layout.PreviewY, layout.OkTabIndex, layout.CancelTabIndex),
+            std::tuple(24 * 120, 120, 0, 1));
 }
 
 // Short clauses: what the parser makes of descriptions that end or bend early.
@@ -56,19 +53,15 @@ TEST(ParseDialogDescription, ShortClauses) {
   EXPECT_EQ(ParseDialogDescription(twoBoxes).Find(ControlKind::TextBox, 1)->Link, 2);  // boxes may share a link
 }
 
-TEST(ParseDialogDescription, AnExtraFieldIsSkippedAsAnUnknownKeyword) {
-  const auto layout = ParseDialogDescription(QStringLiteral("let,1,1,&Value:,extra,tex,1,3,4,1,"));
-  ASSERT_EQ(layout.Controls.size(), 2u);
-  EXPECT_EQ(layout.Controls[0].Caption, QStringLiteral("&Value:"));
-  EXPECT_EQ(layout.Controls[1].Kind, ControlKind::TextBox);
-  EXPECT_EQ(layout.Controls[1].TabIndex, 1);
-}
-
-TEST(ParseDialogDescription, AValueThatSpellsAKeywordIsTakenAsOne) {
-  const auto layout = ParseDialogDescription(QStringLiteral("junk,1,2,let,3,4,Hi,"));
-  ASSERT_EQ(layout.Controls.size(), 1u);
-  EXPECT_EQ(layout.Controls[0].X, 360);
-  EXPECT_EQ(layout.Controls[0].Caption, QStringLiteral("Hi"));
+// An extra field is skipped as an unknown keyword; a value that spells a keyword is taken as one.
+TEST(ParseDialogDescription, FieldsAreReadAsKeywordsWhereverTheyStand) {
+  const auto extra = ParseDialogDescription(QStringLiteral("let,1,1,&Value:,extra,tex,1,3,4,1,"));
+  ASSERT_EQ(extra.Controls.size(), 2u);
+  EXPECT_EQ(extra.Controls[0].Caption, QStringLiteral("&Value:"));
+  EXPECT_EQ(std::tuple(extra.Controls[1].Kind, extra.Controls[1].TabIndex), std::tuple(ControlKind::TextBox, 1));
+  const auto spelt = ParseDialogDescription(QStringLiteral("junk,1,2,let,3,4,Hi,"));
+  ASSERT_EQ(spelt.Controls.size(), 1u);
+  EXPECT_EQ(std::tuple(spelt.Controls[0].X, spelt.Controls[0].Caption), std::tuple(360, QStringLiteral("Hi")));
 }
 
 TEST(ParseDialogDescription, TickFrequencyRoundsHalfToEven) {
@@ -76,8 +69,7 @@ TEST(ParseDialogDescription, TickFrequencyRoundsHalfToEven) {
                 .Find(ControlKind::Slider, 1)->TickFrequency, 50);
   EXPECT_EQ(ParseDialogDescription(QStringLiteral("con,9,3,16,1,63,1,1,"))
                 .Find(ControlKind::Slider, 1)->TickFrequency, 16);
-  EXPECT_EQ(edit::TickFrequency(1, 1000), 250);
-  EXPECT_EQ(edit::TickFrequency(1, 9), 2);
+  EXPECT_EQ(std::tuple(edit::TickFrequency(1, 1000), edit::TickFrequency(1, 9)), std::tuple(250, 2));
   EXPECT_EQ(edit::TickFrequency(0, 9), 2);  // 10 / 4 = 2.5 rounds to even
 }
 
@@ -85,17 +77,14 @@ TEST(ParseDialogDescription, CoordinatesUseTheLeadingNumberAndHalfUnits) {
   const auto layout = ParseDialogDescription(QStringLiteral("ven,40,27.5,P,opt,1,10.5x,24,&A,let,,abc,L,"));
   EXPECT_EQ(layout.WindowHeight, 3300);
   EXPECT_EQ(layout.Find(ControlKind::Option, 1)->Y, 1260);
-  EXPECT_EQ(layout.Find(ControlKind::Label, 1)->X, 0);
-  EXPECT_EQ(layout.Find(ControlKind::Label, 1)->Y, 0);
+  EXPECT_EQ(layout.Find(ControlKind::Label, 1)->X + layout.Find(ControlKind::Label, 1)->Y, 0);
 }
 
 TEST(ParseDialogDescription, AnIntegerThatDoesNotConvertKeepsThePreviousValue) {
   const auto layout = ParseDialogDescription(QStringLiteral("con,1,1,10,-5,5,0,3,con,1,5,10,x,,2.5,y,tex,1,1,4,,"));
   const auto* second = layout.Find(ControlKind::Slider, 2);
-  EXPECT_EQ(second->Minimum, -5);
-  EXPECT_EQ(second->Maximum, 5);
+  EXPECT_EQ(std::tuple(second->Minimum, second->Maximum, second->Link), std::tuple(-5, 5, 3));
   EXPECT_EQ(second->Value, 2);  // 2.5 rounds half to even
-  EXPECT_EQ(second->Link, 3);
   EXPECT_EQ(layout.Find(ControlKind::TextBox, 1)->Link, 3);
 }
 
@@ -105,8 +94,7 @@ TEST(ParseDialogDescription, ControlsAreNumberedPerKindAndTabbedInClauseOrder) {
   EXPECT_EQ(layout.Find(ControlKind::Label, 2)->TabIndex, 2);
   EXPECT_EQ(layout.Find(ControlKind::Slider, 1)->TabIndex, 3);
   EXPECT_EQ(layout.Find(ControlKind::Button, 1)->Caption, QStringLiteral("90"));
-  EXPECT_EQ(layout.OkTabIndex, 7);
-  EXPECT_EQ(layout.CancelTabIndex, 8);
+  EXPECT_EQ(std::tuple(layout.OkTabIndex, layout.CancelTabIndex), std::tuple(7, 8));
 }
 
 }  // namespace

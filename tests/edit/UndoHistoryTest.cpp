@@ -35,17 +35,14 @@ TEST(UndoHistory, EightChangesLeaveOnlyTheLastSevenUndoable) {
 
 TEST(UndoHistory, ANewChangeAfterUndoingDiscardsTheRedoStates) {
   Editing e;
-  e.Apply(QStringLiteral("A"));
-  e.Apply(QStringLiteral("B"));
-  e.Apply(QStringLiteral("C"));
+  for (const char* name : {"A", "B", "C"}) e.Apply(QLatin1String(name));
   e.history.Undo();
   e.history.Undo();
   EXPECT_EQ(e.history.RedoCaption(), QStringLiteral("&Redo B"));
   e.Apply(QStringLiteral("D"));
   EXPECT_FALSE(e.history.CanRedo());
-  EXPECT_EQ(e.history.RedoCaption(), QStringLiteral("&Redo"));
-  EXPECT_EQ(e.history.UndoCaption(), QStringLiteral("&Undo D"));
-  EXPECT_EQ(e.history.Count(), 3);
+  EXPECT_EQ(std::tuple(e.history.RedoCaption(), e.history.UndoCaption(), e.history.Count()),
+            std::tuple(QStringLiteral("&Redo"), QStringLiteral("&Undo D"), 3));
 }
 
 TEST(UndoHistory, SlotsAreReusedOnceTheirStateIsGone) {

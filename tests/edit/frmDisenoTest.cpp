@@ -62,15 +62,13 @@ TEST(frmDiseno, TypingIntoABoxMovesItsSliderThroughTheKeyFilter) {
 }
 
 TEST(frmDiseno, EnterActsAsOkAndEscapeAsCancel) {
-  frmDiseno dialog(Description("mnuColorsBrightness"), k800x600, std::nullopt, {});
-  dialog.show();
-  QTest::keyClick(Child<QLineEdit>(dialog, "txtTexto(1)"), Qt::Key_Return);
-  EXPECT_EQ(dialog.result(), QDialog::Accepted);
-  EXPECT_FALSE(dialog.isVisible());
-  frmDiseno other(Description("mnuColorsBrightness"), k800x600, std::nullopt, {});
-  other.show();
-  QTest::keyClick(Child<QLineEdit>(other, "txtTexto(1)"), Qt::Key_Escape);
-  EXPECT_EQ(other.result(), QDialog::Rejected);
+  for (const auto& [key, result] : {std::pair(Qt::Key_Return, QDialog::Accepted), std::pair(Qt::Key_Escape, QDialog::Rejected)}) {
+    frmDiseno dialog(Description("mnuColorsBrightness"), k800x600, std::nullopt, {});
+    dialog.show();
+    QTest::keyClick(Child<QLineEdit>(dialog, "txtTexto(1)"), key);
+    EXPECT_EQ(dialog.result(), result);
+    EXPECT_FALSE(dialog.isVisible());
+  }
 }
 
 TEST(frmDiseno, ResizeRefusesOutside1To2048WithTheTextSelected) {
