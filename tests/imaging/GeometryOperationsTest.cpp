@@ -33,8 +33,7 @@ TEST(GeometryOperations, RotateZeroIsTheIdentityAndNinetySwapsTheSides) {
   const imaging::Image marked = Marked();
   EXPECT_EQ(MeanAbsoluteDifference(ops::Rotate(marked, 0), marked), 0);
   const imaging::Image right = ops::Rotate(marked, 90);
-  EXPECT_EQ(right.Width(), 20);
-  EXPECT_EQ(right.Height(), 30);
+  EXPECT_EQ(SizeOf(right), QSize(20, 30));
   EXPECT_EQ(PixelAt(right, 19, 0), QColor(255, 0, 0));  // clockwise: the top-left goes top-right
   const imaging::Image left = ops::Rotate(marked, -90);
   EXPECT_EQ(PixelAt(left, 0, 29), QColor(255, 0, 0));
@@ -63,21 +62,17 @@ TEST(GeometryOperations, ResizeGivesTheAskedSizeAndTheSameSizeIsTheIdentity) {
   const imaging::Image photo = Hopper();
   EXPECT_EQ(MeanAbsoluteDifference(ops::Resize(photo, 128, 128), photo), 0);
   for (const QSize size : {QSize(64, 32), QSize(300, 129), QSize(1, 1), QSize(2048, 7)}) {
-    const imaging::Image resized = ops::Resize(photo, size.width(), size.height());
-    EXPECT_EQ(resized.Width(), size.width());
-    EXPECT_EQ(resized.Height(), size.height());
+    EXPECT_EQ(SizeOf(ops::Resize(photo, size.width(), size.height())), size);
   }
 }
 
 TEST(GeometryOperations, CropGivesTheSelectionCutBackToTheImage) {
   const imaging::Image marked = Marked();
   const imaging::Image part = ops::Crop(marked, QRect(0, 0, 10, 5));
-  EXPECT_EQ(part.Width(), 10);
-  EXPECT_EQ(part.Height(), 5);
+  EXPECT_EQ(SizeOf(part), QSize(10, 5));
   EXPECT_EQ(PixelAt(part, 0, 0), QColor(255, 0, 0));
   const imaging::Image corner = ops::Crop(marked, QRect(25, 15, 40, 40));
-  EXPECT_EQ(corner.Width(), 5);
-  EXPECT_EQ(corner.Height(), 5);
+  EXPECT_EQ(SizeOf(corner), QSize(5, 5));
   EXPECT_EQ(PixelAt(corner, 4, 4), QColor(0, 0, 255));
 }
 
@@ -93,18 +88,17 @@ TEST(GeometryOperations, PinchAndSwirlChangeOnlyTheCentralCircle) {
 
 TEST(GeometryOperations, PerspectiveNarrowsTheFarEdgeAndKeepsTheNearOne) {
   const imaging::Image black = Painted(50, 40, [](int, int) { return QColor(0, 0, 0); });
-  const imaging::Image bottomToTop = ops::Perspective(black, ops::PerspectiveDirection::BottomToTop, 100);
-  EXPECT_EQ(PixelAt(bottomToTop, 0, 0), QColor(255, 255, 255));
-  EXPECT_EQ(PixelAt(bottomToTop, 25, 0), QColor(0, 0, 0));
-  EXPECT_EQ(PixelAt(bottomToTop, 0, 39), QColor(0, 0, 0));
-  const imaging::Image leftToRight = ops::Perspective(black, ops::PerspectiveDirection::LeftToRight, 100);
-  EXPECT_EQ(PixelAt(leftToRight, 49, 0), QColor(255, 255, 255));
-  EXPECT_EQ(PixelAt(leftToRight, 0, 0), QColor(0, 0, 0));
-  const imaging::Image rightToLeft = ops::Perspective(black, ops::PerspectiveDirection::RightToLeft, 100);
-  EXPECT_EQ(PixelAt(rightToLeft, 0, 39), QColor(255, 255, 255));
-  const imaging::Image topToBottom = ops::Perspective(black, ops::PerspectiveDirection::TopToBottom, 100);
-  EXPECT_EQ(PixelAt(topToBottom, 49, 39), QColor(255, 255, 255));
-  EXPECT_EQ(PixelAt(topToBottom, 49, 0), QColor(0, 0, 0));
+  using Direction = ops::PerspectiveDirection;
+  // The direction, a corner of the far edge (white, cut off) and points of the near edge.
+  const std::tuple<Direction, QPoint, QPoint, QPoint> cases[] = {
+      {Direction::BottomToTop, {0, 0}, {0, 39}, {25, 0}}, {Direction::LeftToRight, {49, 0}, {0, 0}, {0, 39}},
+      {Direction::RightToLeft, {0, 39}, {49, 0}, {49, 39}}, {Direction::TopToBottom, {49, 39}, {49, 0}, {0, 0}}};
+  for (const auto& [direction, far, near, kept] : cases) {
+    const imaging::Image turned = ops::Perspective(black, direction, 100);
+    EXPECT_EQ(PixelAt(turned, far.x(), far.y()), QColor(255, 255, 255)) << int(direction);
+    EXPECT_EQ(PixelAt(turned, near.x(), near.y()), QColor(0, 0, 0)) << int(direction);
+    EXPECT_EQ(PixelAt(turned, kept.x(), kept.y()), QColor(0, 0, 0)) << int(direction);
+  }
 }
 
 TEST(GeometryOperations, RippleDisplacesAcrossItsDirection) {

@@ -26,6 +26,8 @@ struct SampleStatistics {
 };
 SampleStatistics Statistics(const imaging::Image& image);
 
+inline QSize SizeOf(const imaging::Image& image) { return {image.Width(), image.Height()}; }
+
 // One pixel's colour, alpha composited onto white.
 QColor PixelAt(const imaging::Image& image, int x, int y);
 
