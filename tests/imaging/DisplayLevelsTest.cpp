@@ -27,16 +27,14 @@ TEST(DisplayLevels, APreviewFitsLikeFitWithinFromTheLevels) {
   photo.WarmDisplayLevels(16);
   const imaging::Image preview = photo.FitWithinForDisplay(112, 40);
   const imaging::Image fitted = photo.FitWithin(112, 40);
-  EXPECT_EQ(preview.Width(), fitted.Width());
-  EXPECT_EQ(preview.Height(), 40);
+  EXPECT_EQ(testing_support::SizeOf(preview), QSize(fitted.Width(), 40));
   EXPECT_GT(testing_support::Psnr(preview, fitted), 30);
   EXPECT_EQ(photo.FitWithinForDisplay(500, 500).Width(), 128);  // never enlarged
 }
 
 TEST(DisplayLevels, AReductionHasExactlyTheSizeAskedAndNeverEnlarges) {
   const imaging::Image reduced = Hopper().ReducedForDisplay(37, 20);
-  EXPECT_EQ(reduced.Width(), 37);
-  EXPECT_EQ(reduced.Height(), 20);
+  EXPECT_EQ(testing_support::SizeOf(reduced), QSize(37, 20));
   EXPECT_EQ(reduced.Bands(), 3);
   EXPECT_EQ(MeanAbsoluteDifference(Hopper().ReducedForDisplay(500, 500), Hopper()), 0);
 }
@@ -54,21 +52,18 @@ TEST(DisplayLevels, FineDetailAveragesToGreyRatherThanAliasing) {
   for (int x = 2; x < 53; ++x) EXPECT_NEAR(pixels.pixelColor(x, 2).red(), 128, 20) << x;
 }
 
-TEST(DisplayLevels, AlphaIsCompositedOntoWhite) {
+TEST(DisplayLevels, AlphaIsCompositedOntoWhiteAndTheCopyOutlivesTheImage) {
   QImage clear(40, 40, QImage::Format_ARGB32);
   clear.fill(Qt::transparent);
   const QImage shown = imaging::Image::FromQImage(clear).ReducedForDisplay(10, 10).ToQImage();
   EXPECT_EQ(shown.pixelColor(5, 5), QColor(Qt::white));
-}
-
-TEST(DisplayLevels, TheDisplayCopySharesThePixelsAndOutlivesTheImage) {
-  QImage shown;
+  QImage copy;  // the display copy shares the pixels and outlives the image
   {
     const imaging::Image reduced = Hopper().ReducedForDisplay(64, 64);
-    shown = reduced.ToQImage();
+    copy = reduced.ToQImage();
   }
-  EXPECT_EQ(shown.width(), 64);
-  EXPECT_NE(shown.pixelColor(32, 32), QColor(Qt::black));  // still readable: the QImage holds the pixels
+  EXPECT_EQ(copy.width(), 64);
+  EXPECT_NE(copy.pixelColor(32, 32), QColor(Qt::black));  // still readable: the QImage holds the pixels
 }
 
 }  // namespace

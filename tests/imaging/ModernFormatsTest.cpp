@@ -1,5 +1,5 @@
-// What users of a modern viewer expect besides the legacy formats: WebP (in the corpus)
-// and HEIF/AVIF, written here by libheif through the vips command.
+// What users of a modern viewer expect besides the legacy formats: HEIF and AVIF, written
+// here by libheif through the vips command (WebP is in the corpus).
 #include "imaging/Loader.h"
 #include "support/ImageCompare.h"
 #include "support/TestFiles.h"
@@ -30,16 +30,6 @@ TEST_P(HeifFamily, OpensWhatLibheifWrote) {
 
 INSTANTIATE_TEST_SUITE_P(Formats, HeifFamily, ::testing::Values("avif", "heic"));
 
-TEST(WebP, Opens) {
-  const auto loaded = imaging::LoadImage(CorpusPath(QStringLiteral("formats/hopper.webp")));
-  ASSERT_TRUE(loaded.has_value());
-  EXPECT_EQ(loaded->Format, QStringLiteral("WEBP"));
-}
-
-}  // namespace
-
-namespace {
-
 // Legacy types the corpus lacks or names differently.
 TEST(LegacyFormats, CalsWrittenByImageMagickOpens) {
   testing_support::TempFolder folder;
@@ -51,8 +41,7 @@ TEST(LegacyFormats, CalsWrittenByImageMagickOpens) {
   const auto loaded = imaging::LoadImage(path);
   ASSERT_TRUE(loaded.has_value());
   EXPECT_EQ(loaded->Format, QStringLiteral("CALS"));
-  EXPECT_EQ(loaded->Picture.Width(), 128);
-  EXPECT_EQ(testing_support::ColourCount(loaded->Picture), 2);
+  EXPECT_EQ(std::tuple(loaded->Picture.Width(), testing_support::ColourCount(loaded->Picture)), std::tuple(128, 2));
 }
 
 TEST(LegacyFormats, OtherExtensionsOfTheSameFormatsOpen) {
