@@ -1,5 +1,7 @@
+// Paths, file names and the text of older files.
 #include "base/FileNames.h"
 #include "base/Paths.h"
+#include "base/TextEncoding.h"
 #include "support/TestFiles.h"
 
 #include <gtest/gtest.h>
@@ -40,10 +42,6 @@ TEST(FolderExists, IsTrueForFoldersOnly) {
   EXPECT_FALSE(FolderExists(folder.File(QStringLiteral("missing"))) || FolderExists(QString()));
 }
 
-}  // namespace
-
-namespace {
-
 // Names as stored on disk: every byte sequence comes back exactly, and people see text.
 TEST(FileNames, KeepTheirBytesAndReadAsText) {
   const struct {
@@ -63,6 +61,18 @@ TEST(FileNames, KeepTheirBytesAndReadAsText) {
     EXPECT_EQ(base::HasRawBytes(name), c.raw) << c.readable;
     EXPECT_EQ(base::ReadableFileName(name), QString::fromUtf8(c.readable));
   }
+}
+
+TEST(AnsiText, ValidUtf8IsReadAsUtf8AndOtherBytesAsWindows1252) {
+  EXPECT_EQ(base::DecodeUtf8OrWindows1252("A\xC3\xB1o"), QStringLiteral("Año"));
+  EXPECT_EQ(base::DecodeUtf8OrWindows1252("A\xF1o"), QStringLiteral("Año"));
+  EXPECT_EQ(base::DecodeWindows1252("\x80\x93\x9F\xFF"), QStringLiteral("€“Ÿÿ"));
+}
+
+TEST(AnsiText, SplitsOnCrLfCrAndLfWithoutATrailingEmptyLine) {
+  EXPECT_EQ(base::SplitLines(QStringLiteral("a\r\nb\rc\nd")), QStringList({"a", "b", "c", "d"}));
+  EXPECT_EQ(base::SplitLines(QStringLiteral("a\r\n\r\n")), QStringList({"a", ""}));
+  EXPECT_EQ(base::SplitLines(QString()), QStringList());
 }
 
 }  // namespace

@@ -1,6 +1,10 @@
-// Which files the scan lists, under which text, in which order.
+// Which files the scan lists, in which order, and how their types are named.
+#include "browse/FileTypes.h"
 #include "browse/FolderScan.h"
+#include "browse/ListOrder.h"
 #include "support/TestFiles.h"
+
+#include <algorithm>
 
 #include <gtest/gtest.h>
 
@@ -33,6 +37,23 @@ TEST(ScanFolder, WithAllFilesListsHiddenOnesButNeverFolders) {
 TEST(ScanFolder, AnUnreadableFolderGivesAnEmptyList) {
   EXPECT_TRUE(browse::ScanFolder(QStringLiteral("/nonexistent/folder"), true).empty());
   EXPECT_TRUE(browse::ScanFolder(QString(), false).empty());
+}
+
+TEST(ListOrder, IgnoresCaseComparesNumbersByValueAndIsTotal) {
+  QStringList names = {"img10.jpg", "Img2.jpg", "b.png", "A.png", "img1.jpg", "img02.jpg"};
+  std::sort(names.begin(), names.end(), browse::ListTextLess);
+  // img02 and Img2 are equal by value and case; the plain comparison orders them.
+  EXPECT_EQ(names, QStringList({"A.png", "b.png", "img1.jpg", "Img2.jpg", "img02.jpg", "img10.jpg"}));
+  // Names equal but for case are still ordered.
+  EXPECT_NE(browse::CompareListText(QStringLiteral("a.jpg"), QStringLiteral("A.jpg")), 0);
+  EXPECT_EQ(browse::CompareListText(QStringLiteral("a.jpg"), QStringLiteral("a.jpg")), 0);
+  EXPECT_LT(browse::CompareListText(QStringLiteral("a"), QStringLiteral("a1")), 0);
+}
+
+TEST(FileTypeDescription, IgnoresCaseAndBlanksAndNamesAnUnknownOne) {
+  EXPECT_EQ(browse::FileTypeDescription(QStringLiteral("XYZ")), QStringLiteral("XYZ file"));
+  EXPECT_EQ(browse::FileTypeDescription(QString()), QStringLiteral("File"));
+  EXPECT_EQ(browse::FileTypeDescription(QStringLiteral(" Jif ")), QStringLiteral("Jpeg image"));
 }
 
 }  // namespace
