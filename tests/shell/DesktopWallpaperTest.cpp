@@ -32,7 +32,7 @@ class PrivateGSettings : public ::testing::Test {
   QByteArray configHome_;
 };
 
-TEST_F(PrivateGSettings, GnomeShowsThePictureInBothStylesAndRemoveTurnsItOff) {
+TEST_F(PrivateGSettings, GnomeShowsThePictureInBothStylesRemoveTurnsItOffAndMateNamesTheFile) {
   const QString schema = QStringLiteral("org.gnome.desktop.background");
   const QString path = QStringLiteral("/home/ana/.local/share/vistrel/Vistrel Wallpaper.bmp");
   const QString uri = u'\'' + QString::fromUtf8(QUrl::fromLocalFile(path).toEncoded()) + u'\'';
@@ -45,9 +45,6 @@ TEST_F(PrivateGSettings, GnomeShowsThePictureInBothStylesAndRemoveTurnsItOff) {
   EXPECT_EQ(Get(schema, QStringLiteral("picture-uri")), uri);
   gnome.Set(path);  // after a Remove, the picture comes back
   EXPECT_EQ(Get(schema, QStringLiteral("picture-options")), QStringLiteral("'zoom'"));
-}
-
-TEST_F(PrivateGSettings, MateNamesTheFile) {
   DesktopWallpaper(Desktop::Mate, shell::RunProgram).Set(QStringLiteral("/tmp/w.bmp"));
   EXPECT_EQ(Get(QStringLiteral("org.mate.background"), QStringLiteral("picture-filename")), QStringLiteral("'/tmp/w.bmp'"));
 }

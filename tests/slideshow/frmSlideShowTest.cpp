@@ -68,8 +68,7 @@ TEST_F(SlideShowTest, ChoicesSavedAndOpenedAgainComeBack) {
   Click(*other, "cmdAbrir");
   EXPECT_EQ(other->State().Rows, saved.Rows);
   EXPECT_EQ(other->State().Rows.front().Name, QStringLiteral("b.png"));
-  EXPECT_EQ(other->State().Repeat, true);
-  EXPECT_EQ(other->State().ManualAdvance, false);
+  EXPECT_EQ(std::tuple(other->State().Repeat, other->State().ManualAdvance), std::tuple(true, std::optional(false)));
   EXPECT_EQ(Child<QLabel>(*other, "lblCarpeta")->text(), QStringLiteral("Folder: ") + folder_.Path());
 }
 
