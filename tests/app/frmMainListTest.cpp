@@ -33,28 +33,30 @@ class frmMainListTest : public testing_support::MainWindowTest {
     editor->setText(text);
     QTest::keyClick(editor, Qt::Key_Return);
     QCoreApplication::processEvents();  // the delegate commits through a queued call
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);  // and the editor goes
   }
 
   QTreeView* list_ = nullptr;
 };
 
-TEST_F(frmMainListTest, ClickingAnotherEntryOpensIt) {
-  QTest::mouseClick(list_->viewport(), Qt::LeftButton, {}, RowCentre(1));
-  EXPECT_EQ(Doc().ShownRow(), 1);
-  EXPECT_TRUE(Doc().ImageLoaded());
-}
-
-TEST_F(frmMainListTest, CancelToTheSaveQuestionKeepsTheShownEntryHighlighted) {
+// A click on another entry opens it, unless Cancel to the save question keeps the shown one
+// highlighted.
+TEST_F(frmMainListTest, ClickingAnotherEntryOpensItUnlessTheSaveQuestionIsCancelled) {
   Trigger("mnuColorsNegative");
-  testing_support::DialogAnswerer answerer(QMessageBox::Cancel);
-  QTest::mouseClick(list_->viewport(), Qt::LeftButton, {}, RowCentre(1));
-  QCoreApplication::processEvents();
-  EXPECT_EQ(answerer.Count(), 1);
-  EXPECT_EQ(Doc().ShownRow(), 0);
-  EXPECT_EQ(list_->currentIndex().row(), 0);
+  {
+    testing_support::DialogAnswerer answerer(QMessageBox::Cancel);
+    QTest::mouseClick(list_->viewport(), Qt::LeftButton, {}, RowCentre(1));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(answerer.Count(), 1);
+  }
+  EXPECT_EQ(std::tuple(Doc().ShownRow(), list_->currentIndex().row()), std::tuple(0, 0));
   const QModelIndexList selected = list_->selectionModel()->selectedRows();
   ASSERT_EQ(selected.size(), 1);
   EXPECT_EQ(selected.front().row(), 0);
+  testing_support::DialogAnswerer answerer(QMessageBox::No);
+  QTest::mouseClick(list_->viewport(), Qt::LeftButton, {}, RowCentre(1));
+  EXPECT_EQ(Doc().ShownRow(), 1);
+  EXPECT_TRUE(Doc().ImageLoaded());
 }
 
 TEST_F(frmMainListTest, KeysOnTheListStepAsOnTheImage) {
@@ -68,16 +70,14 @@ TEST_F(frmMainListTest, KeysOnTheListStepAsOnTheImage) {
   }
 }
 
-TEST_F(frmMainListTest, RenamingInPlaceRenamesTheFile) {
+// Renaming in place renames the file; confirming the real name unchanged leaves it as it is.
+TEST_F(frmMainListTest, RenamingInPlaceRenamesTheFileAndAnUnchangedNameStays) {
   EditRow(0, QStringLiteral("z.png"));
   EXPECT_TRUE(QFile::exists(pictures_.File(QStringLiteral("z.png"))));
   EXPECT_EQ(list_->model()->index(1, 0).data().toString(), QStringLiteral("z.png"));
-}
-
-TEST_F(frmMainListTest, ConfirmingARenameWithoutAChangeLeavesTheNameAsItIs) {
   const QString upper = pictures_.WritePng(QStringLiteral("IMG_0001.JPG"));
   Doc().ScanFolder();
-  list_->setCurrentIndex(list_->model()->index(2, 0));  // after a.png and b.png
+  list_->setCurrentIndex(list_->model()->index(1, 0));  // after b.png, before z.png
   list_->setFocus();
   QTest::keyClick(list_, Qt::Key_F2);
   auto* editor = list_->findChild<QLineEdit*>();
