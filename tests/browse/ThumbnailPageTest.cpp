@@ -48,13 +48,9 @@ TEST(ThumbnailPage, PicturesAreDrawnInTheirBoxByWayOfTwips) {
 }
 
 TEST(ThumbnailPage, PagesHoldTwelveInListOrder) {
-  EXPECT_EQ(browse::PageCount(12), 1);
-  EXPECT_EQ(browse::PageCount(13), 2);
-  EXPECT_EQ(browse::PageCount(0), 0);
+  EXPECT_EQ(std::tuple(browse::PageCount(12), browse::PageCount(13), browse::PageCount(0)), std::tuple(1, 2, 0));
   const browse::PageRows second = browse::RowsOfPage(2, 13);
-  EXPECT_EQ(second.First, 12);
-  EXPECT_EQ(second.Last, 13);
-  EXPECT_EQ(browse::PageOfRow(12), 2);
+  EXPECT_EQ(std::tuple(second.First, second.Last, browse::PageOfRow(12)), std::tuple(12, 13, 2));
   EXPECT_EQ(browse::PageLabel(3, 1204), QStringLiteral("Page 3 of 1,204"));
 }
 
