@@ -1,0 +1,229 @@
+// File > Copy To, Move To, Rename and Delete on the real main window: what the list and the
+// open file show afterwards, the questions asked (a new extension, the name's rules, the
+// Trash), and failures that lose nothing. The Trash is judged by the desktop's own tool
+// (gio, on a private D-Bus session), which lists the file and restores it.
+#include "document/Document.h"
+#include "support/DialogAnswerer.h"
+#include "support/MainWindowTest.h"
+#include "widgets/frmTexto.h"
+
+#include <QApplication>
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QLineEdit>
+#include <QProcess>
+#include <QPushButton>
+#include <QTimer>
+#include <QTreeView>
+
+#include <sys/mount.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+using testing_support::DialogAnswerer;
+using testing_support::ReadAll;
+
+// What `gio trash --list` says, after which the file is restored with `gio trash --restore`.
+QString ListedByTheDesktopThenRestored(const QString& name) {
+  QProcess gio;
+  gio.start(QStringLiteral("dbus-run-session"),
+            {"--", "sh", "-c", "gio trash --list && gio trash --restore \"trash:///$1\"", "sh", name});
+  gio.waitForFinished(30000);
+  return QString::fromUtf8(gio.readAllStandardOutput()).trimmed();
+}
+
+class frmMainFileCommandsTest : public testing_support::MainWindowTest {
+ protected:
+  void StartOnFolderOf(std::initializer_list<const char*> names) {
+    for (const char* name : names) pictures_.WritePng(QLatin1String(name));
+    Start(pictures_.Path());
+  }
+  QString A() const { return pictures_.File(QStringLiteral("a.png")); }
+  int Listed() const { return window_->ListModel().Count(); }
+  void Select(int row) { Child<QTreeView>("lisLista")->setCurrentIndex(window_->ListModel().index(row, 0)); }
+  QString ShownFile() const { return Doc().CurrentFilePath(); }
+  // Runs Rename, typing `name` and pressing OK; a dialog still open after that is cancelled.
+  // Message boxes get `answer`. Returns what the last message box said.
+  QString RenameTo(const QString& name, QMessageBox::StandardButton answer = QMessageBox::Ok) {
+    DialogAnswerer answerer(answer);
+    bool typed = false;
+    QTimer driver;
+    QObject::connect(&driver, &QTimer::timeout, [&] {
+      auto* dialog = qobject_cast<widgets::frmTexto*>(QApplication::activeModalWidget());
+      if (!dialog) return;
+      if (typed) {
+        dialog->reject();
+        return;
+      }
+      typed = true;
+      dialog->findChild<QLineEdit*>(QStringLiteral("txtTexto"))->setText(name);
+      dialog->findChild<QPushButton*>(QStringLiteral("cmdAceptar"))->click();
+    });
+    driver.start(20);
+    Trigger("mnuFileRename");
+    return answerer.LastText();
+  }
+};
+
+TEST_F(frmMainFileCommandsTest, CopyToKeepsTheSourceShownAndListsACopyInTheSameFolder) {
+  StartOnFolderOf({"a.png", "b.png"});
+  fileAnswer_ = {pictures_.File(QStringLiteral("a copy.png")), 1};
+  Trigger("mnuFileCopyTo");
+  EXPECT_EQ(requests_.back().Title, QStringLiteral("Copy To"));
+  EXPECT_EQ(ReadAll(pictures_.File(QStringLiteral("a copy.png"))), ReadAll(A()));
+  EXPECT_EQ(Listed(), 3);
+  EXPECT_EQ(Doc().CurrentFilePath(), A());
+  fileAnswer_ = {config_.File(QStringLiteral("a.bmp")), 1};
+  {
+    DialogAnswerer no(QMessageBox::No);
+    Trigger("mnuFileCopyTo");
+    EXPECT_EQ(no.LastText(), QStringLiteral("The file extension is different. Do you want to continue?"));
+  }
+  EXPECT_FALSE(QFile::exists(fileAnswer_.Path));
+  DialogAnswerer yes(QMessageBox::Yes);
+  Trigger("mnuFileCopyTo");
+  EXPECT_TRUE(QFile::exists(fileAnswer_.Path));  // the bytes as they are: only the name changed
+}
+
+TEST_F(frmMainFileCommandsTest, MoveToFollowsTheFileInItsFolderAndLeavesItsPlaceWhenItGoes) {
+  StartOnFolderOf({"a.png", "b.png"});
+  fileAnswer_ = {pictures_.File(QStringLiteral("c.png")), 1};
+  Trigger("mnuFileMoveTo");
+  EXPECT_EQ(Listed(), 2);
+  EXPECT_EQ(Doc().CurrentFilePath(), pictures_.File(QStringLiteral("c.png")));
+  EXPECT_EQ(Child<QTreeView>("lisLista")->currentIndex().row(), 1);
+  fileAnswer_ = {config_.File(QStringLiteral("c.png")), 1};
+  Trigger("mnuFileMoveTo");
+  EXPECT_TRUE(QFile::exists(config_.File(QStringLiteral("c.png"))));
+  EXPECT_EQ(Listed(), 1);
+  EXPECT_EQ(Doc().CurrentFilePath(), pictures_.File(QStringLiteral("b.png")));
+}
+
+// A destination that cannot be written, does not exist or is a full disk (a small tmpfs,
+// mounted when the tests run as root): the message says so, nothing is left behind, and the
+// files and the list are as they were.
+TEST_F(frmMainFileCommandsTest, AFailedCopyOrMoveLosesNothing) {
+  StartOnFolderOf({"a.png", "b.png"});
+  const QString locked = config_.WriteBytes(QStringLiteral("locked.png"), "keep me");
+  QFile::setPermissions(locked, QFileDevice::ReadOwner);
+  QStringList targets = {locked, config_.File(QStringLiteral("missing/x.png"))};
+  testing_support::TempFolder disk;
+  const bool full = ::geteuid() == 0 &&
+                    ::mount("tmpfs", QFile::encodeName(disk.Path()).constData(), "tmpfs", 0, "size=64k") == 0;
+  if (full) {
+    QFile filler(disk.File(QStringLiteral("filler")));
+    ASSERT_TRUE(filler.open(QIODevice::WriteOnly));
+    while (filler.write(QByteArray(4096, 'x')) == 4096 && filler.flush()) {
+    }
+    targets << disk.File(QStringLiteral("a.png"));
+  }
+  for (const char* command : {"mnuFileCopyTo", "mnuFileMoveTo"}) {
+    for (const QString& target : targets) {
+      fileAnswer_ = {target, 1};
+      DialogAnswerer answerer;
+      Trigger(command);
+      EXPECT_TRUE(answerer.LastText().startsWith(QStringLiteral("Can't "))) << command << target.toStdString();
+      EXPECT_TRUE(QFile::exists(A())) << command;
+      EXPECT_EQ(Listed(), 2);
+    }
+  }
+  EXPECT_EQ(ReadAll(locked), QByteArray("keep me"));
+  if (full) {
+    EXPECT_EQ(QDir(disk.Path()).entryList(QDir::Files | QDir::Hidden), QStringList{"filler"});
+    ::umount2(QFile::encodeName(disk.Path()).constData(), MNT_DETACH);
+  }
+  DialogAnswerer answerer;
+  fileAnswer_ = {locked, 1};
+  Trigger("mnuFileCopyTo");
+  EXPECT_EQ(answerer.LastText(), QStringLiteral("Can't copy file. Destination file is as marked as read-only"));
+}
+
+TEST_F(frmMainFileCommandsTest, PropertiesOfAFileThatIsGoneSaysSo) {
+  StartOnFolderOf({"a.png", "b.png"});
+  QFile::remove(A());
+  DialogAnswerer answerer;
+  Trigger("mnuFileProperties");
+  EXPECT_EQ(answerer.LastText(), QStringLiteral("Can't find file"));
+  EXPECT_EQ(answerer.LastTitle(), QStringLiteral("Properties"));
+}
+
+// Across file systems a move is a copy checked against the source, then the source removed.
+TEST_F(frmMainFileCommandsTest, MoveToAnotherFileSystemCopiesChecksAndThenRemoves) {
+  StartOnFolderOf({"a.png", "b.png"});
+  struct stat here {}, shm {};
+  if (::stat("/dev/shm", &shm) != 0 || ::stat(QFile::encodeName(pictures_.Path()).constData(), &here) != 0 ||
+      here.st_dev == shm.st_dev) {
+    GTEST_SKIP() << "no second file system at /dev/shm";
+  }
+  const QByteArray bytes = ReadAll(A());
+  const QString target = QStringLiteral("/dev/shm/vistrel-move-test-%1.png").arg(QCoreApplication::applicationPid());
+  fileAnswer_ = {target, 1};
+  Trigger("mnuFileMoveTo");
+  EXPECT_EQ(ReadAll(target), bytes);
+  EXPECT_FALSE(QFile::exists(A()));
+  QFile::remove(target);
+}
+
+TEST_F(frmMainFileCommandsTest, TheFileGoesToTheTrashAndTheNextEntryTakesItsPlace) {
+  StartOnFolderOf({"a.png", "b.png", "c.png"});
+  Select(1);
+  {
+    DialogAnswerer no(QMessageBox::No);
+    Trigger("mnuFileDelete");
+    EXPECT_EQ(no.LastText(), QStringLiteral("Move \"b.png\" to the Trash?"));
+  }
+  EXPECT_TRUE(QFile::exists(pictures_.File(QStringLiteral("b.png"))));
+  DialogAnswerer yes(QMessageBox::Yes);
+  Trigger("mnuFileDelete");
+  EXPECT_FALSE(QFile::exists(pictures_.File(QStringLiteral("b.png"))));
+  EXPECT_EQ(window_->ListModel().Count(), 2);
+  EXPECT_EQ(ShownFile(), pictures_.File(QStringLiteral("c.png")));
+  Trigger("mnuFileDelete");  // the last entry: the new last one is shown
+  EXPECT_EQ(ShownFile(), pictures_.File(QStringLiteral("a.png")));
+  Trigger("mnuFileDelete");  // the only entry: nothing is left
+  EXPECT_EQ(window_->ListModel().Count(), 0);
+  EXPECT_FALSE(Doc().ImageLoaded());
+  EXPECT_FALSE(Command("mnuFileDelete")->isEnabled());
+  EXPECT_TRUE(ListedByTheDesktopThenRestored(QStringLiteral("b.png"))
+                  .split(u'\n')
+                  .contains(QStringLiteral("trash:///b.png\t") + pictures_.File(QStringLiteral("b.png"))));
+  EXPECT_TRUE(QFile::exists(pictures_.File(QStringLiteral("b.png"))));
+}
+
+TEST_F(frmMainFileCommandsTest, ASingleFileIsClosedAndWithoutTheQuestionWhenTheSettingsSaySo) {
+  Start(pictures_.WritePng(QStringLiteral("alone.png")));
+  window_->State().Settings.ConfirmDelete = false;
+  DialogAnswerer answerer;
+  Trigger("mnuFileDelete");
+  EXPECT_EQ(answerer.Count(), 0);
+  EXPECT_FALSE(QFile::exists(pictures_.File(QStringLiteral("alone.png"))));
+  EXPECT_FALSE(Doc().ImageLoaded());
+  EXPECT_EQ(window_->State().Settings.LastOpenKind, settings::kOpenNothing);
+}
+
+TEST_F(frmMainFileCommandsTest, RenameOutcomesInAFolder) {
+  StartOnFolderOf({"a.png", "b.png"});
+  const auto exists = [this](const char* name) { return QFile::exists(pictures_.File(QLatin1String(name))); };
+  EXPECT_EQ(RenameTo(QStringLiteral("a*.png")), document::Document::ForbiddenNameMessage());
+  EXPECT_EQ(RenameTo(QStringLiteral("b.png")), QStringLiteral("File already exists"));
+  EXPECT_EQ(RenameTo(QStringLiteral("a.jpg"), QMessageBox::No),
+            QStringLiteral("The file extension is different. Do you want to continue?"));
+  EXPECT_TRUE(exists("a.png") && exists("b.png") && !exists("a.jpg"));
+  RenameTo(QStringLiteral("A.png"));  // a change of capitals only
+  EXPECT_TRUE(exists("A.png"));
+  EXPECT_FALSE(exists("a.png"));
+  EXPECT_EQ(Doc().CurrentFilePath(), pictures_.File(QStringLiteral("A.png")));
+  EXPECT_EQ(window_->ListModel().Entry(0).FileName, QStringLiteral("A.png"));
+}
+
+TEST_F(frmMainFileCommandsTest, ARenamedSingleFileIsFollowedByItsNewName) {
+  Start(pictures_.WritePng(QStringLiteral("photo.png")));
+  RenameTo(QStringLiteral("holiday.png"));
+  EXPECT_EQ(window_->State().Settings.LastFile, pictures_.File(QStringLiteral("holiday.png")));
+  EXPECT_EQ(Pane("lblStatusName"), QStringLiteral("holiday.png"));
+}
+
+}  // namespace
