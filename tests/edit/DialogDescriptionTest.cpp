@@ -1,5 +1,11 @@
-// How a dialog description is read when it ends early, bends or holds odd fields.
+// The dialog descriptions: how one is read when it ends early, bends or holds odd fields,
+// and the eighteen of the program, each checked for what a broken one would show the user
+// (a dialog without a title, a link to nothing, clashing tab stops, a value outside its
+// slider). Where the controls land is judged on the dialogs themselves.
 #include "edit/DialogDescription.h"
+#include "edit/DialogDescriptions.h"
+
+#include <QSet>
 
 #include <gtest/gtest.h>
 
@@ -7,6 +13,7 @@ namespace {
 
 using edit::ControlKind;
 using edit::ParseDialogDescription;
+using edit::DialogControl;
 
 TEST(NextToken, ReturnsFieldsAndTellsTheLastOne) {
   const QString text = QStringLiteral("ab,,c");
@@ -95,6 +102,34 @@ TEST(ParseDialogDescription, ControlsAreNumberedPerKindAndTabbedInClauseOrder) {
   EXPECT_EQ(layout.Find(ControlKind::Slider, 1)->TabIndex, 3);
   EXPECT_EQ(layout.Find(ControlKind::Button, 1)->Caption, QStringLiteral("90"));
   EXPECT_EQ(std::tuple(layout.OkTabIndex, layout.CancelTabIndex), std::tuple(7, 8));
+}
+
+TEST(DialogDescriptions, EachDescribesAWholeUsableDialog) {
+  ASSERT_EQ(edit::DialogDescriptions().size(), 18u);
+  for (const auto& entry : edit::DialogDescriptions()) {
+    const QString command = QLatin1String(entry.Command);
+    SCOPED_TRACE(command.toStdString());
+    const edit::DialogLayout layout = edit::ParseDialogDescription(edit::DialogDescriptionFor(command));
+    EXPECT_FALSE(layout.DialogClass.isEmpty());
+    ASSERT_TRUE(layout.Title && layout.WindowWidth && layout.WindowHeight);
+    EXPECT_FALSE(layout.Title->isEmpty());
+    QSet<int> tabs{layout.OkTabIndex, layout.CancelTabIndex};
+    for (const DialogControl& c : layout.Controls) {
+      if (c.Kind != ControlKind::Label) {
+        EXPECT_FALSE(tabs.contains(c.TabIndex)) << "tab " << c.TabIndex;
+        tabs.insert(c.TabIndex);
+      }
+      if (c.Kind == ControlKind::Slider) {
+        EXPECT_LE(c.Minimum, c.Value);
+        EXPECT_LE(c.Value, c.Maximum);
+      }
+      if ((c.Kind == ControlKind::TextBox || c.Kind == ControlKind::Slider) && c.Link != 0) {
+        const ControlKind other = c.Kind == ControlKind::TextBox ? ControlKind::Slider : ControlKind::TextBox;
+        const DialogControl* partner = layout.Find(other, c.Link);
+        EXPECT_NE(partner, nullptr);  // Motion Blur's third box drives slider 2, as written
+      }
+    }
+  }
 }
 
 }  // namespace

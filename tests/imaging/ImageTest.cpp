@@ -1,7 +1,9 @@
-// Reductions for display: exact sizes, the same picture whether or not the levels were
-// warmed, alpha onto white, and no aliasing of fine detail.
+// The image's own services: reductions for display (exact sizes, the same picture whether
+// or not the levels were warmed, alpha onto white, no aliasing of fine detail) and packed undo
+// states (lossless, smaller than the pixels for a photograph, alpha kept).
 #include "imaging/Image.h"
 #include "imaging/Loader.h"
+#include "imaging/PackedImage.h"
 #include "support/ImageCompare.h"
 
 #include <QColor>
@@ -12,6 +14,7 @@ namespace {
 
 using testing_support::Hopper;
 using testing_support::MeanAbsoluteDifference;
+using testing_support::CorpusPath;
 
 // Alternate black and white columns: the worst case for a reduction that skips pixels.
 imaging::Image Stripes(int width, int height) {
@@ -64,6 +67,28 @@ TEST(DisplayLevels, AlphaIsCompositedOntoWhiteAndTheCopyOutlivesTheImage) {
   }
   EXPECT_EQ(copy.width(), 64);
   EXPECT_NE(copy.pixelColor(32, 32), QColor(Qt::black));  // still readable: the QImage holds the pixels
+}
+
+TEST(PackedImage, UnpacksToExactlyThePixelsPacked) {
+  const imaging::Image photo = imaging::LoadFile(CorpusPath(QStringLiteral("formats/hopper.png"))).value();
+  const imaging::PackedImage packed = imaging::PackedImage::Pack(photo);
+  EXPECT_EQ(MeanAbsoluteDifference(packed.Unpack(), photo), 0);
+  EXPECT_LT(packed.Bytes(), qint64(photo.Width()) * photo.Height() * 3);
+}
+
+TEST(PackedImage, KeepsAlphaOddSizesAndASinglePixel) {
+  QImage sprite(7, 3, QImage::Format_ARGB32);
+  for (int x = 0; x < 7; ++x) {
+    for (int y = 0; y < 3; ++y) sprite.setPixelColor(x, y, QColor(x * 30, y * 80, 200 - x * 20, x * 36));
+  }
+  const imaging::Image image = imaging::Image::FromQImage(sprite);
+  const imaging::Image back = imaging::PackedImage::Pack(image).Unpack();
+  EXPECT_EQ(back.Bands(), 4);
+  EXPECT_EQ(MeanAbsoluteDifference(back, image), 0);
+  QImage dot(1, 1, QImage::Format_RGB888);  // a single pixel
+  dot.setPixelColor(0, 0, QColor(1, 2, 3));
+  const imaging::Image one = imaging::Image::FromQImage(dot);
+  EXPECT_EQ(MeanAbsoluteDifference(imaging::PackedImage::Pack(one).Unpack(), one), 0);
 }
 
 }  // namespace

@@ -1,0 +1,130 @@
+// The view's widgets on the offscreen platform: the full-screen view (fitted up to 1000 %,
+// closed only by a deliberate key or click once ready), the Zoom dialog typed into as a
+// user would, and the image control's outline and stand-in.
+#include "support/DialogAnswerer.h"
+#include "support/ImageCompare.h"
+#include "view/ImageCanvas.h"
+#include "view/frmFull.h"
+#include "view/frmZoom.h"
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QtTest/QTest>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+imaging::Image Grey(int width, int height) {
+  return testing_support::Painted(width, height, [](int, int) { return QColor(90, 90, 90); });
+}
+
+view::frmFull* Opened(const imaging::Image& image) {
+  auto* full = new view::frmFull(image, base::NaturalSize::FromPixels(image.Width(), image.Height(), {}), {}, Qt::black);
+  full->resize(800, 600);
+  full->show();
+  return full;
+}
+
+TEST(frmFull, FitsTheScreenAndEnlargesATinyImageUpTo1000) {
+  std::unique_ptr<view::frmFull> tiny(Opened(Grey(10, 8)));
+  EXPECT_EQ(tiny->Percentage(), 1000);
+  std::unique_ptr<view::frmFull> large(Opened(Grey(1600, 600)));
+  EXPECT_EQ(large->Percentage(), 50);
+}
+
+TEST(frmFull, OnlyADeliberateKeyOrClickClosesItOnceReady) {
+  std::unique_ptr<view::frmFull> full(Opened(Grey(40, 30)));
+  QTest::keyClick(full.get(), Qt::Key_A);  // the key that opened it, still down
+  EXPECT_TRUE(full->isVisible());
+  ASSERT_TRUE(QTest::qWaitFor([&] { return full->IsReady(); }, 5000));
+  QTest::keyClick(full.get(), Qt::Key_A, Qt::ShiftModifier);
+  QTest::keyClick(full.get(), Qt::Key_A, Qt::ControlModifier);
+  EXPECT_TRUE(full->isVisible());
+  QTest::keyClick(full.get(), Qt::Key_Space);
+  EXPECT_FALSE(full->isVisible());
+
+  std::unique_ptr<view::frmFull> clicked(Opened(Grey(40, 30)));
+  QWidget* canvas = clicked->findChild<QWidget*>(QStringLiteral("imaImagen"));
+  QTest::mouseClick(canvas, Qt::LeftButton);
+  EXPECT_TRUE(clicked->isVisible());
+  ASSERT_TRUE(QTest::qWaitFor([&] { return clicked->IsReady(); }, 5000));
+  QTest::mouseClick(canvas, Qt::LeftButton);
+  EXPECT_FALSE(clicked->isVisible());
+}
+
+QLineEdit* Box(view::frmZoom& dialog) { return dialog.findChild<QComboBox*>(QStringLiteral("cboZoom"))->lineEdit(); }
+
+void Retype(QLineEdit* box, const QString& text) {
+  box->selectAll();
+  QTest::keyClick(box, Qt::Key_Delete);
+  QTest::keyClicks(box, text);
+}
+
+// Typed as a user types: into the combo box, which forwards the keys to its text.
+TEST(frmZoom, RefusesLettersAndASeventhCharacterHoweverTheyArrive) {
+  view::frmZoom dialog(100);
+  dialog.show();
+  auto* combo = dialog.findChild<QComboBox*>(QStringLiteral("cboZoom"));
+  for (const auto& [typed, kept] : {std::pair{"ab0150%x", "0150%"}, std::pair{"12345678", "123456"}}) {
+    Box(dialog)->selectAll();
+    QTest::keyClicks(combo, QLatin1String(typed));
+    EXPECT_EQ(Box(dialog)->text(), QLatin1String(kept)) << typed;
+  }
+}
+
+TEST(frmZoom, OutOfRangeValuesAreRefusedAndEnterAcceptsTheLeadingNumber) {
+  view::frmZoom dialog(100);
+  dialog.show();
+  Retype(Box(dialog), QStringLiteral("5"));  // never completed to "50%"
+  testing_support::DialogAnswerer answerer;
+  QTest::mouseClick(dialog.findChild<QPushButton*>(QStringLiteral("cmdAceptar")), Qt::LeftButton);
+  EXPECT_EQ(answerer.LastText(), QStringLiteral("Please enter a value between 10% and 1000%"));
+  EXPECT_EQ(answerer.LastTitle(), QStringLiteral("Zoom Functions"));
+  EXPECT_TRUE(dialog.isVisible());
+  EXPECT_EQ(Box(dialog)->selectedText(), QStringLiteral("5"));
+  Retype(Box(dialog), QStringLiteral("0150%"));  // Enter accepts the leading number
+  QTest::keyClick(Box(dialog), Qt::Key_Return);
+  EXPECT_EQ(dialog.result(), QDialog::Accepted);
+  EXPECT_EQ(dialog.Value(), 150);
+}
+
+// How many pixels of the outline's top edge are of `colour`.
+int EdgePixelsOf(QColor background, QColor colour) {
+  QWidget parent;
+  view::ImageCanvas canvas(&parent);
+  canvas.SetImage(testing_support::Painted(40, 40, [&](int, int) { return background; }));
+  canvas.SetZoom(100);
+  canvas.resize(40, 40);
+  canvas.SetOutline(QRect(5, 5, 20, 20));
+  const QImage shown = canvas.grab().toImage();
+  int count = 0;
+  for (int x = 5; x < 25; ++x) count += QColor(shown.pixel(x, 5)) == colour;
+  return count;
+}
+
+TEST(ImageCanvas, TheSelectionOutlineShowsOnDarkAndLightPictures) {
+  EXPECT_GT(EdgePixelsOf(Qt::black, Qt::white), 0);
+  EXPECT_GT(EdgePixelsOf(Qt::white, Qt::black), 0);
+}
+
+// A stand-in a quarter the size of the image it stands for fills the same place: at 10 %
+// and at 100 %, its left half red and its right half blue land on the canvas's halves.
+TEST(ImageCanvas, AStandInFillsThePlaceOfTheWholeImage) {
+  const imaging::Image standIn = testing_support::Painted(100, 50, [](int x, int) { return x < 50 ? Qt::red : Qt::blue; });
+  for (const int percentage : {10, 100}) {
+    QWidget parent;
+    view::ImageCanvas canvas(&parent);
+    canvas.SetImage(standIn, 0.25);
+    canvas.SetZoom(percentage);
+    canvas.resize(400 * percentage / 100, 200 * percentage / 100);
+    const QImage shown = canvas.grab().toImage();
+    const int w = shown.width(), h = shown.height();
+    EXPECT_EQ(QColor(shown.pixel(w / 4, h / 2)), QColor(Qt::red)) << percentage;
+    EXPECT_EQ(QColor(shown.pixel(3 * w / 4, h / 2)), QColor(Qt::blue)) << percentage;
+    EXPECT_EQ(QColor(shown.pixel(w - 1, h - 1)), QColor(Qt::blue)) << percentage;
+  }
+}
+
+}  // namespace
