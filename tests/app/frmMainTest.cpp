@@ -1,11 +1,9 @@
 // The main window on the offscreen platform: start-up, placement, shut-down and its menus.
 #include "settings/SettingsFile.h"
 #include "app/frmMain.h"
-#include "support/DialogAnswerer.h"
 #include "support/MainWindowTest.h"
 
 #include <QAction>
-#include <QFile>
 #include <QGuiApplication>
 #include <QIcon>
 #include <QScopeGuard>
@@ -20,15 +18,11 @@ namespace {
 
 using testing_support::CrLfLines;
 using testing_support::ReadAll;
-using testing_support::TempFolder;
 
-class frmMainTest : public ::testing::Test {
+// Windows of its own rather than the fixture's, which starts from a written settings file.
+class frmMainTest : public testing_support::MainWindowTest {
  protected:
-  QString SettingsPath() const { return config_.File(QStringLiteral("Ini.in")); }
   QTreeView* List(app::frmMain& window) { return window.findChild<QTreeView*>(QStringLiteral("lisLista")); }
-
-  TempFolder config_;
-  TempFolder pictures_;
 };
 
 TEST_F(frmMainTest, WithoutASettingsFileStartsMaximizedWithNothingToEdit) {
@@ -136,9 +130,8 @@ TEST_F(frmMainTest, DraggingTheSplitterStoresTheListWidthWithin30And360Pixels) {
 }
 
 // Within each menu every command has its own access key, so a key press always runs it.
-TEST(frmMainMenus, AccessKeysAreUniqueWithinEachMenu) {
-  testing_support::TempFolder config;
-  app::frmMain window(config.File(QStringLiteral("Ini.in")));
+TEST_F(frmMainTest, AccessKeysAreUniqueWithinEachMenu) {
+  app::frmMain window(SettingsPath());
   for (const char* name : {"mnuFile", "mnuEdit", "mnuView", "mnuColors", "mnuColorsColorDepth", "mnuImage",
                            "mnuImageFilters", "mnuTools", "mnuHelp", "mnuList"}) {
     const QMenu* menu = window.findChild<QMenu*>(QLatin1String(name));

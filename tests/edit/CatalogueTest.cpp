@@ -4,7 +4,6 @@
 #include "edit/DialogDescription.h"
 #include "edit/DialogDescriptions.h"
 
-#include <QSet>
 
 #include <gtest/gtest.h>
 

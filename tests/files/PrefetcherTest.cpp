@@ -4,7 +4,6 @@
 #include "files/Prefetcher.h"
 #include "support/TestFiles.h"
 
-#include <QFile>
 #include <QImage>
 
 #include <gtest/gtest.h>

@@ -5,14 +5,10 @@
 #include "support/DialogAnswerer.h"
 #include "support/TestFiles.h"
 
-#include <QCheckBox>
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QMenu>
-#include <QPushButton>
-#include <QRadioButton>
 #include <QtTest/QTest>
 
 #include <gtest/gtest.h>

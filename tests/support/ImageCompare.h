@@ -4,7 +4,6 @@
 #include "imaging/Image.h"
 
 #include <QColor>
-#include <QImage>
 
 #include <functional>
 
