@@ -72,18 +72,6 @@ TEST_F(frmMainFileTest, SavingAReadOnlyFileSaysSoAndLosesNothing) {
   EXPECT_EQ(Doc().ChangeLevel(), 1);
 }
 
-TEST_F(frmMainFileTest, AfterASuccessfulSaveUndoIsDisabledAndLeavingAsksNothing) {
-  const QString file = WriteGradient(pictures_, QStringLiteral("photo.png"));
-  Start(file);
-  Trigger("mnuImageFlip");
-  Trigger("mnuFileSave");
-  EXPECT_FALSE(Command("mnuEditUndo")->isEnabled());
-  EXPECT_EQ(QImage(file).pixel(0, 0), kFlippedTopLeft);
-  DialogAnswerer answerer;
-  EXPECT_TRUE(window_->close());
-  EXPECT_EQ(answerer.Count(), 0);
-}
-
 TEST_F(frmMainFileTest, SaveAsProposesTheShownFormatTakesTheChosenOnesExtensionAndBecomesTheOpenFile) {
   const QString file = pictures_.File(QStringLiteral("photo.jpeg"));
   QImage(12, 8, QImage::Format_RGB32).save(file, "JPEG");
@@ -196,15 +184,26 @@ TEST_F(frmMainFileTest, SaveAsOutsideTheFolderKeepsTheImageNamedAndAsked) {
   EXPECT_EQ(Doc().ChangeLevel(), 1);
 }
 
-TEST_F(frmMainFileTest, YesSavesBeforeSteppingToTheNextEntry) {
+// Yes saves before stepping to the next entry; after a successful Save undo is disabled and
+// leaving asks nothing.
+TEST_F(frmMainFileTest, ASuccessfulSaveLeavesNothingToAskOrUndo) {
   const QString first = WriteGradient(pictures_, QStringLiteral("a.png"));
-  WriteGradient(pictures_, QStringLiteral("b.png"));
+  const QString second = WriteGradient(pictures_, QStringLiteral("b.png"));
   Start(pictures_.Path());
   Trigger("mnuImageFlip");
-  DialogAnswerer answerer(QMessageBox::Yes);
-  Doc().Step(1);
+  {
+    DialogAnswerer yes(QMessageBox::Yes);
+    Doc().Step(1);
+  }
   EXPECT_EQ(Doc().ShownRow(), 1);
   EXPECT_EQ(QImage(first).pixel(0, 0), kFlippedTopLeft);
+  Trigger("mnuImageFlip");
+  Trigger("mnuFileSave");
+  EXPECT_FALSE(Command("mnuEditUndo")->isEnabled());
+  EXPECT_EQ(QImage(second).pixel(0, 0), kFlippedTopLeft);
+  DialogAnswerer answerer;
+  EXPECT_TRUE(window_->close());
+  EXPECT_EQ(answerer.Count(), 0);
 }
 
 TEST(FileChooser, TheChosenEntryIsFoundWithOrWithoutItsHiddenPatterns) {

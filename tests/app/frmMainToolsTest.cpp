@@ -117,12 +117,11 @@ TEST_F(frmMainToolsTest, OptionsTakeEffectAtOnceAndRestoreGivesTheDefaults) {
   EXPECT_TRUE(now.RecentFolders[0].isEmpty());
   EXPECT_EQ(std::tuple(now.StartOption, now.ConfirmDelete, now.RecentEnabled), std::tuple(2, false, false));
   runOptions([&](widgets::frmOptions& o) { click(o, "cmdInicio"); }, "cmdAceptar");
-  settings::SettingsStore defaults = settings::DefaultSettings({});
-  EXPECT_EQ(std::tuple(now.StartOption, now.ImageExtensionsOnly, now.ShowToolbar, now.ShowStatusBar, now.ColorImage,
-                       now.ColorThumbnails, now.ColorFullScreen, now.ConfirmDelete, now.RecentEnabled),
-            std::tuple(defaults.StartOption, defaults.ImageExtensionsOnly, defaults.ShowToolbar, defaults.ShowStatusBar,
-                       defaults.ColorImage, defaults.ColorThumbnails, defaults.ColorFullScreen, defaults.ConfirmDelete,
-                       defaults.RecentEnabled));
+  const auto options = [](const settings::SettingsStore& s) {
+    return std::tuple(s.StartOption, s.ImageExtensionsOnly, s.ShowToolbar, s.ShowStatusBar, s.ColorImage,
+                      s.ColorThumbnails, s.ColorFullScreen, s.ConfirmDelete, s.RecentEnabled);
+  };
+  EXPECT_EQ(options(now), options(settings::DefaultSettings({})));
   EXPECT_TRUE(Child<QWidget>("ctlToolbar")->isVisible());
   EXPECT_TRUE(now.RecentFolders[0].isEmpty());
 }
