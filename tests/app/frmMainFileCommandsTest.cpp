@@ -12,7 +12,6 @@
 #include <QDir>
 #include <QFile>
 #include <QLineEdit>
-#include <QProcess>
 #include <QPushButton>
 #include <QTimer>
 #include <QTreeView>
@@ -28,11 +27,9 @@ using testing_support::ReadAll;
 
 // What `gio trash --list` says, after which the file is restored with `gio trash --restore`.
 QString ListedByTheDesktopThenRestored(const QString& name) {
-  QProcess gio;
-  gio.start(QStringLiteral("dbus-run-session"),
-            {"--", "sh", "-c", "gio trash --list && gio trash --restore \"trash:///$1\"", "sh", name});
-  gio.waitForFinished(30000);
-  return QString::fromUtf8(gio.readAllStandardOutput()).trimmed();
+  return testing_support::Run(QStringLiteral("dbus-run-session"),
+                              {"--", "sh", "-c", "gio trash --list && gio trash --restore \"trash:///$1\"", "sh", name})
+      .Output.trimmed();
 }
 
 class frmMainFileCommandsTest : public testing_support::MainWindowTest {

@@ -15,7 +15,6 @@
 #include <QComboBox>
 #include <QListWidget>
 #include <QStandardPaths>
-#include <QProcess>
 #include <QPushButton>
 #include <QStatusBar>
 #include <QTreeView>
@@ -138,10 +137,7 @@ TEST_F(frmMainToolsTest, TickedFileTypesBecomeVistrelsAndUntickedOnesGoBack) {
     Trigger("mnuToolsTiposArchivo");
   };
   const auto viewerOf = [](const char* type) {
-    QProcess query;
-    query.start(QStringLiteral("xdg-mime"), {"query", "default", QLatin1String(type)});
-    query.waitForFinished();
-    return QString::fromUtf8(query.readAllStandardOutput()).trimmed();
+    return testing_support::Run(QStringLiteral("xdg-mime"), {"query", "default", QLatin1String(type)}).Output.trimmed();
   };
   choose([](QListWidget& rows) {
     EXPECT_EQ(rows.item(6)->text(), QStringLiteral("Jpeg image (jpg, jpeg, jpe, jif)"));
@@ -172,10 +168,8 @@ TEST_F(frmMainToolsTest, PrintWritesAPdfOfTheShownPictureOrOfTheFolder) {
     fileAnswer_ = {config_.File(QStringLiteral("printed")), 1};
     Trigger("mnuFilePrint");
     EXPECT_TRUE(requests_.back().ProposedPath.endsWith(QStringLiteral("a.pdf")));
-    QProcess info;
-    info.start(QStringLiteral("pdfinfo"), {config_.File(QStringLiteral("printed.pdf"))});
-    info.waitForFinished();
-    EXPECT_TRUE(info.readAllStandardOutput().contains(QByteArray("Pages:           ") + pages)) << which;
+    const QString info = testing_support::Run(QStringLiteral("pdfinfo"), {config_.File(QStringLiteral("printed.pdf"))}).Output;
+    EXPECT_TRUE(info.contains(QStringLiteral("Pages:           ") + QLatin1String(pages))) << which;
   }
 }
 

@@ -5,7 +5,6 @@
 
 #include <QDateTime>
 #include <QFile>
-#include <QProcess>
 
 #include <gtest/gtest.h>
 
@@ -13,13 +12,9 @@ namespace {
 
 // What `gio info` says of the file's thumbnail, with the cache home given.
 QString GioThumbnailInfo(const QString& cacheHome, const QString& file) {
-  QProcess gio;
-  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-  environment.insert(QStringLiteral("XDG_CACHE_HOME"), cacheHome);
-  gio.setProcessEnvironment(environment);
-  gio.start(QStringLiteral("gio"), {"info", "-a", "thumbnail::path,thumbnail::is-valid", file});
-  gio.waitForFinished(20000);
-  return QString::fromUtf8(gio.readAllStandardOutput());
+  return testing_support::Run(QStringLiteral("gio"), {"info", "-a", "thumbnail::path,thumbnail::is-valid", file},
+                              {"XDG_CACHE_HOME=" + cacheHome})
+      .Output;
 }
 
 TEST(ThumbnailCache, WhatWeStoreTheDesktopFindsValidAndAChangeMakesStale) {

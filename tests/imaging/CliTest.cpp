@@ -20,19 +20,9 @@ namespace {
 
 using testing_support::CorpusPath;
 
-struct CliRun {
-  int ExitCode = -1;
-  QString Output;
-  QString Errors;
-};
+using CliRun = testing_support::ProgramRun;
 
-CliRun Cli(const QStringList& arguments) {
-  QProcess process;
-  process.start(QStringLiteral(VISTREL_CLI_PATH), arguments);
-  process.waitForFinished(60000);
-  return {process.exitCode(), QString::fromLocal8Bit(process.readAllStandardOutput()),
-          QString::fromLocal8Bit(process.readAllStandardError())};
-}
+CliRun Cli(const QStringList& arguments) { return testing_support::Run(QStringLiteral(VISTREL_CLI_PATH), arguments); }
 
 TEST(VistrelCli, InfoPrintsOneLineAFileAndConvertSavesByTheExtension) {
   const QString good = CorpusPath(QStringLiteral("formats/pil184.pcx"));
@@ -113,13 +103,10 @@ TEST(VistrelCli, ClearsStaleCopiesOfKilledDecodes) {
   ASSERT_TRUE(old.open(QIODevice::ReadWrite));
   ASSERT_TRUE(old.setFileTime(QDateTime::currentDateTime().addSecs(-3600), QFileDevice::FileModificationTime));
   old.close();
-  QProcess process;
-  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-  environment.insert(QStringLiteral("TMPDIR"), temporary.Path());
-  process.setProcessEnvironment(environment);
-  process.start(QStringLiteral(VISTREL_CLI_PATH), {"info", CorpusPath(QStringLiteral("formats/pil184.pcx"))});
-  ASSERT_TRUE(process.waitForFinished(60000));
-  EXPECT_EQ(process.exitCode(), 0);
+  EXPECT_EQ(testing_support::Run(QStringLiteral(VISTREL_CLI_PATH), {"info", CorpusPath(QStringLiteral("formats/pil184.pcx"))},
+                                 {"TMPDIR=" + temporary.Path()})
+                .ExitCode,
+            0);
   EXPECT_FALSE(QFile::exists(stale));
   EXPECT_TRUE(QFile::exists(fresh));
 }

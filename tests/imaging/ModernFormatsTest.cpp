@@ -4,7 +4,6 @@
 #include "support/ImageCompare.h"
 #include "support/TestFiles.h"
 
-#include <QProcess>
 
 #include <gtest/gtest.h>
 
@@ -17,10 +16,8 @@ class HeifFamily : public ::testing::TestWithParam<const char*> {};
 TEST_P(HeifFamily, OpensWhatLibheifWrote) {
   testing_support::TempFolder folder;
   const QString path = folder.File(QStringLiteral("hopper.") + QLatin1String(GetParam()));
-  QProcess vips;
-  vips.start(QStringLiteral("vips"), {QStringLiteral("copy"), CorpusPath(QStringLiteral("formats/hopper.png")), path});
-  ASSERT_TRUE(vips.waitForFinished(60000));
-  ASSERT_EQ(vips.exitCode(), 0) << vips.readAllStandardError().toStdString();
+  const auto vips = testing_support::Run(QStringLiteral("vips"), {"copy", CorpusPath(QStringLiteral("formats/hopper.png")), path});
+  ASSERT_EQ(vips.ExitCode, 0) << vips.Errors.toStdString();
   const auto loaded = imaging::LoadImage(path);
   ASSERT_TRUE(loaded.has_value());
   EXPECT_EQ(loaded->Format, QStringLiteral("HEIF"));
@@ -34,10 +31,7 @@ INSTANTIATE_TEST_SUITE_P(Formats, HeifFamily, ::testing::Values("avif", "heic"))
 TEST(LegacyFormats, CalsWrittenByImageMagickOpens) {
   testing_support::TempFolder folder;
   const QString path = folder.File(QStringLiteral("scan.cal"));
-  QProcess convert;
-  convert.start(QStringLiteral("convert"), {CorpusPath(QStringLiteral("formats/hopper.png")), QStringLiteral("-monochrome"), path});
-  ASSERT_TRUE(convert.waitForFinished(60000));
-  ASSERT_EQ(convert.exitCode(), 0);
+  ASSERT_EQ(testing_support::Run(QStringLiteral("convert"), {CorpusPath(QStringLiteral("formats/hopper.png")), "-monochrome", path}).ExitCode, 0);
   const auto loaded = imaging::LoadImage(path);
   ASSERT_TRUE(loaded.has_value());
   EXPECT_EQ(loaded->Format, QStringLiteral("CALS"));

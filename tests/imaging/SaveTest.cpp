@@ -6,7 +6,6 @@
 #include "support/TestFiles.h"
 
 #include <QDir>
-#include <QProcess>
 
 #include <gtest/gtest.h>
 
@@ -19,10 +18,7 @@ using testing_support::TempFolder;
 
 // What ImageMagick, an independent reader, says of a file: "WIDTH HEIGHT".
 QString IdentifiedSize(const QString& path) {
-  QProcess identify;
-  identify.start(QStringLiteral("identify"), {QStringLiteral("-format"), QStringLiteral("%w %h"), path + QStringLiteral("[0]")});
-  identify.waitForFinished(20000);
-  return QString::fromLatin1(identify.readAllStandardOutput()).trimmed();
+  return testing_support::Run(QStringLiteral("identify"), {"-format", "%w %h", path + QStringLiteral("[0]")}).Output.trimmed();
 }
 
 class LosslessRoundTrip : public ::testing::TestWithParam<const char*> {};
@@ -60,10 +56,8 @@ TEST(SaveImage, AJpegSavedAsJpegKeepsItsExifWithOrientationOne) {
   TempFolder folder;
   const QString path = folder.File(QStringLiteral("turned.jpg"));
   ASSERT_TRUE(imaging::SaveImage(imaging::LoadFile(CorpusPath(QStringLiteral("exif-orientation/Landscape_6.jpg"))).value(), path));
-  QProcess identify;
-  identify.start(QStringLiteral("identify"), {QStringLiteral("-format"), QStringLiteral("%w %h %[EXIF:Orientation] %[EXIF:YResolution]"), path});
-  identify.waitForFinished(20000);
-  EXPECT_EQ(QString::fromLatin1(identify.readAllStandardOutput()).trimmed(), QStringLiteral("1800 1200 1 72/1"));
+  EXPECT_EQ(testing_support::Run(QStringLiteral("identify"), {"-format", "%w %h %[EXIF:Orientation] %[EXIF:YResolution]", path}).Output,
+            QStringLiteral("1800 1200 1 72/1"));
 }
 
 // Written through the helper, a large image opens again (the pixel cache needs more than

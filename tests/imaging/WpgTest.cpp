@@ -6,7 +6,6 @@
 #include "support/TestFiles.h"
 
 #include <QPainter>
-#include <QProcess>
 
 #include <gtest/gtest.h>
 
@@ -73,10 +72,7 @@ TEST(Wpg, APhotoComesBackInTwoHundredAndFiftySixColoursAndHugeSidesAreRefused) {
   TempFolder folder;
   const QString path = folder.File(QStringLiteral("photo.wpg"));
   ASSERT_TRUE(imaging::SaveImage(*photo, path));
-  QProcess identify;
-  identify.start(QStringLiteral("identify"), {QStringLiteral("-format"), QStringLiteral("%m %w %h"), path});
-  identify.waitForFinished(20000);
-  EXPECT_EQ(QString::fromLatin1(identify.readAllStandardOutput()).trimmed(), QStringLiteral("WPG 128 128"));
+  EXPECT_EQ(testing_support::Run(QStringLiteral("identify"), {"-format", "%m %w %h", path}).Output, QStringLiteral("WPG 128 128"));
   const auto back = imaging::LoadFile(path);
   ASSERT_TRUE(back.has_value());
   EXPECT_GT(testing_support::Psnr(*back, *photo), 28);

@@ -104,10 +104,7 @@ QString PrintWithMargins(const testing_support::TempFolder& folder, float margin
 // The page size poppler reads, and the picture's left and right edges at mid-height (at
 // 72 dpi a pixel is a point).
 std::tuple<QString, int, int> PageAndEdges(const testing_support::TempFolder& folder, const QString& pdf) {
-  QProcess info;
-  info.start(QStringLiteral("pdfinfo"), {pdf});
-  info.waitForFinished();
-  const QString size = QString::fromLatin1(info.readAllStandardOutput()).split(u'\n').filter(QStringLiteral("Page size:")).value(0);
+  const QString size = testing_support::Run(QStringLiteral("pdfinfo"), {pdf}).Output.split(u'\n').filter(QStringLiteral("Page size:")).value(0);
   QProcess::execute(QStringLiteral("pdftoppm"), {"-r", "72", "-png", "-singlefile", pdf, folder.File(QStringLiteral("page"))});
   const QImage page(folder.File(QStringLiteral("page.png")));
   int left = page.width(), right = -1;

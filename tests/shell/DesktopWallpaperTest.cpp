@@ -3,7 +3,6 @@
 #include "shell/DesktopWallpaper.h"
 #include "support/TestFiles.h"
 
-#include <QProcess>
 #include <QUrl>
 
 #include <gtest/gtest.h>
@@ -62,17 +61,12 @@ TEST(Xfce, EveryMonitorAndWorkspaceGetsThePicture) {
       "for p in monitor0/workspace0 monitorHDMI-1/workspace2; do\n"
       "  echo \"$(q -p /backdrop/screen0/$p/last-image) $(q -p /backdrop/screen0/$p/image-style)\"; done\n"
       "\"$1\" wallpaper remove && q -p /backdrop/screen0/monitorHDMI-1/workspace2/image-style\n");
-  QProcess session;
-  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-  environment.insert(QStringLiteral("XDG_CURRENT_DESKTOP"), QStringLiteral("XFCE"));
-  environment.insert(QStringLiteral("XDG_CONFIG_HOME"), folder.MakeFolder(QStringLiteral("config")));
-  environment.insert(QStringLiteral("XDG_DATA_HOME"), folder.MakeFolder(QStringLiteral("data")));
-  session.setProcessEnvironment(environment);
-  session.start(QStringLiteral("dbus-run-session"), {"--", "bash", "-c", script, "bash", VISTREL_CLI_PATH, picture});
-  ASSERT_TRUE(session.waitForFinished(60000));
+  const testing_support::ProgramRun session = testing_support::Run(
+      QStringLiteral("dbus-run-session"), {"--", "bash", "-c", script, "bash", VISTREL_CLI_PATH, picture},
+      {"XDG_CURRENT_DESKTOP=XFCE", "XDG_CONFIG_HOME=" + folder.MakeFolder(QStringLiteral("config")),
+       "XDG_DATA_HOME=" + folder.MakeFolder(QStringLiteral("data"))});
   const QString written = folder.File(QStringLiteral("data/vistrel/Vistrel Wallpaper.bmp"));
-  EXPECT_EQ(QString::fromUtf8(session.readAllStandardOutput()).split(u'\n', Qt::SkipEmptyParts),
-            QStringList({written + " 5", written + " 5", "0"}));
+  EXPECT_EQ(session.Output.split(u'\n', Qt::SkipEmptyParts), QStringList({written + " 5", written + " 5", "0"}));
 }
 
 // What runs on the desktops tried through their own programs, the portal first.

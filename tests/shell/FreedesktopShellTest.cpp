@@ -6,7 +6,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
-#include <QProcess>
+#include "support/TestFiles.h"
 #include <QStandardPaths>
 
 #include <gtest/gtest.h>
@@ -14,10 +14,7 @@
 namespace {
 
 QString Output(const QString& program, const QStringList& arguments) {
-  QProcess process;
-  process.start(program, arguments);
-  process.waitForFinished(20000);
-  return QString::fromUtf8(process.readAllStandardOutput()).trimmed();
+  return testing_support::Run(program, arguments).Output.trimmed();
 }
 
 QString DefaultFor(const QString& type) { return Output(QStringLiteral("xdg-mime"), {"query", "default", type}); }

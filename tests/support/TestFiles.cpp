@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QFile>
 #include <QImage>
+#include <QProcess>
 
 #include <cstdio>
 
@@ -44,6 +45,17 @@ QString TempFolder::MakeFolder(const QString& name) const {
 QByteArray ReadAll(const QString& path) {
   QFile file(path);
   return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+ProgramRun Run(const QString& program, const QStringList& arguments, const QStringList& environment) {
+  QProcess process;
+  QProcessEnvironment added = QProcessEnvironment::systemEnvironment();
+  for (const QString& setting : environment) added.insert(setting.section(u'=', 0, 0), setting.section(u'=', 1));
+  process.setProcessEnvironment(added);
+  process.start(program, arguments);
+  process.waitForFinished(60000);
+  return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
+          QString::fromLocal8Bit(process.readAllStandardOutput()), QString::fromLocal8Bit(process.readAllStandardError())};
 }
 
 QStringList CrLfLines(const QByteArray& text) {

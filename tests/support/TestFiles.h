@@ -29,6 +29,15 @@ class TempFolder {
 
 QByteArray ReadAll(const QString& path);
 
+// What a program said, run to its end (a minute at most) with `environment` ("NAME=value")
+// added to ours.
+struct ProgramRun {
+  int ExitCode = -1;
+  QString Output;
+  QString Errors;
+};
+ProgramRun Run(const QString& program, const QStringList& arguments, const QStringList& environment = {});
+
 // The CRLF lines of a settings text.
 QStringList CrLfLines(const QByteArray& text);
 
