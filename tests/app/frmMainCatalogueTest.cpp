@@ -25,12 +25,6 @@ class frmMainCatalogueTest : public testing_support::MainWindowTest {
     QImage(testing_support::CorpusPath(QStringLiteral("formats/hopper.png"))).scaled(120, 90).save(file);
     Start(file, /*alwaysFit=*/false);
   }
-  void Select(QPoint from, QPoint to) {
-    auto* canvas = Child<QWidget>("imaImagen");
-    QTest::mousePress(canvas, Qt::LeftButton, {}, from);
-    QTest::mouseMove(canvas, to);
-    QTest::mouseRelease(canvas, Qt::LeftButton, {}, to);
-  }
   // Triggers every editing command, even one its rule disables, and says Yes to its dialog.
   void ForceEveryCommand() {
     parameters_ = [](edit::frmDiseno&) { return true; };
@@ -87,7 +81,7 @@ TEST_F(frmMainCatalogueTest, CropWithoutASelectionOnlyTellsTheUserAndWithOneTake
   EXPECT_EQ(answerer.LastText(), QStringLiteral("Select an area to apply red eye removal"));
   EXPECT_TRUE(NothingToUndo());
   EXPECT_EQ(Doc().ChangeLevel(), 0);
-  Select(QPoint(10, 20), QPoint(49, 39));  // 40 x 20 pixels at 100 %
+  testing_support::Drag(Canvas(), {10, 20}, {49, 39});  // 40 x 20 pixels at 100 %
   EXPECT_EQ(CopiedAfterCopy().size(), QSize(40, 20));  // Copy exports the selection and leaves the image
   EXPECT_TRUE(NothingToUndo());
   Trigger("mnuImageCrop");

@@ -89,7 +89,9 @@ TEST_F(frmMainFileTest, SaveAsProposesTheShownFormatTakesTheChosenOnesExtensionA
   EXPECT_EQ(Doc().ChangeLevel(), 0);
 }
 
-TEST_F(frmMainFileTest, SaveAsInFolderModeRescansAndSelectsTheNewFile) {
+// Save As into the open folder rescans it and selects the new file; outside it, the image
+// goes by its new name and is asked about on leaving.
+TEST_F(frmMainFileTest, SaveAsInTheFolderSelectsTheNewFileAndOutsideItKeepsTheImageNamed) {
   WriteGradient(pictures_, QStringLiteral("a.png"));
   WriteGradient(pictures_, QStringLiteral("c.png"));
   Start(pictures_.Path());
@@ -99,6 +101,17 @@ TEST_F(frmMainFileTest, SaveAsInFolderModeRescansAndSelectsTheNewFile) {
   ASSERT_EQ(list->model()->rowCount(), 3);
   EXPECT_EQ(list->currentIndex().data().toString(), QStringLiteral("b.bmp"));
   EXPECT_EQ(Doc().ShownRow(), 1);
+  Trigger("mnuImageFlip");
+  fileAnswer_ = {config_.File(QStringLiteral("elsewhere.png")), files::SaveAsFilterIndex(QStringLiteral("png"))};
+  Trigger("mnuFileSaveAs");
+  EXPECT_EQ(Doc().CurrentFilePath(), fileAnswer_.Path);
+  EXPECT_TRUE(Command("mnuFileSave")->isEnabled());
+  Trigger("mnuColorsNegative");
+  DialogAnswerer answerer(QMessageBox::Cancel);
+  EXPECT_FALSE(window_->close());
+  EXPECT_EQ(answerer.LastText(), QStringLiteral("'elsewhere.png' has changed. Do you want to save changes?"));
+  EXPECT_EQ(answerer.LastTitle(), QStringLiteral("Save Changes"));
+  EXPECT_EQ(Doc().ChangeLevel(), 1);
 }
 
 TEST_F(frmMainFileTest, OpenFileAsksAboutTheEditsOnlyOnceAFileIsChosenAndOpensItAlone) {
@@ -165,22 +178,6 @@ TEST_F(frmMainFileTest, SaveAsAsksBeforeReplacingAFileUnderTheCompletedName) {
   Trigger("mnuFileSaveAs");
   EXPECT_EQ(answerer.LastText(), QStringLiteral("b.png already exists.\nDo you want to replace it?"));
   EXPECT_EQ(ReadAll(existing), before);
-  EXPECT_EQ(Doc().ChangeLevel(), 1);
-}
-
-TEST_F(frmMainFileTest, SaveAsOutsideTheFolderKeepsTheImageNamedAndAsked) {
-  WriteGradient(pictures_, QStringLiteral("a.png"));
-  Start(pictures_.Path());
-  Trigger("mnuImageFlip");
-  fileAnswer_ = {config_.File(QStringLiteral("elsewhere.png")), files::SaveAsFilterIndex(QStringLiteral("png"))};
-  Trigger("mnuFileSaveAs");
-  EXPECT_EQ(Doc().CurrentFilePath(), fileAnswer_.Path);
-  EXPECT_TRUE(Command("mnuFileSave")->isEnabled());
-  Trigger("mnuColorsNegative");
-  DialogAnswerer answerer(QMessageBox::Cancel);
-  EXPECT_FALSE(window_->close());
-  EXPECT_EQ(answerer.LastText(), QStringLiteral("'elsewhere.png' has changed. Do you want to save changes?"));
-  EXPECT_EQ(answerer.LastTitle(), QStringLiteral("Save Changes"));
   EXPECT_EQ(Doc().ChangeLevel(), 1);
 }
 

@@ -17,7 +17,6 @@ class frmMainHiDpiTest : public testing_support::MainWindowTest {
     original_ = photo.ToQImage();
     Start(pictures_.File(QStringLiteral("photo.png")), /*alwaysFit=*/false);
   }
-  QWidget* Canvas() { return Child<QWidget>("imaImagen"); }
   QImage original_;
 };
 
@@ -35,9 +34,7 @@ TEST_F(frmMainHiDpiTest, OneHundredPercentIsOneImagePixelPerDevicePixel) {
 }
 
 TEST_F(frmMainHiDpiTest, TheSelectionAndTheDialogsSpeakImagePixels) {
-  QTest::mousePress(Canvas(), Qt::LeftButton, {}, QPoint(10, 10));
-  QTest::mouseMove(Canvas(), QPoint(19, 14));
-  QTest::mouseRelease(Canvas(), Qt::LeftButton, {}, QPoint(19, 14));
+  testing_support::Drag(Canvas(), {10, 10}, {19, 14});
   EXPECT_EQ(window_->ImageView().Selection().Pixels(7.5f, 7.5f), QRect(20, 20, 20, 10));
   QString shownSize;
   parameters_ = [&](edit::frmDiseno& dialog) {

@@ -116,11 +116,7 @@ TEST_F(frmMainTest, DraggingTheSplitterStoresTheListWidthWithin30And360Pixels) {
   auto* handle = window.findChild<QWidget*>(QStringLiteral("picSepa"));
   ASSERT_NE(handle, nullptr);
   const QPoint grip = handle->rect().center();
-  const auto drag = [&](int dx) {
-    QTest::mousePress(handle, Qt::LeftButton, {}, grip);
-    QTest::mouseMove(handle, grip + QPoint(dx, 0));
-    QTest::mouseRelease(handle, Qt::LeftButton, {}, grip + QPoint(dx, 0));
-  };
+  const auto drag = [&](int dx) { testing_support::Drag(handle, grip, grip + QPoint(dx, 0)); };
   drag(70);
   EXPECT_EQ(window.State().Settings.SplitterPos, 200 * 15);
   drag(500);

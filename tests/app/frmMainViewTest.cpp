@@ -28,12 +28,6 @@ class frmMainViewTest : public testing_support::MainWindowTest {
   }
   view::Viewport& View() { return window_->ImageView(); }
   QScrollBar* Bar(const char* name) { return Child<QScrollBar>(name); }
-  QWidget* Canvas() { return Child<QWidget>("imaImagen"); }
-  void Drag(QPoint from, QPoint to) {
-    QTest::mousePress(Canvas(), Qt::LeftButton, {}, from);
-    QTest::mouseMove(Canvas(), to);
-    QTest::mouseRelease(Canvas(), Qt::LeftButton, {}, to);
-  }
 };
 
 TEST_F(frmMainViewTest, ZoomCommandsSizeTheImageAndFitNeedsNoBars) {
@@ -90,7 +84,7 @@ TEST_F(frmMainViewTest, FullScreenShowsTheSelectionFromTheMenuAndTheWholeImageOn
     full.resize(800, 600);
     shown = full.findChild<QWidget*>(QStringLiteral("imaImagen"))->size() * 100 / full.Percentage();
   });
-  Drag({100, 100}, {139, 119});
+  testing_support::Drag(Canvas(), {100, 100}, {139, 119});
   Trigger("mnuViewFullScreen");
   EXPECT_EQ(shown, QSize(40, 20));
   QTest::mouseDClick(Canvas(), Qt::LeftButton, {}, QPoint(100, 100));
@@ -98,7 +92,7 @@ TEST_F(frmMainViewTest, FullScreenShowsTheSelectionFromTheMenuAndTheWholeImageOn
 }
 
 TEST_F(frmMainViewTest, ZoomToSelectionEnlargesAndCentresIt) {
-  Drag({100, 100}, {149, 149});
+  testing_support::Drag(Canvas(), {100, 100}, {149, 149});
   Trigger("mnuViewZoomToSelection");
   EXPECT_GT(View().Percentage(), 500);
   EXPECT_TRUE(View().rect().contains(Canvas()->mapTo(&View(), QPoint(125, 125) * View().Percentage() / 100)));

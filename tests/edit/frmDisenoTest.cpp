@@ -19,6 +19,7 @@
 
 namespace {
 
+using testing_support::Retype;
 using edit::frmDiseno;
 
 const edit::DialogContext k800x600{800 * 15, 600 * 15, 15, 15};
@@ -28,13 +29,6 @@ QString Description(const char* command) { return edit::DialogDescriptionFor(QLa
 template <typename T>
 T* Child(QWidget& dialog, const char* name) {
   return dialog.findChild<T*>(QLatin1String(name));
-}
-
-void Retype(QLineEdit* box, const QString& text) {
-  box->setFocus();
-  box->selectAll();
-  QTest::keyClick(box, Qt::Key_Delete);
-  QTest::keyClicks(box, text);
 }
 
 // Every dialog lays its controls out inside its window, clear of OK and Cancel.

@@ -73,8 +73,7 @@ TEST(frmMargen, SwitchesUnitsAndRefusesABadValue) {
   dialog.findChild<QRadioButton*>(QStringLiteral("optUnidad(0)"))->click();
   EXPECT_EQ(left->text(), QStringLiteral("1"));
   auto* bottom = dialog.findChild<QLineEdit*>(QStringLiteral("txtAbajo"));
-  bottom->selectAll();
-  QTest::keyClick(bottom, Qt::Key_Delete);
+  testing_support::Retype(bottom, QString());
   {
     testing_support::DialogAnswerer answerer;
     dialog.findChild<QPushButton*>(QStringLiteral("cmdAceptar"))->click();

@@ -2,6 +2,7 @@
 // Answers every message box the code under test shows while this object lives, and
 // records what the boxes said.
 
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QString>
 #include <QTimer>
@@ -25,5 +26,11 @@ class DialogAnswerer {
   QString lastText_;
   QString lastTitle_;
 };
+
+// Replaces what a box holds by typing, key by key, as a user would.
+void Retype(QLineEdit* box, const QString& text);
+
+// Presses the left button at `from`, moves to `to` and lets go there.
+void Drag(QWidget* widget, QPoint from, QPoint to);
 
 }  // namespace testing_support

@@ -4,6 +4,7 @@
 // (every request recorded) and the parameter dialog by `parameters_` (Cancel when unset).
 #include "app/frmMain.h"
 #include "edit/frmDiseno.h"
+#include "support/DialogAnswerer.h"
 #include "support/TestFiles.h"
 
 #include <QAction>
@@ -25,6 +26,7 @@ class MainWindowTest : public ::testing::Test {
   const imaging::Image& Shown() const { return *Doc().CurrentImage(); }
   bool NothingToUndo() const { return !Doc().UndoHistory().CanUndo(); }
   QString Pane(const char* name) const;
+  QWidget* Canvas() const { return Child<QWidget>("imaImagen"); }
   template <typename T>
   T* Child(const char* name) const {
     return window_->findChild<T*>(QLatin1String(name));

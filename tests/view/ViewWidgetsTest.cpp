@@ -16,6 +16,8 @@
 
 namespace {
 
+using testing_support::Retype;
+
 imaging::Image Grey(int width, int height) {
   return testing_support::Painted(width, height, [](int, int) { return QColor(90, 90, 90); });
 }
@@ -55,12 +57,6 @@ TEST(frmFull, OnlyADeliberateKeyOrClickClosesItOnceReady) {
 }
 
 QLineEdit* Box(view::frmZoom& dialog) { return dialog.findChild<QComboBox*>(QStringLiteral("cboZoom"))->lineEdit(); }
-
-void Retype(QLineEdit* box, const QString& text) {
-  box->selectAll();
-  QTest::keyClick(box, Qt::Key_Delete);
-  QTest::keyClicks(box, text);
-}
 
 // Typed as a user types: into the combo box, which forwards the keys to its text.
 TEST(frmZoom, RefusesLettersAndASeventhCharacterHoweverTheyArrive) {
