@@ -32,11 +32,9 @@ TEST_F(frmMainTest, WithoutASettingsFileStartsMaximizedWithNothingToEdit) {
     EXPECT_FALSE(window.findChild<QAction*>(QLatin1String(name))->isEnabled()) << name;
   }
   EXPECT_TRUE(window.findChild<QAction*>(QStringLiteral("mnuFileOpenFolder"))->isEnabled());
-  EXPECT_TRUE(window.isVisible());
-  EXPECT_TRUE(window.isMaximized());
+  EXPECT_TRUE(window.isVisible() && window.isMaximized());
   EXPECT_EQ(window.CurrentDocument().View(), document::ViewMode::Image);
-  EXPECT_FALSE(window.State().StartingUp);
-  EXPECT_FALSE(List(window)->isVisible());
+  EXPECT_FALSE(window.State().StartingUp || List(window)->isVisible());
 }
 
 QStringList missingIcons;  // what Qt's SVG reader could not open

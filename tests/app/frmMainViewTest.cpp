@@ -71,13 +71,8 @@ TEST_F(frmMainViewTest, AnEditOrUndoThatKeepsTheSizeKeepsTheView) {
   EXPECT_EQ(Canvas()->x(), -300);
 }
 
-TEST_F(frmMainViewTest, AClickWithoutMovementSelectsThePixelUnderIt) {
-  QTest::mouseClick(Canvas(), Qt::LeftButton, {}, QPoint(30, 40));
-  ASSERT_TRUE(View().Selection().Exists());
-  EXPECT_EQ(View().Selection().Pixels(15, 15), QRect(30, 40, 1, 1));
-}
-
-// Full Screen from the menu shows the selection alone; a double-click shows the whole image.
+// Full Screen from the menu shows the selection alone (a click without movement selects the
+// pixel under it); a double-click shows the whole image.
 TEST_F(frmMainViewTest, FullScreenShowsTheSelectionFromTheMenuAndTheWholeImageOnADoubleClick) {
   QSize shown;
   window_->SetFullScreenRunner([&](view::frmFull& full) {
@@ -87,6 +82,10 @@ TEST_F(frmMainViewTest, FullScreenShowsTheSelectionFromTheMenuAndTheWholeImageOn
   testing_support::Drag(Canvas(), {100, 100}, {139, 119});
   Trigger("mnuViewFullScreen");
   EXPECT_EQ(shown, QSize(40, 20));
+  QTest::mouseClick(Canvas(), Qt::LeftButton, {}, QPoint(30, 40));
+  EXPECT_EQ(View().Selection().Pixels(15, 15), QRect(30, 40, 1, 1));
+  Trigger("mnuViewFullScreen");
+  EXPECT_EQ(shown, QSize(1, 1));
   QTest::mouseDClick(Canvas(), Qt::LeftButton, {}, QPoint(100, 100));
   EXPECT_EQ(shown, QSize(2000, 1500));
 }

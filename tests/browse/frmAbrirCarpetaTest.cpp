@@ -17,6 +17,7 @@
 namespace {
 
 using browse::FolderProblem;
+using testing_support::Child;
 using testing_support::DialogAnswerer;
 using testing_support::TempFolder;
 
@@ -47,10 +48,6 @@ class frmAbrirCarpetaTest : public ::testing::Test {
     photos_ = root_.MakeFolder(QStringLiteral("photos"));
     root_.WritePng(QStringLiteral("photos/a.png"));
     empty_ = root_.MakeFolder(QStringLiteral("empty"));
-  }
-  template <typename T>
-  T* Child(QWidget& dialog, const char* name) {
-    return dialog.findChild<T*>(QLatin1String(name));
   }
   void ClickOk(QWidget& dialog) { QTest::mouseClick(Child<QPushButton>(dialog, "cmdAceptar"), Qt::LeftButton); }
 

@@ -1,12 +1,16 @@
 // The document on real files: what opens at start-up, a click on an entry, stepping,
-// renaming, and the signals the window follows.
+// renaming and the signals the window follows; and editing: packed undo states, the
+// selection rule of size-changing steps, the change level and the save question.
 #include "document/Document.h"
+#include "imaging/Loader.h"
 #include "imaging/Operations.h"
+#include "imaging/Palette.h"
 #include "support/FakePrompts.h"
 #include "support/ImageCompare.h"
 #include "support/TestFiles.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QKeyEvent>
 #include <QThread>
 #include <QTimer>
@@ -18,10 +22,12 @@
 namespace {
 
 using document::Document;
+using document::SaveChangesAnswer;
 using document::ViewMode;
 using settings::kOpenFile;
 using settings::kOpenFolder;
 using settings::kOpenNothing;
+using testing_support::MeanAbsoluteDifference;
 
 class DocumentTest : public ::testing::Test {
  protected:
@@ -50,9 +56,8 @@ TEST_F(DocumentTest, AQuotedFolderOpensInListAndImageWithItsFirstEntryByItsRealN
   folder_.WritePng(QStringLiteral("A.PNG"));
   QSignalSpy selected(&document_, &Document::ListRowSelected);
   document_.OpenAtStartup(u'"' + folder_.Path() + QStringLiteral("/\""));
-  EXPECT_EQ(state_.Settings.LastOpenKind, kOpenFolder);
-  EXPECT_EQ(state_.Settings.LastFolder, folder_.Path());
-  EXPECT_EQ(state_.Settings.RecentFolders[0], folder_.Path());
+  EXPECT_EQ(std::tuple(state_.Settings.LastOpenKind, state_.Settings.LastFolder, state_.Settings.RecentFolders[0]),
+            std::tuple(kOpenFolder, folder_.Path(), folder_.Path()));
   EXPECT_EQ(document_.View(), ViewMode::ListAndImage);
   EXPECT_EQ(list_.Entry(0).DisplayName, QStringLiteral("A.png"));
   EXPECT_EQ(loaded_, QStringList{folder_.File(QStringLiteral("A.PNG"))});
@@ -63,8 +68,7 @@ TEST_F(DocumentTest, AQuotedFolderOpensInListAndImageWithItsFirstEntryByItsRealN
 TEST_F(DocumentTest, AFileOpensAloneWithItsSizeInTwips) {
   const QString file = folder_.WritePng(QStringLiteral("my photo.png"), 5, 4);
   document_.OpenAtStartup(file);
-  EXPECT_EQ(state_.Settings.LastOpenKind, kOpenFile);
-  EXPECT_EQ(document_.View(), ViewMode::Image);
+  EXPECT_EQ(std::tuple(state_.Settings.LastOpenKind, document_.View()), std::tuple(kOpenFile, ViewMode::Image));
   EXPECT_EQ(document_.Natural(), (base::NaturalSize{75, 60}));  // 15 twips a pixel
   EXPECT_TRUE(prompts_.messages.isEmpty());
 }
@@ -125,7 +129,7 @@ TEST_F(DocumentTest, UndoReturnsAnEntryOpenedFromTheListToItsLoadedPixels) {
   for (int i = 0; i < 2; ++i) document_.ApplyEdit(imaging::ops::Negative(*document_.CurrentImage()), QStringLiteral("Negative"));
   document_.Undo();
   document_.Undo();
-  EXPECT_EQ(testing_support::MeanAbsoluteDifference(*document_.CurrentImage(), loaded), 0);
+  EXPECT_EQ(MeanAbsoluteDifference(*document_.CurrentImage(), loaded), 0);
   EXPECT_FALSE(document_.UndoHistory().CanUndo());
   EXPECT_EQ(document_.ChangeLevel(), 2);  // undoing is a change too
 }
@@ -222,6 +226,100 @@ TEST_F(DocumentTest, RenamingGuardsTheUsersFiles) {
   EXPECT_EQ(list_.Entry(1).FileName, QStringLiteral("c.png"));
   EXPECT_EQ(document_.ShownRow(), 1);
   EXPECT_EQ(document_.CurrentFilePath(), folder_.File(QStringLiteral("c.png")));
+}
+
+// The same document with a 40 x 30 photo open, for editing.
+class DocumentEditingTest : public DocumentTest {
+ protected:
+  DocumentEditingTest() { document_.OpenAtStartup(folder_.WritePng(QStringLiteral("photo.png"), 40, 30)); }
+  const imaging::Image& Shown() const { return *document_.CurrentImage(); }
+  void Edit(const char* name) { document_.ApplyEdit(imaging::ops::Brightness(Shown(), 5), QLatin1String(name)); }
+  QString UndoCaption() const { return document_.UndoHistory().UndoCaption(); }
+};
+
+TEST_F(DocumentEditingTest, UndoingASizeChangeRestoresTheSizeAndRemovesTheSelectionFirst) {
+  QSignalSpy edited(&document_, &Document::ImageEdited);
+  document_.ApplyEdit(imaging::Image::FromQImage(Shown().ToQImage().copy(5, 5, 10, 8)), QStringLiteral("Crop"));
+  document_.Undo();
+  EXPECT_TRUE(edited.last().at(1).toBool());
+  EXPECT_EQ(document_.Natural(), (base::NaturalSize{600, 450}));
+  Edit("Brightness");
+  document_.Undo();
+  EXPECT_FALSE(edited.last().at(1).toBool());  // a step that keeps the size keeps the selection
+  Edit("Brightness");
+  document_.SetViewMode(document::ViewMode::Thumbnails);  // nothing is undone in the thumbnails view
+  document_.Undo();
+  EXPECT_EQ(UndoCaption(), QStringLiteral("&Undo Brightness"));
+}
+
+TEST_F(DocumentEditingTest, WithEveryUndoSlotHeldAnEditIsAppliedButNotRecorded) {
+  for (int i = 0; i < 7; ++i) Edit("Brightness");  // the base and seven steps hold all eight slots
+  document_.Undo();
+  const imaging::Image before = Shown();
+  document_.ApplyEdit(imaging::ops::Negative(Shown()), QStringLiteral("Negative"));
+  EXPECT_GT(MeanAbsoluteDifference(Shown(), before), 0);
+  EXPECT_EQ(UndoCaption(), QStringLiteral("&Undo Brightness"));
+  EXPECT_EQ(document_.UndoHistory().Count(), 8);
+}
+
+// The save question: asked only for a changed image, and each answer's outcome.
+TEST_F(DocumentEditingTest, SaveQuestionAnswers) {
+  struct Case {
+    const char* what;
+    bool changed;
+    SaveChangesAnswer answer;
+    bool saveSucceeds;
+    bool goesOn;
+    int changeLevelAfter;
+    int questions;
+  };
+  const Case cases[] = {
+      {"unchanged: not asked", false, SaveChangesAnswer::Cancel, true, true, 0, 0},
+      {"No drops the changes", true, SaveChangesAnswer::No, true, true, 0, 1},
+      {"Cancel stops", true, SaveChangesAnswer::Cancel, true, false, 1, 1},
+      {"Yes saves", true, SaveChangesAnswer::Yes, true, true, 0, 1},
+      {"Yes with a failed save keeps everything", true, SaveChangesAnswer::Yes, false, false, 1, 1},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    document_.OpenFile(folder_.File(QStringLiteral("photo.png")));
+    if (c.changed) Edit("Brightness");
+    prompts_.questions.clear();
+    prompts_.answer = c.answer;
+    prompts_.saveSucceeds = c.saveSucceeds;
+    EXPECT_EQ(document_.ConfirmSaveChanges(), c.goesOn);
+    EXPECT_EQ(document_.ChangeLevel(), c.changeLevelAfter);
+    EXPECT_EQ(prompts_.questions.size(), c.questions);
+  }
+}
+
+// A file stored through a palette is saved through one again while its colours fit, with
+// the same pixels; an edit that adds colours saves in 24 bits.
+TEST_F(DocumentEditingTest, SavingKeepsAPaletteWhileTheColoursFit) {
+  const struct {
+    const char* source;
+    const char* target;
+    bool blur;
+    int bits;
+  } cases[] = {
+      {"bmpsuite-good/pal1.bmp", "bmp", false, 1}, {"bmpsuite-good/pal4.bmp", "bmp", false, 4},
+      {"bmpsuite-good/pal8.bmp", "bmp", false, 8}, {"bmpsuite-good/rgb24.bmp", "bmp", false, 0},
+      {"formats/pil184.pcx", "pcx", false, 1},     {"formats/01r_00.pcx", "pcx", false, 8},
+      {"formats/hopper.gif", "png", false, 8},     {"bmpsuite-good/pal1.bmp", "bmp", true, 0},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(std::string(c.source) + " to " + c.target);
+    const QString source = folder_.File(QStringLiteral("source.") + QFileInfo(QLatin1String(c.source)).suffix());
+    QFile::remove(source);
+    ASSERT_TRUE(QFile::copy(testing_support::CorpusPath(QLatin1String(c.source)), source));
+    document_.OpenFile(source);
+    if (c.blur) document_.ApplyEdit(imaging::ops::Blur(Shown()), QStringLiteral("Blur"));
+    const imaging::Image before = Shown();
+    const QString target = folder_.File(QStringLiteral("saved.") + QLatin1String(c.target));
+    ASSERT_TRUE(document_.SaveImageTo(target));
+    EXPECT_EQ(imaging::PaletteBitsOfFile(target), c.bits);
+    EXPECT_EQ(MeanAbsoluteDifference(imaging::LoadFile(target).value(), before), 0);
+  }
 }
 
 }  // namespace

@@ -19,17 +19,13 @@
 
 namespace {
 
+using testing_support::Child;
 using testing_support::Retype;
 using edit::frmDiseno;
 
 const edit::DialogContext k800x600{800 * 15, 600 * 15, 15, 15};
 
 QString Description(const char* command) { return edit::DialogDescriptionFor(QLatin1String(command)); }
-
-template <typename T>
-T* Child(QWidget& dialog, const char* name) {
-  return dialog.findChild<T*>(QLatin1String(name));
-}
 
 // Every dialog lays its controls out inside its window, clear of OK and Cancel.
 TEST(frmDiseno, EveryDialogKeepsItsControlsInsideAndClearOfItsButtons) {

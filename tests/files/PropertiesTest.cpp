@@ -50,13 +50,11 @@ TEST(Properties, ACameraPhotoShowsWhatItRecords) {
                                "-M", "set Exif.GPSInfo.GPSLongitudeRef E", photo}),
             0);
   const auto rows = Rows(photo);
-  EXPECT_EQ(rows.at(QStringLiteral("Camera")), QStringLiteral("Canon EOS 80D"));
-  EXPECT_EQ(rows.at(QStringLiteral("ISO")), QStringLiteral("400"));
-  EXPECT_EQ(rows.at(QStringLiteral("Taken")), QStringLiteral("6/1/2024 10:30:00 AM"));
-  EXPECT_EQ(rows.at(QStringLiteral("Aperture")), QStringLiteral("f/8"));
-  EXPECT_EQ(rows.at(QStringLiteral("Focal length")), QStringLiteral("50 mm"));
-  EXPECT_EQ(rows.at(QStringLiteral("Exposure")), QStringLiteral("1/250 s"));
-  EXPECT_EQ(rows.at(QStringLiteral("GPS position")), QStringLiteral("52.36976\u00b0 N, 4.88333\u00b0 E"));
+  const std::pair<const char*, const char*> recorded[] = {
+      {"Camera", "Canon EOS 80D"}, {"ISO", "400"},        {"Taken", "6/1/2024 10:30:00 AM"},
+      {"Aperture", "f/8"},         {"Focal length", "50 mm"}, {"Exposure", "1/250 s"},
+      {"GPS position", "52.36976\u00b0 N, 4.88333\u00b0 E"}};
+  for (const auto& [name, value] : recorded) EXPECT_EQ(rows.at(QLatin1String(name)), QString::fromUtf8(value)) << name;
   files::frmProperties dialog(photo);
   auto* list = dialog.findChild<QTreeWidget*>(QStringLiteral("lisLista"));
   ASSERT_NE(list, nullptr);

@@ -139,25 +139,18 @@ TEST(SettingsRead, AKindOutsideZeroToTwoReadsNoPathLineAndShiftsTheRest) {
   lines[44] = QStringLiteral("1");              // line 45 is read as ImageExtensionsOnly
   lines[45] = QStringLiteral("0");              // line 46 as RecentEnabled
   const SettingsStore s = Read(lines);
-  EXPECT_EQ(s.LastOpenKind, 7);
-  EXPECT_EQ(s.RecentFolders[0], QStringLiteral("/first/recent"));
-  EXPECT_EQ(s.PrintMargins[0], 0);  // line 37, "Print"
-  EXPECT_EQ(s.PrintUnits, 1);       // line 41, 0.7 rounded
-  EXPECT_EQ(s.StartOption, 0);      // line 44, "Options"
-  EXPECT_TRUE(s.ImageExtensionsOnly);
-  EXPECT_FALSE(s.RecentEnabled);
+  EXPECT_EQ(std::tuple(s.LastOpenKind, s.RecentFolders[0]), std::tuple(7, QStringLiteral("/first/recent")));
+  // Line 37 ("Print") reads 0, line 41 (0.7) rounds to 1, line 44 ("Options") reads 0.
+  EXPECT_EQ(std::tuple(s.PrintMargins[0], s.PrintUnits, s.StartOption), std::tuple(0.0f, 1, 0));
+  EXPECT_EQ(std::tuple(s.ImageExtensionsOnly, s.RecentEnabled), std::tuple(true, false));
 }
 
 TEST(SettingsRead, AFileEndingEarlyReparsesItsLastLineForTheRestWhateverItsLineEnds) {
   QStringList lines = DefaultLines().mid(0, 46);  // ends with ImageExtensionsOnly "1"
   lines[44] = QStringLiteral("2");
   const SettingsStore s = Read(lines);
-  EXPECT_EQ(s.StartOption, 2);
-  EXPECT_TRUE(s.ImageExtensionsOnly);
-  EXPECT_TRUE(s.RecentEnabled);
-  EXPECT_EQ(s.ColorImage, 1);
-  EXPECT_EQ(s.ColorFullScreen, 1);
-  EXPECT_EQ(s.FileTypeIcon, 1);
+  EXPECT_EQ(std::tuple(s.StartOption, s.ImageExtensionsOnly, s.RecentEnabled), std::tuple(2, true, true));
+  EXPECT_EQ(std::tuple(s.ColorImage, s.ColorFullScreen, s.FileTypeIcon), std::tuple(1, 1, 1));
   SettingsStore lf = settings::DefaultSettings(kMetrics);  // LF-only line ends read as well
   settings::ReadSettingsText(lines.join(u'\n').toUtf8(), kMetrics, lf);
   EXPECT_EQ(lf.StartOption, 2);

@@ -16,6 +16,7 @@
 namespace {
 
 using slideshow::PlayerSettings;
+using testing_support::Child;
 using testing_support::DialogAnswerer;
 
 class SlideShowTest : public ::testing::Test {
@@ -30,10 +31,6 @@ class SlideShowTest : public ::testing::Test {
         [this](const PlayerSettings& settings, QWidget*) { started_.push_back(settings); });
     setup->show();
     return setup;
-  }
-  template <typename T>
-  static T* Child(QWidget& parent, const char* name) {
-    return parent.findChild<T*>(QLatin1String(name));
   }
   // A number as typed where the user's decimal separator is the locale's.
   static QString Localised(const char* number) { return QString::fromLatin1(number).replace(u'.', QLocale().decimalPoint()); }

@@ -27,6 +27,12 @@ class DialogAnswerer {
   QString lastTitle_;
 };
 
+// The child of `parent` with this object name.
+template <typename T>
+T* Child(QWidget& parent, const char* name) {
+  return parent.findChild<T*>(QLatin1String(name));
+}
+
 // Replaces what a box holds by typing, key by key, as a user would.
 void Retype(QLineEdit* box, const QString& text);
 
