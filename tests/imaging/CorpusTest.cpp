@@ -31,9 +31,9 @@ std::vector<ManifestEntry> Manifest() {
   return entries;
 }
 
-imaging::Image Load(const char* relative) {
-  const auto image = imaging::LoadFile(CorpusPath(QLatin1String(relative)));
-  EXPECT_TRUE(image.has_value()) << relative;
+imaging::Image Load(const QString& relative) {
+  const auto image = imaging::LoadFile(CorpusPath(relative));
+  EXPECT_TRUE(image.has_value()) << relative.toStdString();
   return image ? *image : imaging::Image::FromQImage(QImage(1, 1, QImage::Format_RGB32));
 }
 
@@ -61,14 +61,10 @@ TEST(Corpus, LosslessEncodingsOfHopperDecodeToTheSamePixels) {
 
 TEST(Corpus, EveryTargaOriginAndCompressionGivesTheSamePicture) {
   for (const char* kind : {"l", "p", "rgb", "rgba"}) {
-    const QString base = QStringLiteral("formats/tga-200x32_%1_tl_raw.tga").arg(QLatin1String(kind));
-    const auto reference = imaging::LoadFile(CorpusPath(base));
-    ASSERT_TRUE(reference.has_value()) << kind;
+    const imaging::Image reference = Load(QStringLiteral("formats/tga-200x32_%1_tl_raw.tga").arg(QLatin1String(kind)));
     for (const char* variant : {"tl_rle", "bl_raw", "bl_rle"}) {
       const QString other = QStringLiteral("formats/tga-200x32_%1_%2.tga").arg(QLatin1String(kind), QLatin1String(variant));
-      const auto image = imaging::LoadFile(CorpusPath(other));
-      ASSERT_TRUE(image.has_value()) << other.toStdString();
-      EXPECT_EQ(MeanAbsoluteDifference(*image, *reference), 0) << other.toStdString();
+      EXPECT_EQ(MeanAbsoluteDifference(Load(other), reference), 0) << other.toStdString();
     }
   }
 }
@@ -95,12 +91,10 @@ TEST(Corpus, EveryBitmapEncodingShowsTheSamePicture) {
 TEST(Corpus, JpegsShowUprightWhateverTheirExifOrientation) {
   const imaging::Image upright = Load("exif-orientation/Landscape_1.jpg").FitWithin(90, 60);
   for (int orientation = 0; orientation <= 8; ++orientation) {
-    const QString file = QStringLiteral("exif-orientation/Landscape_%1.jpg").arg(orientation);
-    const auto image = imaging::LoadFile(CorpusPath(file));
-    ASSERT_TRUE(image.has_value()) << orientation;
-    ASSERT_EQ(image->Width(), 1800) << orientation;
+    const imaging::Image image = Load(QStringLiteral("exif-orientation/Landscape_%1.jpg").arg(orientation));
+    ASSERT_EQ(image.Width(), 1800) << orientation;
     // The big digit in the middle differs from file to file; the rest is the same photo.
-    EXPECT_LT(MeanAbsoluteDifference(image->FitWithin(90, 60), upright), 12) << orientation;
+    EXPECT_LT(MeanAbsoluteDifference(image.FitWithin(90, 60), upright), 12) << orientation;
   }
   // A picture that was not turned upright differs far more.
   const auto mirrored = imaging::Image::FromQImage(upright.ToQImage().mirrored(true, false));
@@ -112,9 +106,7 @@ TEST(Corpus, TheSecondRouteTypesComeInOnWhite) {
   EXPECT_FALSE(Load("formats/deerstalker.cur").HasAlpha());
   EXPECT_TRUE(imaging::ComesInOnWhite(QStringLiteral("wmf")));
   EXPECT_FALSE(imaging::ComesInOnWhite(QStringLiteral("png")));
-  const auto rgba = imaging::LoadFile(CorpusPath(QStringLiteral("formats/tga-200x32_rgba_tl_raw.tga")));
-  ASSERT_TRUE(rgba.has_value());
-  EXPECT_TRUE(rgba->HasAlpha());
+  EXPECT_TRUE(Load(QStringLiteral("formats/tga-200x32_rgba_tl_raw.tga")).HasAlpha());
 }
 
 TEST(Corpus, HeaderOnlySizesAndDecodingToFitAreUpright) {
