@@ -54,6 +54,7 @@ TEST(VistrelCli, FailuresSayWhatAndWhy) {
       {{"convert", folder.Path(), out}, 1, "Can't open file: " + folder.Path() + " (it is a folder)\n"},
       {{"thumbnail", photo, out, "0x0"}, 2, "Bad size: 0x0 (WIDTHxHEIGHT, each from 1 to 16384)\n"},
       {{"thumbnail", photo, out, "100000x100000"}, 2, "Bad size: 100000x100000 (WIDTHxHEIGHT, each from 1 to 16384)\n"},
+      {{"thumbnail", photo, out, "320"}, 2, "Bad size: 320 (WIDTHxHEIGHT, each from 1 to 16384)\n"},
       {{"apply", photo, out, "Brightness", "250"}, 2, "Brightness: value must be from -100 to 100, not 250\n"},
   };
   for (const Case& c : cases) {
