@@ -7,14 +7,17 @@
 
 namespace {
 
-// The leading number after blanks, a point for the decimals whatever the locale (the tests
-// also run under de_DE), and 0 when there is none.
+// The leading number after blanks, a point for the decimals even where the locale's
+// separator is a comma, and 0 when there is none.
 TEST(LeadingNumber, TakesTheLeadingNumberAfterBlanksOrZero) {
+  const std::string before = std::setlocale(LC_NUMERIC, nullptr);
+  ASSERT_NE(std::setlocale(LC_NUMERIC, "de_DE.UTF-8"), nullptr) << "scripts/setup makes this locale";
   const std::pair<const char16_t*, double> cases[] = {
       {u"  12abc", 12}, {u"\t-3.5e2x", -350}, {u"1.5.3", 1.5}, {u".25", 0.25}, {u"1D3", 1000}, {u"1.5E2x", 150},
       {u"7e", 7},  // an exponent without digits is not part of the number
       {u"", 0},    {u"abc", 0},           {u"-", 0},       {u".", 0}};
   for (const auto& [text, value] : cases) EXPECT_EQ(numbers::LeadingNumber(text), value) << QString::fromUtf16(text).toStdString();
+  std::setlocale(LC_NUMERIC, before.c_str());
 }
 
 TEST(Rounding, HalvesGoToEvenAndOverflowIsNoValue) {

@@ -1,6 +1,7 @@
 #pragma once
-// Answers every message box the code under test shows while this object lives, and
-// records what the boxes said.
+// Driving windows as a user does: DialogAnswerer answers every message box the code under
+// test shows while it lives and records what the boxes said; the functions below find a
+// dialog's controls, type into boxes and drag.
 
 #include <QLineEdit>
 #include <QMessageBox>

@@ -1,5 +1,5 @@
 #pragma once
-// Temporary folders and small image files for tests.
+// Temporary folders, small image files and the programs tests run.
 
 #include <QByteArray>
 #include <QString>
