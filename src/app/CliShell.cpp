@@ -28,7 +28,12 @@ int Associate(const QStringList& words, const QString& viewer) {
       return 2;
     }
   }
-  for (const QString& extension : extensions) remove ? desktop.Unassociate(extension) : desktop.Associate(extension);
+  for (const QString& extension : extensions) {
+    if (!(remove ? desktop.Unassociate(extension) : desktop.Associate(extension))) {
+      Complain(QStringLiteral("Can't save file: the desktop's list of default programs (mimeapps.list) could not be written"));
+      return 1;
+    }
+  }
   return 0;
 }
 

@@ -48,8 +48,8 @@ int CantOpen(const QString& path) {
   return 1;
 }
 
-int CantSave(const QString& path) {
-  Complain(QStringLiteral("Can't save file: %1 (%2)").arg(path, files::SaveFailureReason(path)));
+int CantSave(const QString& path, QSize imageSize = {}) {
+  Complain(QStringLiteral("Can't save file: %1 (%2)").arg(path, files::SaveFailureReason(path, imageSize)));
   return 1;
 }
 
@@ -79,7 +79,7 @@ std::optional<QSize> ThumbnailBox(const QString& text) {
 }
 
 int Save(const imaging::Image& image, const QString& output) {
-  return imaging::SaveImage(image, output) ? 0 : CantSave(output);
+  return imaging::SaveImage(image, output) ? 0 : CantSave(output, QSize(image.Width(), image.Height()));
 }
 
 int Convert(const QString& input, const QString& output) {

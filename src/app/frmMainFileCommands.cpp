@@ -189,7 +189,9 @@ void frmMain::RunOpenFile() {
 
 void frmMain::ShowCantSave(const QString& path, const QString& title) {
   widgets::RestorePointer();
-  ShowWarning(this, title, QStringLiteral("Can't save file") + files::ReadOnlyNote(path), files::SaveFailureReason(path));
+  const auto& image = document_.CurrentImage();
+  const QSize size = image ? QSize(image->Width(), image->Height()) : QSize();
+  ShowWarning(this, title, QStringLiteral("Can't save file") + files::ReadOnlyNote(path), files::SaveFailureReason(path, size));
   picFondo_->update();
 }
 

@@ -2,6 +2,8 @@
 
 #include "base/TextEncoding.h"
 
+#include <cerrno>
+
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -125,16 +127,37 @@ QString ReadableFileName(const QString& name) {
   return readable;
 }
 
-bool OpenForReading(QFile& file, const QString& path) {
-  if (!HasRawBytes(path)) {
-    file.setFileName(path);
-    return file.open(QIODevice::ReadOnly);
+int OpenRegularFile(const QString& path) {
+  // O_NONBLOCK: opening a FIFO with no writer would otherwise wait forever.
+  const int fd = ::open(EncodeFileName(path).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
+  if (fd < 0) return -1;
+  struct stat info {};
+  if (::fstat(fd, &info) != 0 || !S_ISREG(info.st_mode)) {
+    ::close(fd);
+    errno = EINVAL;
+    return -1;
   }
-  const int fd = ::open(EncodeFileName(path).constData(), O_RDONLY | O_CLOEXEC);
+  ::fcntl(fd, F_SETFL, ::fcntl(fd, F_GETFL) & ~O_NONBLOCK);
+  return fd;
+}
+
+bool OpenForReading(QFile& file, const QString& path) {
+  const int fd = OpenRegularFile(path);
   if (fd < 0) return false;
   if (file.open(fd, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle)) return true;
   ::close(fd);
   return false;
+}
+
+QByteArray ReadWhole(QFile& file, qint64 largest) {
+  const qint64 size = file.size();  // fstat of the open file: what it held when opened
+  if (size > largest) return {};
+  return file.read(size);
+}
+
+bool IsSpecialFile(const QString& path) {
+  struct stat info {};
+  return ::stat(EncodeFileName(path).constData(), &info) == 0 && !S_ISREG(info.st_mode) && !S_ISDIR(info.st_mode);
 }
 
 qint64 FileSizeOf(const QString& path) {

@@ -22,8 +22,16 @@ bool HasRawBytes(const QString& name);
 // such names usually come from.
 QString ReadableFileName(const QString& name);
 
-// Opens the file for reading by its exact bytes.
+// Opens a regular file for reading by its exact bytes. A FIFO, a device or a socket is
+// refused without blocking, checked on the open file, so a name swapped in between does
+// not slip through. The descriptor (or -1) is the caller's to close.
+int OpenRegularFile(const QString& path);
 bool OpenForReading(QFile& file, const QString& path);
+// The file's bytes up to the size it had when opened (a file that grows meanwhile is not
+// read past that); empty when it was larger than `largest`.
+QByteArray ReadWhole(QFile& file, qint64 largest);
+// True for a FIFO, a device or a socket.
+bool IsSpecialFile(const QString& path);
 
 // The file's size in bytes, or -1 when there is no such file.
 qint64 FileSizeOf(const QString& path);

@@ -1,15 +1,21 @@
 #include "browse/ThumbnailCache.h"
 #include "base/FileNames.h"
+#include "imaging/Loader.h"
 
 #include <QBuffer>
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QStandardPaths>
+#include <QTemporaryFile>
 #include <QUrl>
 
+#include <cerrno>
+#include <cstdio>
+
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <map>
@@ -100,11 +106,54 @@ quint32 ReadBigEndian(const char* bytes) {
          quint32(quint8(bytes[3]));
 }
 
+// A cache file is read only when it is a regular file itself: a link planted in the cache
+// is not followed.
 QByteArray ReadFile(const QString& path) {
-  QFile file(path);
   constexpr qint64 kLargestThumbnail = 4 << 20;
-  if (!file.open(QIODevice::ReadOnly) || file.size() > kLargestThumbnail) return {};
-  return file.readAll();
+  const int fd = ::open(base::EncodeFileName(path).constData(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
+  if (fd < 0) return {};
+  struct stat info {};
+  if (::fstat(fd, &info) != 0 || !S_ISREG(info.st_mode)) {
+    ::close(fd);
+    return {};
+  }
+  QFile file;
+  if (!file.open(fd, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle)) {
+    ::close(fd);
+    return {};
+  }
+  return base::ReadWhole(file, kLargestThumbnail);
+}
+
+// The PNG's own width and height from its header, before anything decodes it.
+QSize PngSize(const QByteArray& png) {
+  if (png.size() < 24 || png.mid(12, 4) != "IHDR") return {};
+  const auto side = [&png](int at) { return qint64(ReadBigEndian(png.constData() + at)); };
+  if (side(16) > 0xFFFF || side(20) > 0xFFFF) return {};
+  return QSize(int(side(16)), int(side(20)));
+}
+
+// What a thumbnail says of itself is believed only when it fits its size class and, where
+// it records the original's size, has that size's proportions.
+bool IsBelievable(QSize own, QSize recorded, int side) {
+  if (own.isEmpty() || own.width() > side || own.height() > side) return false;
+  if (recorded.isNull()) return true;
+  if (recorded.isEmpty() || qint64(recorded.width()) * recorded.height() > imaging::kMaxPixels) return false;
+  const QSize expected = recorded.width() <= side && recorded.height() <= side ? recorded : recorded.scaled(side, side, Qt::KeepAspectRatio);
+  return std::abs(expected.width() - own.width()) <= 2 && std::abs(expected.height() - own.height()) <= 2;
+}
+
+// A folder of the cache, made when missing (readable by the user alone) and otherwise used
+// only when it is a real folder of the user's own: never a link, never another's, and its
+// mode is left as the user set it.
+bool IsOwnFolder(const QString& folder) {
+  const QByteArray name = base::EncodeFileName(folder);
+  struct stat info {};
+  if (::lstat(name.constData(), &info) != 0) {
+    if (errno != ENOENT || (::mkdir(name.constData(), 0700) != 0 && errno != EEXIST)) return false;
+    if (::lstat(name.constData(), &info) != 0) return false;
+  }
+  return S_ISDIR(info.st_mode) && info.st_uid == ::geteuid();
 }
 
 }  // namespace
@@ -146,8 +195,10 @@ std::optional<ThumbnailCache::Found> ThumbnailCache::Find(const QString& path, i
     const auto keys = PngTextKeys(png);
     if (!IsFresh(keys, path)) continue;
     const auto number = [&keys](const char* key) { return keys.count(key) ? keys.at(key).toInt() : 0; };
+    const QSize recorded(number("Thumb::Image::Width"), number("Thumb::Image::Height"));
+    if (!IsBelievable(PngSize(png), recorded, candidate)) continue;  // made again, and replaced
     QImage picture = QImage::fromData(png, "PNG");
-    if (!picture.isNull()) return Found{std::move(picture), QSize(number("Thumb::Image::Width"), number("Thumb::Image::Height"))};
+    if (!picture.isNull()) return Found{std::move(picture), recorded};
   }
   return std::nullopt;
 }
@@ -157,14 +208,23 @@ bool ThumbnailCache::IsKnownFailure(const QString& path) const {
 }
 
 bool ThumbnailCache::Save(const QString& target, const QByteArray& png) const {
-  if (png.isEmpty()) return false;
-  const QString folder = QFileInfo(target).absolutePath();
-  if (!QDir().mkpath(folder)) return false;
-  QFile::setPermissions(folder, QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
-  QSaveFile file(target);
-  if (!file.open(QIODevice::WriteOnly)) return false;
+  if (png.isEmpty() || !QDir().mkpath(home_)) return false;
+  QString folder = home_;
+  const QString below = QFileInfo(target).absolutePath().mid(home_.size() + 1);
+  for (const QString& part : below.split(u'/', Qt::SkipEmptyParts)) {
+    folder += u'/' + part;
+    if (!IsOwnFolder(folder)) return false;
+  }
+  // A fresh file beside the target (never through a link), renamed over it when whole:
+  // rename(2) replaces a link planted at the target instead of writing through it.
+  QTemporaryFile file(folder + QStringLiteral("/.vistrel-XXXXXX.png"));
+  if (!file.open() || file.write(png) != png.size() || !file.flush()) return false;
   file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner);
-  return file.write(png) == png.size() && file.commit();
+  if (::rename(base::EncodeFileName(file.fileName()).constData(), base::EncodeFileName(target).constData()) != 0) {
+    return false;
+  }
+  file.setAutoRemove(false);
+  return true;
 }
 
 void ThumbnailCache::Store(const QString& path, const QImage& picture, QSize imageSize, int side) const {

@@ -77,15 +77,15 @@ std::pair<QImage, QSize> Thumbnail(const ThumbnailCache& cache, const QString& p
     return {std::move(found->Picture), size};
   }
   if (cache.IsKnownFailure(path)) return {};
-  const auto size = imaging::ReadImageSize(path);
-  const auto decoded = size ? imaging::LoadFitting(path, side, side) : std::nullopt;
-  if (!decoded) {
-    cache.StoreFailure(path);
+  imaging::FittingLoad facts;
+  const auto decoded = imaging::LoadFitting(path, side, side, &facts);
+  if (!decoded || facts.Original.isEmpty()) {
+    if (!facts.TimedOut) cache.StoreFailure(path);  // a busy machine's failure is tried again next time
     return {};
   }
   QImage picture = decoded->ToQImage();
-  cache.Store(path, picture, *size, side);
-  return {std::move(picture), *size};
+  cache.Store(path, picture, facts.Original, side);
+  return {std::move(picture), facts.Original};
 }
 
 }  // namespace

@@ -6,6 +6,8 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
+#include <gio/gio.h>
+
 #include <cerrno>
 #include <cstdio>
 
@@ -87,9 +89,16 @@ bool MoveFileSafely(const QString& from, const QString& to) {
   return CopyFileSafely(from, to) && QFile::remove(from);
 }
 
+// GIO writes the Trash's record with the original path percent-encoded, as the Trash
+// specification asks, so names with a newline or "%2F" are restored where they came from.
 bool MoveToTrash(const QString& path) {
   if (!QFileInfo(path).isFile()) return false;
-  return QFile::moveToTrash(path) && !QFileInfo::exists(path);
+  GFile* file = g_file_new_for_path(base::EncodeFileName(path).constData());
+  GError* error = nullptr;
+  const bool trashed = g_file_trash(file, nullptr, &error);
+  if (error) g_error_free(error);
+  g_object_unref(file);
+  return trashed && !QFileInfo::exists(path);
 }
 
 QString MoveToTrashQuestion(const QString& path) {

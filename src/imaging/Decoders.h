@@ -45,14 +45,16 @@ class HelperDecoder {
   static HelperDecoder ForEmf();
   HelperDecoder(QString program, QStringList arguments, HelperLimits limits);
 
-  std::optional<Image> Decode(const QByteArray& bytes, const QString& coder) const;
+  // `timedOut`, when given, says whether the helper ran out of time: a busy machine's
+  // failure, not the file's.
+  std::optional<Image> Decode(const QByteArray& bytes, const QString& coder, bool* timedOut = nullptr) const;
   // Writes the image in the coder's format (TGA, PCX, DCX), through the same caps.
   std::optional<QByteArray> Encode(const Image& image, const QString& coder) const;
   // Converts bytes of one format (an ImageMagick coder) into another.
   std::optional<QByteArray> Convert(const QByteArray& bytes, const QString& fromCoder, const QString& coder) const;
 
  private:
-  std::optional<QByteArray> Run(const QByteArray& input, const QStringList& arguments) const;
+  std::optional<QByteArray> Run(const QByteArray& input, const QStringList& arguments, bool* timedOut = nullptr) const;
 
   QString program_;
   QStringList arguments_;  // "%IN%" (coder:file[0]), "%FILE%" (the file) and "%OUT%" stand in

@@ -117,7 +117,7 @@ HelperDecoder HelperDecoder::ForEmf() {
 HelperDecoder::HelperDecoder(QString program, QStringList arguments, HelperLimits limits)
     : program_(std::move(program)), arguments_(std::move(arguments)), limits_(limits) {}
 
-std::optional<QByteArray> HelperDecoder::Run(const QByteArray& input, const QStringList& arguments) const {
+std::optional<QByteArray> HelperDecoder::Run(const QByteArray& input, const QStringList& arguments, bool* timedOut) const {
   QProcess process;
   QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
   environment.insert(QStringLiteral("MAGICK_CONFIGURE_PATH"), PolicyFolder());
@@ -143,6 +143,7 @@ std::optional<QByteArray> HelperDecoder::Run(const QByteArray& input, const QStr
   if (!process.waitForFinished(static_cast<int>(limits_.Time.count()))) {
     process.kill();
     process.waitForFinished(2000);
+    if (timedOut) *timedOut = true;
     return std::nullopt;
   }
   // ImageMagick exits with 1 on a warning too (a truncated file it partly recovered);
@@ -151,7 +152,7 @@ std::optional<QByteArray> HelperDecoder::Run(const QByteArray& input, const QStr
   return process.readAllStandardOutput();
 }
 
-std::optional<Image> HelperDecoder::Decode(const QByteArray& bytes, const QString& coder) const {
+std::optional<Image> HelperDecoder::Decode(const QByteArray& bytes, const QString& coder, bool* timedOut) const {
   Initialize();
   // A private copy under a name of our own: some coders (libwmf) cannot read a pipe, and
   // the user's file name never reaches ImageMagick.
@@ -161,7 +162,7 @@ std::optional<Image> HelperDecoder::Decode(const QByteArray& bytes, const QStrin
   arguments.replaceInStrings(QStringLiteral("%IN%"), coder + u':' + copy.fileName() + QStringLiteral("[0]"));
   arguments.replaceInStrings(QStringLiteral("%FILE%"), copy.fileName());
   arguments.replaceInStrings(QStringLiteral("%OUT%"), QStringLiteral("PAM:-"));
-  const auto output = Run(bytes, arguments);
+  const auto output = Run(bytes, arguments, timedOut);
   if (!output) return std::nullopt;
   const auto pam = ParsePam(*output, kMaxPixels);
   if (!pam) return std::nullopt;
@@ -174,7 +175,6 @@ std::optional<Image> HelperDecoder::Decode(const QByteArray& bytes, const QStrin
 }
 
 std::optional<QByteArray> HelperDecoder::Encode(const Image& image, const QString& coder) const {
-  if (qint64(image.Width()) * image.Height() > kHelperMaxPixels) return std::nullopt;
   return Convert(ToPam(image), QStringLiteral("PAM"), coder);
 }
 

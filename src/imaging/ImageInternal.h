@@ -24,6 +24,10 @@ vips::VImage Normalized(vips::VImage image);
 // kernel, in memory.
 vips::VImage ReduceTo(const vips::VImage& image, int width, int height);
 
+// The file as libvips reads it: a regular file opened once by its exact bytes. Throws
+// vips::VError for anything else (a FIFO, a device), so no loader waits on one.
+vips::VSource SourceOf(const QString& path);
+
 inline Image Wrap(vips::VImage image) { return Image::FromInternal(Image::Pixels{Normalized(image).copy_memory()}); }
 
 }  // namespace imaging

@@ -18,15 +18,18 @@ QString LowerCaseExtension(const QString& path) {
   return dot > slash ? path.mid(dot + 1).trimmed().toLower() : QString();
 }
 
-std::optional<Image> DecodeWithHelper(const QString& path, const QString& coder) {
+std::optional<Image> DecodeWithHelper(const QString& path, const QString& coder, bool* timedOut) {
   QFile file;
-  if (coder.isEmpty() || !base::OpenForReading(file, path) || file.size() > kLargestHelperInput) return std::nullopt;
+  if (coder.isEmpty() || !base::OpenForReading(file, path)) return std::nullopt;
+  const QByteArray bytes = base::ReadWhole(file, kLargestHelperInput);
+  if (bytes.isEmpty()) return std::nullopt;
   const HelperDecoder helper = coder == QLatin1String("EMF") ? HelperDecoder::ForEmf() : HelperDecoder();
-  return helper.Decode(file.readAll(), coder);
+  return helper.Decode(bytes, coder, timedOut);
 }
 
 
-std::optional<Image> Decode(const QString& path, const Decision& decision, const QString& extension) {
+std::optional<Image> Decode(const QString& path, const Decision& decision, const QString& extension,
+                            bool* timedOut = nullptr) {
   switch (decision.Via) {
     case Route::Vips:
       return DecodeWithVips(path);
@@ -34,9 +37,10 @@ std::optional<Image> Decode(const QString& path, const Decision& decision, const
       if (auto image = DecodeWithQt(path)) return image;
       // Qt refuses some old variants (OS/2 headers, odd bit counts); ImageMagick reads them.
       return DecodeWithHelper(path, HelperCoderForExtension(extension).isEmpty() ? decision.Format
-                                                                                  : HelperCoderForExtension(extension));
+                                                                                  : HelperCoderForExtension(extension),
+                              timedOut);
     case Route::Helper:
-      return DecodeWithHelper(path, decision.Format);
+      return DecodeWithHelper(path, decision.Format, timedOut);
     case Route::None:
       break;
   }
@@ -96,11 +100,19 @@ std::optional<QSize> ReadImageSize(const QString& path) {
   return std::nullopt;
 }
 
-std::optional<Image> LoadFitting(const QString& path, int maxWidth, int maxHeight) {
+std::optional<Image> LoadFitting(const QString& path, int maxWidth, int maxHeight, FittingLoad* facts) {
   const QString extension = LowerCaseExtension(path);
   const Decision decision = DecisionFor(path);
-  std::optional<Image> image = decision.Via == Route::Vips ? DecodeWithVips(path, maxWidth, maxHeight)
-                                                          : Decode(path, decision, extension);
+  FittingLoad noted;
+  std::optional<Image> image;
+  if (decision.Via == Route::Vips) {
+    image = DecodeWithVips(path, maxWidth, maxHeight);
+    if (image && facts) noted.Original = VipsHeaderSize(path).value_or(QSize());
+  } else {
+    image = Decode(path, decision, extension, &noted.TimedOut);
+    if (image) noted.Original = QSize(image->Width(), image->Height());
+  }
+  if (facts) *facts = noted;
   if (!image) return std::nullopt;
   if (ComesInOnWhite(extension)) image = image->OnWhite();
   return image->FitWithin(maxWidth, maxHeight);

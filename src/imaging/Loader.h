@@ -38,7 +38,11 @@ std::optional<QSize> ReadImageSizeCheaply(const QString& path);
 
 // Decodes at a reduced size, fitting within the box, using shrink-on-load where the
 // format has it (JPEG, WebP, HEIF), for thumbnails and fitted display.
-std::optional<Image> LoadFitting(const QString& path, int maxWidth, int maxHeight);
+struct FittingLoad {
+  QSize Original;         // the upright size before fitting
+  bool TimedOut = false;  // the decoder ran out of time: the machine was busy, the file may be fine
+};
+std::optional<Image> LoadFitting(const QString& path, int maxWidth, int maxHeight, FittingLoad* facts = nullptr);
 
 // True for the six extensions that are composited onto white.
 bool ComesInOnWhite(const QString& lowerCaseExtension);

@@ -83,8 +83,8 @@ QString Joined(const QString& first, const QString& second) {
 std::vector<std::pair<QString, QString>> ReadPhotoMetadata(const QString& path) {
   std::vector<std::pair<QString, QString>> rows;
   try {
-    vips::VImage image = vips::VImage::new_from_file(base::EncodeFileName(path).constData(),
-                                                     vips::VImage::option()->set("access", VIPS_ACCESS_SEQUENTIAL));
+    vips::VImage image =
+        vips::VImage::new_from_source(SourceOf(path), "", vips::VImage::option()->set("access", VIPS_ACCESS_SEQUENTIAL));
     const auto add = [&rows](const char* name, const QString& value) {
       if (!value.isEmpty()) rows.emplace_back(QLatin1String(name), value);
     };

@@ -72,9 +72,11 @@ bool WriteWithVips(const Image& image, const VipsSaveSpec& spec, const QString& 
 
 }  // namespace
 
-bool SaveStreaming(const Image& image, const QString& path) {
-  const auto spec = VipsSaveSpecFor(QFileInfo(path).suffix().toLower(), {});
-  if (!spec) return false;
+bool SaveStreaming(const Image& image, const QString& requestedPath) {
+  const auto spec = VipsSaveSpecFor(QFileInfo(requestedPath).suffix().toLower(), {});
+  const auto resolved = ResolveSaveTarget(requestedPath);
+  if (!spec || !resolved) return false;
+  const QString& path = *resolved;
   const QFileInfo target(path);
   SweepStaleParts(target.dir());
   QTemporaryFile temporary(target.dir().filePath(u'.' + target.fileName() + QStringLiteral(".XXXXXX") + kPartSuffix));

@@ -6,22 +6,23 @@ namespace shell {
 
 namespace {
 
-bool IsGroupHeader(const QString& line) { return line.startsWith(u'[') && line.trimmed().endsWith(u']'); }
+bool IsGroupHeader(const QByteArray& line) { return line.startsWith('[') && line.trimmed().endsWith(']'); }
 
-QString KeyOf(const QString& line) {
-  const qsizetype equals = line.indexOf(u'=');
-  return equals < 0 || line.startsWith(u'#') ? QString() : line.left(equals).trimmed();
+QByteArray KeyOf(const QByteArray& line) {
+  const qsizetype equals = line.indexOf('=');
+  return equals < 0 || line.startsWith('#') ? QByteArray() : line.left(equals).trimmed();
 }
 
 }  // namespace
 
 DesktopKeyFile::DesktopKeyFile(const QByteArray& text) {
-  lines_ = QString::fromUtf8(text).split(u'\n');
+  lines_ = text.split('\n');
+  endsWithNewline_ = text.isEmpty() || text.endsWith('\n');
   if (!lines_.isEmpty() && lines_.last().isEmpty()) lines_.removeLast();
 }
 
 qsizetype DesktopKeyFile::GroupLine(const QString& group) const {
-  const QString header = u'[' + group + u']';
+  const QByteArray header = '[' + group.toUtf8() + ']';
   for (qsizetype i = 0; i < lines_.size(); ++i) {
     if (lines_[i].trimmed() == header) return i;
   }
@@ -35,7 +36,7 @@ qsizetype DesktopKeyFile::KeyLine(const QString& group, const QString& key, qsiz
   qsizetype i = header + 1;
   qsizetype found = -1;
   for (; i < lines_.size() && !IsGroupHeader(lines_[i]); ++i) {
-    if (found < 0 && KeyOf(lines_[i]) == key) found = i;
+    if (found < 0 && KeyOf(lines_[i]) == key.toUtf8()) found = i;
   }
   if (end) *end = i;
   return found;
@@ -44,13 +45,13 @@ qsizetype DesktopKeyFile::KeyLine(const QString& group, const QString& key, qsiz
 std::optional<QString> DesktopKeyFile::Value(const QString& group, const QString& key) const {
   const qsizetype line = KeyLine(group, key);
   if (line < 0) return std::nullopt;
-  return lines_[line].mid(lines_[line].indexOf(u'=') + 1).trimmed();
+  return QString::fromUtf8(lines_[line].mid(lines_[line].indexOf('=') + 1).trimmed());
 }
 
 void DesktopKeyFile::SetValue(const QString& group, const QString& key, const QString& value) {
   qsizetype end = -1;
   const qsizetype line = KeyLine(group, key, &end);
-  const QString text = key + u'=' + value;
+  const QByteArray text = (key + u'=' + value).toUtf8();
   if (line >= 0) {
     lines_[line] = text;
   } else if (end >= 0) {
@@ -58,8 +59,8 @@ void DesktopKeyFile::SetValue(const QString& group, const QString& key, const QS
     while (at > 0 && lines_[at - 1].trimmed().isEmpty() && !IsGroupHeader(lines_[at - 1])) --at;  // before trailing blanks
     lines_.insert(at, text);
   } else {
-    if (!lines_.isEmpty() && !lines_.last().trimmed().isEmpty()) lines_ << QString();
-    lines_ << u'[' + group + u']' << text;
+    if (!lines_.isEmpty() && !lines_.last().trimmed().isEmpty()) lines_ << QByteArray();
+    lines_ << '[' + group.toUtf8() + ']' << text;
   }
 }
 
@@ -68,6 +69,9 @@ void DesktopKeyFile::Remove(const QString& group, const QString& key) {
   if (line >= 0) lines_.removeAt(line);
 }
 
-QByteArray DesktopKeyFile::Text() const { return lines_.isEmpty() ? QByteArray() : (lines_.join(u'\n') + u'\n').toUtf8(); }
+QByteArray DesktopKeyFile::Text() const {
+  if (lines_.isEmpty()) return {};
+  return lines_.join('\n') + (endsWithNewline_ ? "\n" : "");
+}
 
 }  // namespace shell

@@ -1,9 +1,11 @@
 #pragma once
 // The desktop's small INI-style files (mimeapps.list and our list of earlier defaults):
-// groups in brackets, "key=value" lines. Values are read and changed in place, so every
-// other line of a user's file, comments included, stays exactly as it was.
+// groups in brackets, "key=value" lines. Values are read and changed in place, and the
+// lines are kept as bytes, so every other line of a user's file (comments, another
+// program's entry in another encoding) stays byte for byte as it was.
 
 #include <QByteArray>
+#include <QList>
 #include <QString>
 #include <QStringList>
 
@@ -28,7 +30,8 @@ class DesktopKeyFile {
   // The index of the key's line within the group, or -1; `end` is where the group ends.
   qsizetype KeyLine(const QString& group, const QString& key, qsizetype* end = nullptr) const;
 
-  QStringList lines_;
+  QList<QByteArray> lines_;
+  bool endsWithNewline_ = true;
 };
 
 }  // namespace shell

@@ -28,12 +28,12 @@ DesktopKeyFile Read(const QString& path) {
   return DesktopKeyFile(file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray());
 }
 
-void Write(const QString& path, const QByteArray& text, QFileDevice::Permissions permissions = {}) {
+bool Write(const QString& path, const QByteArray& text, QFileDevice::Permissions permissions = {}) {
   QDir().mkpath(QFileInfo(path).path());
   QSaveFile file(path);
-  if (!file.open(QIODevice::WriteOnly)) return;
-  file.write(text);
-  if (file.commit() && permissions) QFile::setPermissions(path, permissions);
+  if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size() || !file.commit()) return false;
+  if (permissions) QFile::setPermissions(path, permissions);
+  return true;
 }
 
 // The program as a desktop entry's Exec names it: quoted only when it has to be, since
@@ -89,7 +89,7 @@ void FreedesktopShell::EnsureDesktopFile() const {
             .toUtf8());
 }
 
-void FreedesktopShell::Associate(const QString& extension, int iconIndex) {
+bool FreedesktopShell::Associate(const QString& extension, int iconIndex) {
   EnsureDesktopFile();
   const bool showsItself = extension == QLatin1String("cur") || extension == QLatin1String("ico");
   const QString icon = iconIndex < 0 || showsItself ? QString() : QStringLiteral("vistrel-document-%1").arg(iconIndex, 3, 10, QChar(u'0'));
@@ -102,11 +102,10 @@ void FreedesktopShell::Associate(const QString& extension, int iconIndex) {
     if (!previous || !previous->startsWith(kDesktopId)) backups.SetValue(kDefaults, type, previous.value_or(QString()));
     mimeApps.SetValue(kDefaults, type, kDesktopId + u';');
   }
-  Write(BackupPath(), backups.Text());
-  Write(MimeAppsPath(), mimeApps.Text());
+  return Write(BackupPath(), backups.Text()) && Write(MimeAppsPath(), mimeApps.Text());
 }
 
-void FreedesktopShell::Unassociate(const QString& extension) {
+bool FreedesktopShell::Unassociate(const QString& extension) {
   DesktopKeyFile mimeApps = Read(MimeAppsPath());
   DesktopKeyFile backups = Read(BackupPath());
   const bool ours = IsAssociated(extension);
@@ -118,8 +117,8 @@ void FreedesktopShell::Unassociate(const QString& extension) {
     backups.Remove(kDefaults, type);
     if (ours) SetTypeIcon(type, {});
   }
-  Write(BackupPath(), backups.Text());
-  if (ours) Write(MimeAppsPath(), mimeApps.Text());
+  if (ours && !Write(MimeAppsPath(), mimeApps.Text())) return false;
+  return Write(BackupPath(), backups.Text());
 }
 
 // The icon goes to the user's hicolor theme; the package to the user's MIME database.

@@ -24,8 +24,9 @@ class FreedesktopShell {
 
   // `iconIndex` picks the document icon the desktop shows for the type (-1 for none); the
   // types shared-mime-info lacks (cal, dcx) are described to the desktop too.
-  void Associate(const QString& extension, int iconIndex = -1);
-  void Unassociate(const QString& extension);
+  // False when a file could not be written (mimeapps.list read-only, a full disk).
+  bool Associate(const QString& extension, int iconIndex = -1);
+  bool Unassociate(const QString& extension);
   // The default the user's and the system's mimeapps.list give its first type.
   bool IsAssociated(const QString& extension) const;
 

@@ -56,12 +56,14 @@ std::optional<double> SecondsFromText(const QString& text, const QLocale& locale
 }
 
 std::optional<SlideShowList> ReadSlideShowText(const QByteArray& bytes, const QLocale& locale) {
+  if (bytes.size() > kLargestListFile) return std::nullopt;
   Lines lines(base::SplitLines(base::DecodeUtf8OrWindows1252(bytes)));
   const auto generation = GenerationOf(lines.Next().value_or(QString()));
   if (!generation) return std::nullopt;
   SlideShowList list;
   list.Folder = lines.Next().value_or(QString());
   const int count = numbers::RoundToInt32(lines.NextNumber().value_or(0)).value_or(0);
+  if (count > kMostListRows) return std::nullopt;
   for (int i = 0; i < count; ++i) {
     const auto row = lines.Next();
     if (!row) return list;

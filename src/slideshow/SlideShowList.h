@@ -33,7 +33,12 @@ struct SlideShowList {
 // rounds up); nullopt when it is not a number.
 std::optional<double> SecondsFromText(const QString& text, const QLocale& locale);
 
-// Nullopt for a file whose first line is none of the three headers.
+// A list file is read whole, so a larger one, or one naming more files than a folder
+// sensibly holds, is refused as unreadable rather than filling memory and the dialog.
+inline constexpr qsizetype kLargestListFile = qsizetype(4) << 20;
+inline constexpr int kMostListRows = 100000;
+
+// Nullopt for a file whose first line is none of the three headers, or one over the caps.
 std::optional<SlideShowList> ReadSlideShowText(const QByteArray& bytes, const QLocale& locale);
 
 // The current generation. The names go in Windows-1252 when every one fits in it (so the

@@ -1,4 +1,5 @@
 #include "slideshow/frmSlideShow.h"
+#include "base/FileNames.h"
 
 #include "base/Paths.h"
 #include "files/LoadImageFile.h"
@@ -232,9 +233,9 @@ SlideShowList frmSlideShow::State() const {
 }
 
 void frmSlideShow::ReadSlideShowFile(const QString& path) {
-  QFile file(path);
-  if (!file.open(QIODevice::ReadOnly)) return;
-  if (const auto list = ReadSlideShowText(file.read(std::int64_t(64) << 20), locale())) Apply(*list);
+  QFile file;
+  if (!base::OpenForReading(file, path)) return;
+  if (const auto list = ReadSlideShowText(file.read(kLargestListFile + 1), locale())) Apply(*list);
 }
 
 void frmSlideShow::Apply(const SlideShowList& list) {
