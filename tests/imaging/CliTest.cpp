@@ -5,14 +5,19 @@
 #include "imaging/Loader.h"
 #include "imaging/Operations.h"
 #include "imaging/Saver.h"
+#include "base/FileNames.h"
 
 #include <QDateTime>
+#include <QDir>
+#include <QFileInfo>
 #include <QFile>
 #include <QImage>
 #include <QProcess>
 #include <QThread>
 
 #include <csignal>
+
+#include <sys/stat.h>
 
 #include <gtest/gtest.h>
 
@@ -68,6 +73,58 @@ TEST(VistrelCli, FailuresSayWhatAndWhy) {
   EXPECT_EQ(help.ExitCode, 0);
   EXPECT_TRUE(help.Output.startsWith(QStringLiteral("usage: vistrel-cli")));
   EXPECT_TRUE(Cli({"--version"}).Output.startsWith(QStringLiteral("vistrel-cli ")));
+}
+
+// Every save path (convert, apply's one-pass pipeline, apply in memory) treats a hostile
+// target alike: a link is written through and stays a link, anything else is refused with
+// its own reason and left as it was. A FIFO or a device as the source never blocks.
+TEST(VistrelCli, HostileTargetsAndSourcesAreTreatedAlikeByEverySavePath) {
+  testing_support::TempFolder folder;
+  const QString photo = CorpusPath(QStringLiteral("formats/hopper.png"));
+  const QString file = folder.WritePng(QStringLiteral("file.png"));
+  const QString locked = folder.WritePng(QStringLiteral("locked.png"));
+  QFile::setPermissions(locked, QFileDevice::ReadOwner | QFileDevice::ReadGroup);
+  const QString link = folder.File(QStringLiteral("link.png")), dangling = folder.File(QStringLiteral("dangling.png"));
+  QFile::link(file, link);
+  QFile::link(folder.File(QStringLiteral("nowhere.png")), dangling);
+  const QString fifo = folder.File(QStringLiteral("fifo.png")), device = folder.File(QStringLiteral("zero.pcx"));
+  ASSERT_EQ(::mkfifo(base::EncodeFileName(fifo).constData(), 0600), 0);
+  QFile::link(QStringLiteral("/dev/zero"), device);
+  const QString subfolder = folder.MakeFolder(QStringLiteral("sub.png"));
+  const QStringList savePaths[] = {{"convert", photo}, {"apply", photo, "%T", "Brightness", "20"},
+                                   {"apply", photo, "%T", "Rotate", "90"}};
+  const std::pair<QString, QString> refused[] = {{locked, "the file is marked as read-only"},
+                                                 {dangling, "the link points to no file"},
+                                                 {fifo, "not a regular file"},
+                                                 {subfolder, "it is a folder"}};
+  for (QStringList words : savePaths) {
+    const auto runWith = [&words](const QString& target) {
+      QStringList filled = words;
+      if (!filled.contains(QStringLiteral("%T"))) filled << QStringLiteral("%T");
+      return Cli(filled.replaceInStrings(QStringLiteral("%T"), target));
+    };
+    for (const auto& [target, reason] : refused) {
+      const QByteArray before = target == fifo ? QByteArray() : testing_support::ReadAll(target);
+      const CliRun run = runWith(target);
+      EXPECT_EQ(run.ExitCode, 1) << words.join(u' ').toStdString() << " " << target.toStdString();
+      EXPECT_EQ(run.Errors, QStringLiteral("Can't save file: %1 (%2)\n").arg(target, reason));
+      if (!QFileInfo(target).isDir() && target != fifo) {
+        EXPECT_EQ(testing_support::ReadAll(target), before);
+      }
+    }
+    EXPECT_FALSE(QFileInfo::exists(dangling));
+    const QByteArray before = testing_support::ReadAll(file);
+    EXPECT_EQ(runWith(link).ExitCode, 0) << words.join(u' ').toStdString();
+    EXPECT_TRUE(QFileInfo(link).isSymLink());
+    EXPECT_NE(testing_support::ReadAll(file), before);
+  }
+  for (const QString& source : {fifo, device}) {
+    const CliRun run = Cli({"convert", source, folder.File(QStringLiteral("out.png"))});
+    EXPECT_EQ(run.ExitCode, 1);
+    EXPECT_EQ(run.Errors, QStringLiteral("Can't open file: %1 (not a regular file)\n").arg(source));
+    EXPECT_EQ(Cli({"info", source}).Output, source + QStringLiteral("\tCan't open file\n"));
+  }
+  EXPECT_TRUE(QDir(folder.Path()).entryList({QStringLiteral("*.vistrel-part")}, QDir::Hidden | QDir::Files).isEmpty());
 }
 
 TEST(VistrelCli, ApplyRunsOperationsInTurnAsTheViewerDoes) {

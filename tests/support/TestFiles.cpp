@@ -53,7 +53,11 @@ ProgramRun Run(const QString& program, const QStringList& arguments, const QStri
   for (const QString& setting : environment) added.insert(setting.section(u'=', 0, 0), setting.section(u'=', 1));
   process.setProcessEnvironment(added);
   process.start(program, arguments);
-  process.waitForFinished(60000);
+  if (!process.waitForFinished(60000)) {  // a hang is a failure, never a pass
+    process.kill();
+    process.waitForFinished();
+    return {-1, {}, QStringLiteral("still running after a minute")};
+  }
   return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
           QString::fromLocal8Bit(process.readAllStandardOutput()), QString::fromLocal8Bit(process.readAllStandardError())};
 }
