@@ -1,9 +1,11 @@
 // The thumbnail cache as the desktop reads it: GLib's own lookup names our file and calls
-// it valid, and a changed file makes it stale.
+// it valid, a changed file makes it stale, and what others planted there is not trusted.
 #include "browse/ThumbnailCache.h"
 #include "support/TestFiles.h"
 
 #include <QDateTime>
+#include <QDir>
+#include <QFileInfo>
 #include <QFile>
 
 #include <gtest/gtest.h>
@@ -40,6 +42,48 @@ TEST(ThumbnailCache, WhatWeStoreTheDesktopFindsValidAndAChangeMakesStale) {
   ASSERT_TRUE(file.setFileTime(QDateTime::currentDateTime().addSecs(3600), QFileDevice::FileModificationTime));
   file.close();
   EXPECT_FALSE(cache.Find(photo, 128).has_value());
+}
+
+// A cache others can write into is read and written without trusting it: a link planted
+// at a thumbnail's name is replaced, never written through; a linked or foreign size folder
+// is refused; a folder's mode stays as the user set it; a thumbnail too large for its class
+// or at odds with the size it records is made again.
+TEST(ThumbnailCache, APlantedLinkOrAnUntrueThumbnailIsNeverBelieved) {
+  testing_support::TempFolder home, pictures, elsewhere;
+  const browse::ThumbnailCache cache(home.Path());
+  const QString photo = pictures.WritePng(QStringLiteral("photo.png"), 300, 200);
+  const QString victim = pictures.WriteBytes(QStringLiteral("letter.txt"), "the user's own words");
+  QImage reduced(256, 171, QImage::Format_RGB32);
+  reduced.fill(Qt::darkGreen);
+  ASSERT_TRUE(QDir().mkpath(home.Path() + QStringLiteral("/thumbnails/large")));
+  ASSERT_TRUE(QFile::link(victim, cache.PathFor(photo, 256)));
+  cache.Store(photo, reduced, {300, 200}, 256);
+  EXPECT_EQ(testing_support::ReadAll(victim), "the user's own words");
+  EXPECT_FALSE(QFileInfo(cache.PathFor(photo, 256)).isSymLink());
+  EXPECT_TRUE(cache.Find(photo, 256).has_value());
+
+  const struct {
+    QSize Picture, Recorded;
+    int StoredAs;
+  } untrue[] = {{{500, 333}, {300, 200}, 512}, {{256, 171}, {1, 2000000}, 256}, {{256, 171}, {60000, 60000}, 256}};
+  for (const auto& c : untrue) {
+    cache.Store(photo, reduced.scaled(c.Picture), c.Recorded, c.StoredAs);
+    EXPECT_FALSE(cache.Find(photo, 256).has_value()) << c.Picture.width() << "x" << c.Recorded.height();
+  }
+
+  const QString normal = home.Path() + QStringLiteral("/thumbnails/normal");
+  ASSERT_TRUE(QDir().mkpath(normal));
+  QFile::setPermissions(normal, QFileDevice::ReadOwner | QFileDevice::ExeOwner);
+  cache.Store(photo, reduced.scaled(128, 85), {300, 200}, 128);
+  EXPECT_EQ(QFile::permissions(normal) & 0x7077, QFileDevice::ReadOwner | QFileDevice::ExeOwner);
+  QFile::setPermissions(normal, QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
+
+  ASSERT_TRUE(QDir(home.Path() + QStringLiteral("/thumbnails/large")).removeRecursively());
+  ASSERT_TRUE(QFile::link(elsewhere.Path(), home.Path() + QStringLiteral("/thumbnails/large")));
+  const auto modeBefore = QFile::permissions(elsewhere.Path());
+  cache.Store(photo, reduced, {300, 200}, 256);
+  EXPECT_TRUE(QDir(elsewhere.Path()).isEmpty());
+  EXPECT_EQ(QFile::permissions(elsewhere.Path()), modeBefore);
 }
 
 }  // namespace
