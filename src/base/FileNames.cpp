@@ -160,6 +160,30 @@ bool IsSpecialFile(const QString& path) {
   return ::stat(EncodeFileName(path).constData(), &info) == 0 && !S_ISREG(info.st_mode) && !S_ISDIR(info.st_mode);
 }
 
+std::optional<QString> WritableTarget(const QString& path) {
+  QString target = path;
+  for (int links = 0; links < 40; ++links) {
+    struct stat info {};
+    if (::lstat(EncodeFileName(target).constData(), &info) != 0) {
+      if (links > 0) return std::nullopt;  // a link to no file: nothing to write through
+      return target;                       // a new file
+    }
+    if (S_ISLNK(info.st_mode)) {
+      QByteArray next(qsizetype(info.st_size) + 1, '\0');
+      const ssize_t length = ::readlink(EncodeFileName(target).constData(), next.data(), size_t(next.size()));
+      if (length <= 0 || length >= next.size()) return std::nullopt;
+      next.truncate(length);
+      // A relative link names a file in the link's own folder.
+      const QString named = DecodeFileName(next);
+      target = named.startsWith(u'/') ? named : target.left(target.lastIndexOf(u'/') + 1) + named;
+      continue;
+    }
+    if (!S_ISREG(info.st_mode) || !(info.st_mode & S_IWUSR)) return std::nullopt;
+    return target;
+  }
+  return std::nullopt;  // a loop of links
+}
+
 qint64 FileSizeOf(const QString& path) {
   struct stat info {};
   if (path.isEmpty() || ::stat(EncodeFileName(path).constData(), &info) != 0 || !S_ISREG(info.st_mode)) return -1;

@@ -10,6 +10,8 @@
 #include <QFile>
 #include <QString>
 
+#include <optional>
+
 namespace base {
 
 QString DecodeFileName(QByteArrayView bytes);
@@ -32,6 +34,12 @@ bool OpenForReading(QFile& file, const QString& path);
 QByteArray ReadWhole(QFile& file, qint64 largest);
 // True for a FIFO, a device or a socket.
 bool IsSpecialFile(const QString& path);
+
+// Where a write that replaces `path` goes, one rule for every file the program writes for
+// the user: a symbolic link is written through (the link stays, the file it names
+// changes). nullopt when the target must not be written: a folder, a FIFO or a device, a
+// link to no file, a file marked read-only (even for a user whom the system would let).
+std::optional<QString> WritableTarget(const QString& path);
 
 // The file's size in bytes, or -1 when there is no such file.
 qint64 FileSizeOf(const QString& path);

@@ -12,8 +12,6 @@
 #include <QImageWriter>
 #include <QSaveFile>
 
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace imaging {
 
@@ -113,26 +111,6 @@ qint64 LargestPixelsFor(const QString& ext) {
   return kThroughHelper.contains(ext) ? kHelperMaxPixels : 0;
 }
 
-std::optional<QString> ResolveSaveTarget(const QString& path) {
-  QString target = path;
-  for (int links = 0; links < 40; ++links) {
-    struct stat info {};
-    if (::lstat(base::EncodeFileName(target).constData(), &info) != 0) {
-      if (links > 0) return std::nullopt;  // a link to no file: nothing to write through
-      return target;                       // a new file
-    }
-    if (S_ISLNK(info.st_mode)) {
-      const QString next = QFileInfo(target).symLinkTarget();
-      if (next.isEmpty()) return std::nullopt;
-      target = next;
-      continue;
-    }
-    if (!S_ISREG(info.st_mode) || !(info.st_mode & S_IWUSR)) return std::nullopt;
-    return target;
-  }
-  return std::nullopt;  // a loop of links
-}
-
 std::optional<QByteArray> EncodeImage(const Image& image, const QString& ext, const SaveOptions& options) {
   if (const qint64 largest = LargestPixelsFor(ext); largest > 0 && qint64(image.Width()) * image.Height() > largest) {
     return std::nullopt;
@@ -161,7 +139,7 @@ bool CanEncode(const QString& ext) {
 
 bool SaveImage(const Image& image, const QString& path, const SaveOptions& options) {
   const QString ext = QFileInfo(path).suffix().toLower();
-  const auto target = ResolveSaveTarget(path);
+  const auto target = base::WritableTarget(path);
   if (!target) return false;
   if (ext == "ppm") {  // straight from the pixels: no encoded copy
     const Image rgb = image.OnWhite();

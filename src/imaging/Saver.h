@@ -38,12 +38,8 @@ bool CanEncode(const QString& lowerCaseExtension);
 // 0 for no cap of the format's own.
 qint64 LargestPixelsFor(const QString& lowerCaseExtension);
 
-// Where a save to `path` writes, one rule for every save: a symbolic link is written
-// through (the link stays, the file it names changes). nullopt when the target must not
-// be written: a folder, a FIFO or a device, a link to no file, a file marked read-only.
-std::optional<QString> ResolveSaveTarget(const QString& path);
-
-// Encodes and writes atomically; false when anything failed (nothing changed on disk).
+// Encodes and writes atomically to base::WritableTarget(path); false when anything failed
+// (nothing changed on disk).
 bool SaveImage(const Image& image, const QString& path, const SaveOptions& options = {});
 
 }  // namespace imaging

@@ -74,7 +74,7 @@ bool WriteWithVips(const Image& image, const VipsSaveSpec& spec, const QString& 
 
 bool SaveStreaming(const Image& image, const QString& requestedPath) {
   const auto spec = VipsSaveSpecFor(QFileInfo(requestedPath).suffix().toLower(), {});
-  const auto resolved = ResolveSaveTarget(requestedPath);
+  const auto resolved = base::WritableTarget(requestedPath);
   if (!spec || !resolved) return false;
   const QString& path = *resolved;
   const QFileInfo target(path);

@@ -1,5 +1,6 @@
 #include "shell/FreedesktopShell.h"
 
+#include "base/FileNames.h"
 #include "shell/DesktopKeyFile.h"
 
 #include <QDir>
@@ -30,7 +31,9 @@ DesktopKeyFile Read(const QString& path) {
 
 bool Write(const QString& path, const QByteArray& text, QFileDevice::Permissions permissions = {}) {
   QDir().mkpath(QFileInfo(path).path());
-  QSaveFile file(path);
+  const auto target = base::WritableTarget(path);
+  if (!target) return false;
+  QSaveFile file(*target);
   if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size() || !file.commit()) return false;
   if (permissions) QFile::setPermissions(path, permissions);
   return true;

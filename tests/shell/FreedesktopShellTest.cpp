@@ -32,7 +32,9 @@ TEST(FreedesktopShell, TypesAreTakenAndGivenBackToTheirEarlierViewer) {
   const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
   WriteFile(data + "/applications/other-viewer.desktop",
             "[Desktop Entry]\nType=Application\nName=Other\nExec=true %f\nMimeType=image/png;\n");
-  WriteFile(config + "/mimeapps.list", "# mine\n[Default Applications]\nimage/png=other-viewer.desktop;\n");
+  // Another program's entry in Latin-1 stays byte for byte.
+  const QByteArray theirs = "# mine \xE9t\xE9\n[Default Applications]\nimage/png=other-viewer.desktop;\n";
+  WriteFile(config + "/mimeapps.list", theirs);
   shell::FreedesktopShell desktop(QCoreApplication::applicationFilePath());  // a program that exists
   for (const char* extension : {"png", "jpg", "png", "cal"}) desktop.Associate(QLatin1String(extension), 2);
   EXPECT_EQ(DefaultFor(QStringLiteral("image/png")), QStringLiteral("vistrel.desktop"));
@@ -52,7 +54,12 @@ TEST(FreedesktopShell, TypesAreTakenAndGivenBackToTheirEarlierViewer) {
   EXPECT_FALSE(desktop.IsAssociated(QStringLiteral("jpg")));
   QFile list(config + "/mimeapps.list");
   ASSERT_TRUE(list.open(QIODevice::ReadOnly));
-  EXPECT_EQ(list.readAll(), QByteArray("# mine\n[Default Applications]\nimage/png=other-viewer.desktop;\n"));
+  EXPECT_EQ(list.readAll(), theirs);
+  list.close();
+  QFile::setPermissions(list.fileName(), QFileDevice::ReadOwner);  // a write that fails is a failure
+  EXPECT_FALSE(desktop.Associate(QStringLiteral("png")));
+  EXPECT_EQ(testing_support::ReadAll(list.fileName()), theirs);
+  QFile::setPermissions(list.fileName(), QFileDevice::ReadOwner | QFileDevice::WriteOwner);
 }
 
 TEST(FreedesktopShell, TheFolderEntryIsAddedAndRemovedInEveryFileManager) {

@@ -52,6 +52,8 @@ TEST(SlideShowList, ReadsThreeGenerations) {
       {"a foreign file", {"Something else", "/f"}, false, {}, {}, {}, 0},
       {"ending in the rows keeps what it read", {"SlideShow50", "/f", "3", ".a.jpg"}, true, {}, {}, {}, 1},
       {"a count that is no number", {"SlideShow50", "/f", "many", "1"}, true, false, std::nullopt, {}, 0},
+      {"more rows than a folder holds", {"SlideShow50", "/f", "100001", ".a.jpg"}, false, {}, {}, {}, 0},
+      {"a file larger than a list", {"SlideShow50", "/f", "0", QString(4 << 20, u'x')}, false, {}, {}, {}, 0},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.what);
