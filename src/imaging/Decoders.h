@@ -54,7 +54,9 @@ class HelperDecoder {
   std::optional<QByteArray> Convert(const QByteArray& bytes, const QString& fromCoder, const QString& coder) const;
 
  private:
-  std::optional<QByteArray> Run(const QByteArray& input, const QStringList& arguments, bool* timedOut = nullptr) const;
+  // Runs the program in `folder`, its private temporary folder.
+  std::optional<QByteArray> Run(const QByteArray& input, const QStringList& arguments, const QString& folder,
+                                bool* timedOut = nullptr) const;
 
   QString program_;
   QStringList arguments_;  // "%IN%" (coder:file[0]), "%FILE%" (the file) and "%OUT%" stand in

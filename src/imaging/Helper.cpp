@@ -3,6 +3,7 @@
 // of a user's file reaches ImageMagick), under a policy that allows only our coders, with
 // caps on memory, disk and time. A crash or runaway there costs one "Can't open file".
 #include "imaging/Decoders.h"
+#include "base/Leftovers.h"
 #include "imaging/ImageInternal.h"
 #include "imaging/Loader.h"
 #include "imaging/Pam.h"
@@ -12,13 +13,12 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QTemporaryDir>
-#include <QTemporaryFile>
 
-#include <QDateTime>
 #include <QSaveFile>
 #include <QStandardPaths>
 
 #include <csignal>
+#include <memory>
 
 #include <sys/resource.h>
 #ifdef Q_OS_LINUX
@@ -48,21 +48,25 @@ bool WritePolicy(const QString& folder) {
   return file.open(QIODevice::WriteOnly) && file.write(kPolicy) > 0 && file.commit();
 }
 
-// A private copy of ours older than any helper's time limit belongs to a process that was
-// killed; it is removed.
-void SweepStaleCopies() {
-  const QDateTime stale = QDateTime::currentDateTime().addSecs(-600);
-  const QDir temporary(QDir::tempPath());
-  for (const QFileInfo& copy : temporary.entryInfoList({QStringLiteral("vistrel-*.bin")}, QDir::Files)) {
-    if (copy.lastModified() < stale) QFile::remove(copy.filePath());
-  }
+// Each run of the helper works in a folder of its own, named for this process and removed
+// when the run ends: ImageMagick's temporary files and our copy of the input go there. What
+// a killed process left is removed by the next one.
+std::unique_ptr<QTemporaryDir> PrivateFolder() {
+  static const bool swept = [] {
+    base::SweepLeftovers(QDir::temp(), QStringLiteral("vistrel-helper-*"));
+    base::SweepLeftovers(QDir::temp(), QStringLiteral("vistrel-*.bin"));  // copies of older versions
+    return true;
+  }();
+  (void)swept;
+  auto folder = std::make_unique<QTemporaryDir>(QDir::tempPath() + QStringLiteral("/vistrel-helper") + base::OwnerTag() +
+                                                QStringLiteral("XXXXXX"));
+  return folder->isValid() ? std::move(folder) : nullptr;
 }
 
 // The folder holding our ImageMagick policy: one per user in the cache folder, so a killed
 // process leaves nothing behind; a private temporary one where the cache is not writable.
 QString PolicyFolder() {
   static const QString folder = [] {
-    SweepStaleCopies();
     const QString cache = QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation);
     const QString ours = cache + QStringLiteral("/vistrel/helper-policy");
     if (!cache.isEmpty() && WritePolicy(ours)) return ours;
@@ -117,10 +121,13 @@ HelperDecoder HelperDecoder::ForEmf() {
 HelperDecoder::HelperDecoder(QString program, QStringList arguments, HelperLimits limits)
     : program_(std::move(program)), arguments_(std::move(arguments)), limits_(limits) {}
 
-std::optional<QByteArray> HelperDecoder::Run(const QByteArray& input, const QStringList& arguments, bool* timedOut) const {
+std::optional<QByteArray> HelperDecoder::Run(const QByteArray& input, const QStringList& arguments, const QString& folder,
+                                             bool* timedOut) const {
   QProcess process;
   QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
   environment.insert(QStringLiteral("MAGICK_CONFIGURE_PATH"), PolicyFolder());
+  environment.insert(QStringLiteral("MAGICK_TEMPORARY_PATH"), folder);
+  environment.insert(QStringLiteral("TMPDIR"), folder);
   process.setProcessEnvironment(environment);
   // In the child: its memory and CPU time are capped, and it dies with its parent.
   const rlim_t addressSpace = static_cast<rlim_t>(limits_.AddressSpaceBytes);
@@ -154,15 +161,17 @@ std::optional<QByteArray> HelperDecoder::Run(const QByteArray& input, const QStr
 
 std::optional<Image> HelperDecoder::Decode(const QByteArray& bytes, const QString& coder, bool* timedOut) const {
   Initialize();
+  const auto folder = PrivateFolder();
+  if (!folder) return std::nullopt;
   // A private copy under a name of our own: some coders (libwmf) cannot read a pipe, and
   // the user's file name never reaches ImageMagick.
-  QTemporaryFile copy(QDir::tempPath() + QStringLiteral("/vistrel-XXXXXX.bin"));
-  if (!copy.open() || copy.write(bytes) != bytes.size() || !copy.flush()) return std::nullopt;
+  QFile copy(folder->filePath(QStringLiteral("input.bin")));
+  if (!copy.open(QIODevice::WriteOnly) || copy.write(bytes) != bytes.size() || !copy.flush()) return std::nullopt;
   QStringList arguments = arguments_;
   arguments.replaceInStrings(QStringLiteral("%IN%"), coder + u':' + copy.fileName() + QStringLiteral("[0]"));
   arguments.replaceInStrings(QStringLiteral("%FILE%"), copy.fileName());
   arguments.replaceInStrings(QStringLiteral("%OUT%"), QStringLiteral("PAM:-"));
-  const auto output = Run(bytes, arguments, timedOut);
+  const auto output = Run(bytes, arguments, folder->path(), timedOut);
   if (!output) return std::nullopt;
   const auto pam = ParsePam(*output, kMaxPixels);
   if (!pam) return std::nullopt;
@@ -183,7 +192,9 @@ std::optional<QByteArray> HelperDecoder::Convert(const QByteArray& bytes, const 
   QStringList arguments = arguments_;
   arguments.replaceInStrings(QStringLiteral("%IN%"), fromCoder + QStringLiteral(":-"));
   arguments.replaceInStrings(QStringLiteral("%OUT%"), coder + QStringLiteral(":-"));
-  auto output = Run(bytes, arguments);
+  const auto folder = PrivateFolder();
+  if (!folder) return std::nullopt;
+  auto output = Run(bytes, arguments, folder->path());
   if (!output || output->isEmpty()) return std::nullopt;
   return output;
 }

@@ -1,9 +1,9 @@
 #include "imaging/Streaming.h"
 #include "base/FileNames.h"
+#include "base/Leftovers.h"
 
 #include "imaging/SaverInternal.h"
 
-#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -30,15 +30,6 @@ namespace {
 
 // A temporary file of ours is hidden and has no image extension, so no viewer lists it.
 const QString kPartSuffix = QStringLiteral(".vistrel-part");
-
-// Removes what a killed save of ours left in the folder; a part older than ten minutes
-// belongs to no save still running.
-void SweepStaleParts(const QDir& folder) {
-  const QDateTime stale = QDateTime::currentDateTime().addSecs(-600);
-  for (const QFileInfo& part : folder.entryInfoList({QStringLiteral(".*") + kPartSuffix}, QDir::Files | QDir::Hidden)) {
-    if (part.lastModified() < stale) QFile::remove(part.filePath());
-  }
-}
 
 // New files get the mode the user's umask gives; a replaced file keeps its own.
 void SetModeOfNewFile(const QString& temporary, const QString& target) {
@@ -78,8 +69,9 @@ bool SaveStreaming(const Image& image, const QString& requestedPath) {
   if (!spec || !resolved) return false;
   const QString& path = *resolved;
   const QFileInfo target(path);
-  SweepStaleParts(target.dir());
-  QTemporaryFile temporary(target.dir().filePath(u'.' + target.fileName() + QStringLiteral(".XXXXXX") + kPartSuffix));
+  base::SweepLeftovers(target.dir(), QStringLiteral(".*") + kPartSuffix);  // what a killed save of ours left
+  QTemporaryFile temporary(
+      target.dir().filePath(u'.' + target.fileName() + base::OwnerTag() + QStringLiteral("XXXXXX") + kPartSuffix));
   if (!temporary.open()) return false;
   temporary.close();
   if (!WriteWithVips(image, *spec, temporary.fileName())) return false;  // the part is removed with `temporary`

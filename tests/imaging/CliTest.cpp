@@ -18,6 +18,7 @@
 #include <csignal>
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <gtest/gtest.h>
 
@@ -151,22 +152,32 @@ TEST(VistrelCli, AssociatesTypesAndAddsTheFolderEntry) {
   EXPECT_EQ(Cli({"folder-entry", "status"}).Output, QStringLiteral("absent\n"));
 }
 
-// A private copy left by a killed decode is cleared by the next run that decodes through
-// the helper; a fresh one (a decode still running) stays.
-TEST(VistrelCli, ClearsStaleCopiesOfKilledDecodes) {
-  testing_support::TempFolder temporary;
-  const QString stale = temporary.WriteBytes(QStringLiteral("vistrel-Ab12Cd.bin"), "copy");
-  const QString fresh = temporary.WriteBytes(QStringLiteral("vistrel-Ef34Gh.bin"), "copy");
-  QFile old(stale);
-  ASSERT_TRUE(old.open(QIODevice::ReadWrite));
-  ASSERT_TRUE(old.setFileTime(QDateTime::currentDateTime().addSecs(-3600), QFileDevice::FileModificationTime));
-  old.close();
-  EXPECT_EQ(testing_support::Run(QStringLiteral(VISTREL_CLI_PATH), {"info", CorpusPath(QStringLiteral("formats/pil184.pcx"))},
-                                 {"TMPDIR=" + temporary.Path()})
+// What a killed run left (the helper's private folder with ImageMagick's temporaries, a
+// part file beside a target) is cleared by the next run, whatever its age; what a running
+// process owns stays, and a run leaves nothing of its own.
+TEST(VistrelCli, ClearsWhatKilledRunsLeftAndLeavesNothingItself) {
+  testing_support::TempFolder temporary, pictures;
+  QProcess finished;
+  finished.start(QStringLiteral("true"));
+  const qint64 finishedId = finished.processId();
+  ASSERT_TRUE(finished.waitForFinished());
+  const QString gone = QStringLiteral("-pid%1-").arg(finishedId), running = QStringLiteral("-pid%1-").arg(::getpid());
+  const QString deadHelper = temporary.MakeFolder("vistrel-helper" + gone + "Ab12Cd");
+  QFile(deadHelper + QStringLiteral("/magick-1234")).open(QIODevice::WriteOnly);
+  const QString liveHelper = temporary.MakeFolder("vistrel-helper" + running + "Ef34Gh");
+  const QString deadPart = pictures.WriteBytes(".out.png" + gone + "Zz99Yy.vistrel-part", "partial");
+  const QStringList environment = {"TMPDIR=" + temporary.Path()};
+  const QString pcx = CorpusPath(QStringLiteral("formats/pil184.pcx"));
+  EXPECT_EQ(testing_support::Run(QStringLiteral(VISTREL_CLI_PATH), {"info", pcx}, environment).ExitCode, 0);
+  EXPECT_EQ(testing_support::Run(QStringLiteral(VISTREL_CLI_PATH),
+                                 {"apply", CorpusPath(QStringLiteral("formats/hopper.png")), pictures.File("out.png"), "Negative"},
+                                 environment)
                 .ExitCode,
             0);
-  EXPECT_FALSE(QFile::exists(stale));
-  EXPECT_TRUE(QFile::exists(fresh));
+  EXPECT_EQ(QDir(temporary.Path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+            QStringList{QFileInfo(liveHelper).fileName()});
+  EXPECT_EQ(QDir(pictures.Path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot), QStringList{"out.png"});
+  EXPECT_FALSE(QFileInfo::exists(deadPart));
 }
 
 // A save killed at any moment leaves the target either exactly as it was or complete:
