@@ -32,10 +32,14 @@ struct HelperLimits {
   int CpuSeconds = 20;
 };
 
-// The most pixels ImageMagick decodes under the usual system policy (its area resource,
-// 128 MP, is a maximum our own limits cannot raise). We write no larger image through the
-// helper, so every file we write we can open again.
-inline constexpr qint64 kHelperMaxPixels = 128'000'000;
+// The most pixels ImageMagick may decode (its area resource; the usual system policy's
+// 128 MP is a maximum our own limits cannot raise).
+inline constexpr qint64 kHelperAreaPixels = 128'000'000;
+// The most pixels of a file we write through the helper (TGA, PCX, DCX) or for it to read
+// (WPG). Within the system policy's memory and map (256 and 512 MiB, maxima our limits
+// cannot raise either) its PCX reader holds the packed planes beside the pixel cache and
+// fails a little above 56 MP; below this cap every coder reads back what we wrote.
+inline constexpr qint64 kHelperMaxPixels = 48'000'000;
 
 class HelperDecoder {
  public:

@@ -93,7 +93,7 @@ HelperDecoder::HelperDecoder()
     : HelperDecoder(QStringLiteral("convert"),
                     // Memory and map as the usual system policy has them, whatever this system's
                     // says; past them the pixel cache may spill to a bounded file on disk.
-                    {QStringLiteral("-limit"), QStringLiteral("area"), QString::number(kHelperMaxPixels),
+                    {QStringLiteral("-limit"), QStringLiteral("area"), QString::number(kHelperAreaPixels),
                      QStringLiteral("-limit"), QStringLiteral("memory"), QStringLiteral("256MiB"),
                      QStringLiteral("-limit"), QStringLiteral("map"), QStringLiteral("512MiB"),
                      QStringLiteral("-limit"), QStringLiteral("disk"), QStringLiteral("1GiB"),

@@ -1,5 +1,8 @@
 #include "imaging/WpgEncoder.h"
 
+#include <QBuffer>
+#include <QImageReader>
+
 #include "imaging/ImageInternal.h"
 
 #include <QImage>
@@ -40,8 +43,11 @@ std::optional<QImage> Quantised(const Image& image) {
     size_t size = 0;
     image.OnWhite().Internal().image.write_to_buffer(
         ".png", &data, &size, vips::VImage::option()->set("palette", true)->set("bitdepth", 8)->set("dither", 1.0));
-    QImage indexed;
-    indexed.loadFromData(static_cast<const uchar*>(data), static_cast<int>(size), "PNG");
+    QByteArray png = QByteArray::fromRawData(static_cast<const char*>(data), qsizetype(size));
+    QBuffer buffer(&png);
+    QImageReader reader(&buffer, "PNG");
+    reader.setAllocationLimit(0);  // the size was checked against the format's cap before
+    QImage indexed = reader.read();
     g_free(data);
     if (indexed.isNull()) return std::nullopt;
     if (indexed.format() != QImage::Format_Indexed8) indexed = indexed.convertToFormat(QImage::Format_Indexed8);

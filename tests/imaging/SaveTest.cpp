@@ -2,6 +2,8 @@
 // saving never destroys the original.
 #include "imaging/Loader.h"
 #include "imaging/Saver.h"
+#include "imaging/Decoders.h"
+#include "files/FailureReasons.h"
 #include "support/ImageCompare.h"
 #include "support/TestFiles.h"
 
@@ -60,18 +62,25 @@ TEST(SaveImage, AJpegSavedAsJpegKeepsItsExifWithOrientationOne) {
             QStringLiteral("1800 1200 1 72/1"));
 }
 
-// Written through the helper, a large image opens again (the pixel cache needs more than
-// the helper's memory limit and spills to its bounded disk cache).
-TEST(SaveImage, ALargePcxWeWroteOpensAgain) {
+// At the cap of the formats the helper reads back, what we write opens again (PCX has the
+// tightest reader, WPG our own writer); one row more is refused before any work.
+TEST(SaveImage, AtTheHelpersCapEveryFileWeWroteOpensAgain) {
   testing_support::TempFolder folder;
-  QImage big(5000, 3500, QImage::Format_RGB888);
+  const int width = 8000, height = int(imaging::kHelperMaxPixels / width);
+  QImage big(width, height, QImage::Format_RGB888);
   big.fill(QColor(10, 200, 30));
-  const QString pcx = folder.File(QStringLiteral("big.pcx"));
-  ASSERT_TRUE(imaging::SaveImage(imaging::Image::FromQImage(big), pcx));
-  const auto back = imaging::LoadFile(pcx);
-  ASSERT_TRUE(back.has_value());
-  EXPECT_EQ(back->Width(), 5000);
-  EXPECT_EQ(testing_support::PixelAt(*back, 4999, 3499), QColor(10, 200, 30));
+  const imaging::Image atCap = imaging::Image::FromQImage(big);
+  for (const QString& name : {QStringLiteral("big.pcx"), QStringLiteral("big.wpg")}) {
+    ASSERT_TRUE(imaging::SaveImage(atCap, folder.File(name))) << name.toStdString();
+    const auto back = imaging::LoadFile(folder.File(name));
+    ASSERT_TRUE(back.has_value()) << name.toStdString();
+    EXPECT_EQ(QSize(back->Width(), back->Height()), QSize(width, height));
+    EXPECT_EQ(testing_support::PixelAt(*back, width - 1, height - 1), QColor(10, 200, 30));
+  }
+  const imaging::Image over = imaging::Image::FromQImage(QImage(width, height + 1, QImage::Format_RGB888));
+  EXPECT_FALSE(imaging::SaveImage(over, folder.File(QStringLiteral("over.tga"))));
+  EXPECT_EQ(files::SaveFailureReason(folder.File(QStringLiteral("over.tga")), QSize(width, height + 1)),
+            QStringLiteral("the image is too large for this format"));
 }
 
 TEST(SaveImage, AFailedSaveLeavesTheTargetAsItWas) {
