@@ -164,7 +164,7 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   bool RunSave();
   void RunPrint();
   bool RunSaveAs();
-  bool ConfirmReplace(const QString& path);
+  bool ConfirmReplace(const QString& path, const QString& title);
   void ShowCantSave(const QString& path, const QString& title);
   static void ShowWarning(QWidget* parent, const QString& title, const QString& text, const QString& detail);
   void ShowExclamation(const QString& text, const QString& detail = {}) override;

@@ -107,9 +107,13 @@ void frmMain::RunCopyOrMove(bool move) {
   request.NameFilters = {QStringLiteral("All files (*)")};
   request.SelectedFilter = 1;
   request.ProposedPath = file;
-  const QString target = chooseFile_(this, request).Path.trimmed();
+  const QString chosen = chooseFile_(this, request).Path;
+  const QString target = chosen.trimmed();
   picFondo_->update();
-  if (target.isEmpty() || !document_.OfferToSaveChanges()) return;
+  if (target.isEmpty()) return;
+  // The dialog asked about the name as typed; a file under the trimmed name is asked about here.
+  if (target != chosen && QFileInfo::exists(target) && !ConfirmReplace(target, title)) return;
+  if (!document_.OfferToSaveChanges()) return;
   if (files::ExtensionDiffers(file, target) &&
       QMessageBox::warning(this, title, QStringLiteral("The file extension is different. Do you want to continue?"),
                            QMessageBox::Yes | QMessageBox::No) != QMessageBox::Yes) {
@@ -229,7 +233,7 @@ bool frmMain::RunSaveAs() {
   if (answer.Path.isEmpty()) return false;
   const QString target = files::WithSaveAsExtension(answer.Path, answer.FilterIndex);
   // The dialog asked about the name as typed; a file under the completed name is asked about here.
-  if (target != answer.Path && QFileInfo::exists(target) && !ConfirmReplace(target)) return false;
+  if (target != answer.Path && QFileInfo::exists(target) && !ConfirmReplace(target, request.Title)) return false;
   widgets::ShowBusyPointer();
   picFondo_->SelectNone();
   if (!document_.SaveImageTo(target)) {
@@ -241,9 +245,9 @@ bool frmMain::RunSaveAs() {
   return true;
 }
 
-bool frmMain::ConfirmReplace(const QString& path) {
+bool frmMain::ConfirmReplace(const QString& path, const QString& title) {
   const QString question = QStringLiteral("%1 already exists.\nDo you want to replace it?").arg(QFileInfo(path).fileName());
-  return QMessageBox::warning(this, QStringLiteral("Save As"), question, QMessageBox::Yes | QMessageBox::No,
+  return QMessageBox::warning(this, title, question, QMessageBox::Yes | QMessageBox::No,
                               QMessageBox::No) == QMessageBox::Yes;
 }
 

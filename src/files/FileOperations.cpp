@@ -9,6 +9,10 @@
 #include <gio/gio.h>
 
 #include <cerrno>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 #include <cstdio>
 
 #include <algorithm>
@@ -33,7 +37,9 @@ bool ExtensionDiffers(const QString& first, const QString& second) {
 
 RenameOutcome RenameWithChecks(const QString& fromText, const QString& toText,
                                const std::function<bool(const QString& question)>& confirm) {
-  const QString from = fromText.trimmed(), to = toText.trimmed();
+  // Only the new name is cleaned: the old one names a file exactly, blanks included.
+  const QString& from = fromText;
+  const QString to = toText.trimmed();
   if (QFileInfo::exists(from) && ExtensionDiffers(from, to) &&
       !confirm(QStringLiteral("The file extension is different. Do you want to continue?"))) {
     return {};
@@ -54,6 +60,17 @@ QByteArray Sha256Of(const QString& path) {
   return hash.addData(&file) ? hash.result() : QByteArray();
 }
 
+void KeepOwnerAndTimes(const QString& from, const QString& to) {
+  struct stat source {};
+  if (::stat(base::EncodeFileName(from).constData(), &source) != 0) return;
+  const QByteArray target = base::EncodeFileName(to);
+  if (::chown(target.constData(), source.st_uid, source.st_gid) != 0) {
+    (void)!::chown(target.constData(), uid_t(-1), source.st_gid);  // the group alone where the owner cannot be kept
+  }
+  const timespec times[2] = {source.st_atim, source.st_mtim};
+  ::utimensat(AT_FDCWD, target.constData(), times, 0);
+}
+
 bool IsReadOnlyFile(const QString& path) {
   const QFileInfo file(path);
   return file.exists() && !(file.permissions() & QFileDevice::WriteOwner);
@@ -62,6 +79,9 @@ bool IsReadOnlyFile(const QString& path) {
 }  // namespace
 
 bool CopyFileSafely(const QString& from, const QString& to) {
+  // A file copied onto itself (another name for it, a link) is already there; writing it
+  // again could only lose it.
+  if (QFileInfo(to).exists() && QFileInfo(to).canonicalFilePath() == QFileInfo(from).canonicalFilePath()) return true;
   QFile source(from);
   if (!QFileInfo(from).isFile() || IsReadOnlyFile(to) || !source.open(QIODevice::ReadOnly)) return false;
   QSaveFile target(to);
@@ -74,9 +94,14 @@ bool CopyFileSafely(const QString& from, const QString& to) {
       return false;
     }
   }
+  // Like `cp -p` and the file managers: the copy keeps the source's mode, owner where
+  // allowed, and modification time.
+  const QFileInfo original(from);
+  target.setPermissions(original.permissions());
   if (!target.commit()) return false;
+  KeepOwnerAndTimes(from, to);
   if (Sha256Of(to) != Sha256Of(from)) {  // read back: a disk that lied loses nothing
-    QFile::remove(to);
+    QFile::remove(to);                    // a broken copy, never the source (see above)
     return false;
   }
   return true;

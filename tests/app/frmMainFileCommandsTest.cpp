@@ -3,12 +3,14 @@
 // Trash), and failures that lose nothing. The Trash is judged by the desktop's own tool
 // (gio, on a private D-Bus session), which lists the file and restores it.
 #include "document/Document.h"
+#include "files/FileOperations.h"
 #include "support/DialogAnswerer.h"
 #include "support/MainWindowTest.h"
 #include "widgets/frmTexto.h"
 
 #include <QApplication>
 #include <QCoreApplication>
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QLineEdit>
@@ -68,12 +70,30 @@ class frmMainFileCommandsTest : public testing_support::MainWindowTest {
 
 TEST_F(frmMainFileCommandsTest, CopyToKeepsTheSourceShownAndListsACopyInTheSameFolder) {
   StartOnFolderOf({"a.png", "b.png"});
+  const QDateTime lastYear = QDateTime::currentDateTime().addYears(-1);
+  QFile::setPermissions(A(), QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ReadGroup);
+  { QFile a(A()); ASSERT_TRUE(a.open(QIODevice::ReadWrite) && a.setFileTime(lastYear, QFileDevice::FileModificationTime)); }
   fileAnswer_ = {pictures_.File(QStringLiteral("a copy.png")), 1};
   Trigger("mnuFileCopyTo");
   EXPECT_EQ(requests_.back().Title, QStringLiteral("Copy To"));
-  EXPECT_EQ(ReadAll(pictures_.File(QStringLiteral("a copy.png"))), ReadAll(A()));
+  const QFileInfo copy(pictures_.File(QStringLiteral("a copy.png")));
+  EXPECT_EQ(ReadAll(copy.filePath()), ReadAll(A()));
+  EXPECT_EQ(copy.permissions(), QFileInfo(A()).permissions());  // as `cp -p` keeps them
+  EXPECT_EQ(copy.lastModified().toSecsSinceEpoch(), lastYear.toSecsSinceEpoch());
   EXPECT_EQ(Listed(), 3);
   EXPECT_EQ(Doc().CurrentFilePath(), A());
+  fileAnswer_ = {pictures_.File(QStringLiteral("b.png ")), 1};  // a blank the dialog's own check did not see
+  const auto inodeOf = [](const QString& path) {
+    struct stat info {};
+    return ::stat(QFile::encodeName(path).constData(), &info) == 0 ? info.st_ino : 0;
+  };
+  const auto inodeBefore = inodeOf(pictures_.File(QStringLiteral("b.png")));
+  {
+    DialogAnswerer no(QMessageBox::No);
+    Trigger("mnuFileCopyTo");
+    EXPECT_EQ(no.LastText(), QStringLiteral("b.png already exists.\nDo you want to replace it?"));
+  }
+  EXPECT_EQ(inodeOf(pictures_.File(QStringLiteral("b.png"))), inodeBefore);  // not replaced
   fileAnswer_ = {config_.File(QStringLiteral("a.bmp")), 1};
   {
     DialogAnswerer no(QMessageBox::No);
@@ -216,6 +236,10 @@ TEST_F(frmMainFileCommandsTest, RenameOutcomesInAFolder) {
   EXPECT_FALSE(exists("a.png"));
   EXPECT_EQ(Doc().CurrentFilePath(), pictures_.File(QStringLiteral("A.png")));
   EXPECT_EQ(window_->ListModel().Entry(0).FileName, QStringLiteral("A.png"));
+  // The old name is taken exactly: "b.png " is renamed, never "b.png".
+  const QString blank = pictures_.WritePng(QStringLiteral("b.png "));
+  EXPECT_TRUE(files::RenameWithChecks(blank, pictures_.File(QStringLiteral("c.png")), [](const QString&) { return true; }).Renamed);
+  EXPECT_TRUE(exists("b.png") && exists("c.png") && !exists("b.png "));
 }
 
 TEST_F(frmMainFileCommandsTest, ARenamedSingleFileIsFollowedByItsNewName) {
