@@ -10,18 +10,20 @@
 #include <QStringList>
 
 #include <chrono>
+#include <functional>
 #include <optional>
 
 namespace imaging {
 
 // libvips' in-process loaders (untrusted ones stay blocked); shrink > 1 decodes reduced.
-std::optional<Image> DecodeWithVips(const QString& path, int maxWidth = 0, int maxHeight = 0);
+// `onWhite` composites any alpha onto white on the way into memory.
+std::optional<Image> DecodeWithVips(const QString& path, int maxWidth = 0, int maxHeight = 0, bool onWhite = false);
 std::optional<QSize> VipsHeaderSize(const QString& path);
 // Upright pixels as an unevaluated pipeline read once, top to bottom (for streaming).
 std::optional<Image> OpenWithVipsInOrder(const QString& path);
 
 // Qt's image readers, by content; `format` as QImageReader names it ("bmp", "ico"...).
-std::optional<Image> DecodeWithQt(const QString& path);
+std::optional<Image> DecodeWithQt(const QString& path, bool onWhite = false);
 std::optional<QSize> QtHeaderSize(const QString& path);
 
 // The helper process: ImageMagick reading the file's bytes from standard input with the
@@ -49,18 +51,20 @@ class HelperDecoder {
   static HelperDecoder ForEmf();
   HelperDecoder(QString program, QStringList arguments, HelperLimits limits);
 
-  // `timedOut`, when given, says whether the helper ran out of time: a busy machine's
-  // failure, not the file's.
-  std::optional<Image> Decode(const QByteArray& bytes, const QString& coder, bool* timedOut = nullptr) const;
+  // `onWhite` composites any alpha onto white as the picture arrives. `timedOut`, when
+  // given, says whether the helper ran out of time: a busy machine's failure, not the file's.
+  std::optional<Image> Decode(const QByteArray& bytes, const QString& coder, bool onWhite = false,
+                              bool* timedOut = nullptr) const;
   // Writes the image in the coder's format (TGA, PCX, DCX), through the same caps.
   std::optional<QByteArray> Encode(const Image& image, const QString& coder) const;
   // Converts bytes of one format (an ImageMagick coder) into another.
   std::optional<QByteArray> Convert(const QByteArray& bytes, const QString& fromCoder, const QString& coder) const;
 
  private:
-  // Runs the program in `folder`, its private temporary folder.
-  std::optional<QByteArray> Run(const QByteArray& input, const QStringList& arguments, const QString& folder,
-                                bool* timedOut = nullptr) const;
+  // Runs the program in `folder`, its private temporary folder, handing its output to
+  // `receive` as it comes (false from `receive` stops the run). True when it ended well.
+  bool Run(const QByteArray& input, const QStringList& arguments, const QString& folder,
+           const std::function<bool(const QByteArray&)>& receive, bool* timedOut = nullptr) const;
 
   QString program_;
   QStringList arguments_;  // "%IN%" (coder:file[0]), "%FILE%" (the file) and "%OUT%" stand in

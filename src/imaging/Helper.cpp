@@ -8,6 +8,7 @@
 #include "imaging/Loader.h"
 #include "imaging/Pam.h"
 
+#include <QDeadlineTimer>
 #include <QProcess>
 #include <QCoreApplication>
 #include <QDir>
@@ -76,17 +77,6 @@ QString PolicyFolder() {
   return folder;
 }
 
-Image FromPam(const QByteArray& bytes, const PamImage& pam) {
-  const size_t pixels = size_t(pam.Width) * size_t(pam.Height) * size_t(pam.Depth);
-  auto* samples = static_cast<uchar*>(g_malloc(pixels));
-  const auto* source = reinterpret_cast<const uchar*>(bytes.constData() + pam.DataOffset);
-  for (size_t i = 0; i < pixels; ++i) samples[i] = source[i * size_t(pam.BytesPerSample)];  // high byte first
-  vips::VImage image = vips::VImage::new_from_memory_steal(samples, pixels, pam.Width, pam.Height, pam.Depth,
-                                                           VIPS_FORMAT_UCHAR);
-  const auto interpretation = pam.Depth <= 2 ? VIPS_INTERPRETATION_B_W : VIPS_INTERPRETATION_sRGB;
-  return Wrap(image.copy(vips::VImage::option()->set("interpretation", interpretation)));
-}
-
 }  // namespace
 
 HelperDecoder::HelperDecoder()
@@ -121,14 +111,15 @@ HelperDecoder HelperDecoder::ForEmf() {
 HelperDecoder::HelperDecoder(QString program, QStringList arguments, HelperLimits limits)
     : program_(std::move(program)), arguments_(std::move(arguments)), limits_(limits) {}
 
-std::optional<QByteArray> HelperDecoder::Run(const QByteArray& input, const QStringList& arguments, const QString& folder,
-                                             bool* timedOut) const {
+bool HelperDecoder::Run(const QByteArray& input, const QStringList& arguments, const QString& folder,
+                        const std::function<bool(const QByteArray&)>& receive, bool* timedOut) const {
   QProcess process;
   QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
   environment.insert(QStringLiteral("MAGICK_CONFIGURE_PATH"), PolicyFolder());
   environment.insert(QStringLiteral("MAGICK_TEMPORARY_PATH"), folder);
   environment.insert(QStringLiteral("TMPDIR"), folder);
   process.setProcessEnvironment(environment);
+  process.setStandardErrorFile(QProcess::nullDevice());
   // In the child: its memory and CPU time are capped, and it dies with its parent.
   const rlim_t addressSpace = static_cast<rlim_t>(limits_.AddressSpaceBytes);
   const rlim_t cpuSeconds = static_cast<rlim_t>(limits_.CpuSeconds);
@@ -144,22 +135,29 @@ std::optional<QByteArray> HelperDecoder::Run(const QByteArray& input, const QStr
 #endif
   });
   process.start(program_, arguments);
-  if (!process.waitForStarted()) return std::nullopt;
+  if (!process.waitForStarted()) return false;
   process.write(input);
   process.closeWriteChannel();
-  if (!process.waitForFinished(static_cast<int>(limits_.Time.count()))) {
+  // The output is handed on as it comes, so it is never held whole.
+  const QDeadlineTimer deadline(limits_.Time);
+  bool receiving = true;
+  while (receiving && process.state() != QProcess::NotRunning && !deadline.hasExpired()) {
+    process.waitForReadyRead(static_cast<int>(std::max<qint64>(deadline.remainingTime(), 1)));
+    receiving = receive(process.readAllStandardOutput());
+  }
+  if (process.state() != QProcess::NotRunning) {
     process.kill();
     process.waitForFinished(2000);
-    if (timedOut) *timedOut = true;
-    return std::nullopt;
+    if (timedOut && receiving) *timedOut = true;
+    return false;
   }
   // ImageMagick exits with 1 on a warning too (a truncated file it partly recovered);
   // what it wrote is used when it is whole. A crash or a kill gives nothing.
-  if (process.exitStatus() != QProcess::NormalExit) return std::nullopt;
-  return process.readAllStandardOutput();
+  return receive(process.readAllStandardOutput()) && process.exitStatus() == QProcess::NormalExit;
 }
 
-std::optional<Image> HelperDecoder::Decode(const QByteArray& bytes, const QString& coder, bool* timedOut) const {
+std::optional<Image> HelperDecoder::Decode(const QByteArray& bytes, const QString& coder, bool onWhite,
+                                           bool* timedOut) const {
   Initialize();
   const auto folder = PrivateFolder();
   if (!folder) return std::nullopt;
@@ -171,16 +169,10 @@ std::optional<Image> HelperDecoder::Decode(const QByteArray& bytes, const QStrin
   arguments.replaceInStrings(QStringLiteral("%IN%"), coder + u':' + copy.fileName() + QStringLiteral("[0]"));
   arguments.replaceInStrings(QStringLiteral("%FILE%"), copy.fileName());
   arguments.replaceInStrings(QStringLiteral("%OUT%"), QStringLiteral("PAM:-"));
-  const auto output = Run(bytes, arguments, folder->path(), timedOut);
-  if (!output) return std::nullopt;
-  const auto pam = ParsePam(*output, kMaxPixels);
-  if (!pam) return std::nullopt;
-  try {
-    return FromPam(*output, *pam);
-  } catch (const vips::VError&) {
-    vips_error_clear();
-    return std::nullopt;
-  }
+  PamReceiver picture(kMaxPixels, onWhite);
+  const auto receive = [&picture](const QByteArray& chunk) { return picture.Take(chunk); };
+  if (!Run({}, arguments, folder->path(), receive, timedOut)) return std::nullopt;
+  return picture.Finish();
 }
 
 std::optional<QByteArray> HelperDecoder::Encode(const Image& image, const QString& coder) const {
@@ -194,8 +186,12 @@ std::optional<QByteArray> HelperDecoder::Convert(const QByteArray& bytes, const 
   arguments.replaceInStrings(QStringLiteral("%OUT%"), coder + QStringLiteral(":-"));
   const auto folder = PrivateFolder();
   if (!folder) return std::nullopt;
-  auto output = Run(bytes, arguments, folder->path());
-  if (!output || output->isEmpty()) return std::nullopt;
+  QByteArray output;
+  const auto receive = [&output](const QByteArray& chunk) {
+    output += chunk;
+    return true;
+  };
+  if (!Run(bytes, arguments, folder->path(), receive) || output.isEmpty()) return std::nullopt;
   return output;
 }
 

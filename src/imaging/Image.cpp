@@ -1,11 +1,12 @@
 #include "imaging/Image.h"
 
 #include "imaging/ImageInternal.h"
+#include "imaging/RowAssembler.h"
 
 #include <QSize>
 
 #include <cmath>
-#include <cstring>
+#include <new>
 #include <mutex>
 #include <optional>
 
@@ -36,6 +37,12 @@ vips::VImage Normalized(vips::VImage image) {
   if (image.bands() == 1) image = grey.bandjoin({grey, grey});
   if (image.bands() == 2) image = grey.bandjoin({grey, grey, image.extract_band(1)});
   return image.copy(vips::VImage::option()->set("interpretation", VIPS_INTERPRETATION_sRGB));
+}
+
+Image Wrap(vips::VImage image, bool onWhite) {
+  image = Normalized(image);
+  if (onWhite && image.bands() == 4) image = image.flatten(WhiteBackground()).cast(VIPS_FORMAT_UCHAR);
+  return Image::FromInternal(Image::Pixels{image.copy_memory()});
 }
 
 Image::Image(std::shared_ptr<const Pixels> pixels) : pixels_(std::move(pixels)) {}
@@ -82,8 +89,7 @@ Image Image::FitWithin(int maxWidth, int maxHeight) const {
 
 Image Image::OnWhite() const {
   if (!HasAlpha()) return *this;
-  const auto white = vips::VImage::option()->set("background", std::vector<double>{255, 255, 255});
-  return FromInternal(Pixels{pixels_->image.flatten(white).cast(VIPS_FORMAT_UCHAR).copy_memory()});
+  return FromInternal(Pixels{pixels_->image.flatten(WhiteBackground()).cast(VIPS_FORMAT_UCHAR).copy_memory()});
 }
 
 QImage Image::ToQImage() const {
@@ -97,20 +103,8 @@ QImage Image::ToQImage() const {
 }
 
 Image Image::FromQImage(const QImage& source) {
-  Initialize();
-  const bool alpha = source.hasAlphaChannel();
-  const QImage rgb = source.convertToFormat(alpha ? QImage::Format_RGBA8888 : QImage::Format_RGB888);
-  const int bands = alpha ? 4 : 3;
-  const size_t rowBytes = static_cast<size_t>(rgb.width()) * static_cast<size_t>(bands);
-  const size_t size = rowBytes * static_cast<size_t>(rgb.height());
-  // libvips takes the buffer and frees it with g_free when the image goes.
-  auto* packed = static_cast<uchar*>(g_malloc(size));
-  for (int y = 0; y < rgb.height(); ++y) {
-    std::memcpy(packed + rowBytes * static_cast<size_t>(y), rgb.constScanLine(y), rowBytes);
-  }
-  vips::VImage image =
-      vips::VImage::new_from_memory_steal(packed, size, rgb.width(), rgb.height(), bands, VIPS_FORMAT_UCHAR);
-  return FromInternal(Pixels{image.copy(vips::VImage::option()->set("interpretation", VIPS_INTERPRETATION_sRGB))});
+  if (auto image = FromQImageInBands(source, false)) return *image;
+  throw std::bad_alloc();
 }
 
 }  // namespace imaging

@@ -20,6 +20,11 @@ struct Image::Pixels {
 // Any decoded image to the form an Image holds: sRGB, 8 bits, 3 bands or 4 with alpha.
 vips::VImage Normalized(vips::VImage image);
 
+// flatten()'s option for compositing onto white.
+inline vips::VOption* WhiteBackground() {
+  return vips::VImage::option()->set("background", std::vector<double>{255, 255, 255});
+}
+
 // Reduced to exactly width x height (each at most the image's) with an adaptive Lanczos-3
 // kernel, in memory.
 vips::VImage ReduceTo(const vips::VImage& image, int width, int height);
@@ -28,6 +33,8 @@ vips::VImage ReduceTo(const vips::VImage& image, int width, int height);
 // vips::VError for anything else (a FIFO, a device), so no loader waits on one.
 vips::VSource SourceOf(const QString& path);
 
-inline Image Wrap(vips::VImage image) { return Image::FromInternal(Image::Pixels{Normalized(image).copy_memory()}); }
+// A decoded image normalised into memory in one pass (composited onto white when asked,
+// so no second full-size copy is made).
+Image Wrap(vips::VImage image, bool onWhite = false);
 
 }  // namespace imaging

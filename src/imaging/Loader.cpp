@@ -18,29 +18,35 @@ QString LowerCaseExtension(const QString& path) {
   return dot > slash ? path.mid(dot + 1).trimmed().toLower() : QString();
 }
 
-std::optional<Image> DecodeWithHelper(const QString& path, const QString& coder, bool* timedOut) {
+// What a decoder needs besides the file: the picture composited onto white on the way in
+// (for the types that come in on white), and where to say that the helper ran out of time.
+struct DecodeFacts {
+  bool OnWhite = false;
+  bool* TimedOut = nullptr;
+};
+
+std::optional<Image> DecodeWithHelper(const QString& path, const QString& coder, DecodeFacts facts) {
   QFile file;
   if (coder.isEmpty() || !base::OpenForReading(file, path)) return std::nullopt;
   const QByteArray bytes = base::ReadWhole(file, kLargestHelperInput);
   if (bytes.isEmpty()) return std::nullopt;
   const HelperDecoder helper = coder == QLatin1String("EMF") ? HelperDecoder::ForEmf() : HelperDecoder();
-  return helper.Decode(bytes, coder, timedOut);
+  return helper.Decode(bytes, coder, facts.OnWhite, facts.TimedOut);
 }
 
-
 std::optional<Image> Decode(const QString& path, const Decision& decision, const QString& extension,
-                            bool* timedOut = nullptr) {
+                            DecodeFacts facts) {
   switch (decision.Via) {
     case Route::Vips:
-      return DecodeWithVips(path);
+      return DecodeWithVips(path, 0, 0, facts.OnWhite);
     case Route::Qt:
-      if (auto image = DecodeWithQt(path)) return image;
+      if (auto image = DecodeWithQt(path, facts.OnWhite)) return image;
       // Qt refuses some old variants (OS/2 headers, odd bit counts); ImageMagick reads them.
       return DecodeWithHelper(path, HelperCoderForExtension(extension).isEmpty() ? decision.Format
                                                                                   : HelperCoderForExtension(extension),
-                              timedOut);
+                              facts);
     case Route::Helper:
-      return DecodeWithHelper(path, decision.Format, timedOut);
+      return DecodeWithHelper(path, decision.Format, facts);
     case Route::None:
       break;
   }
@@ -63,9 +69,8 @@ bool ComesInOnWhite(const QString& ext) {
 std::optional<Loaded> LoadImage(const QString& path) {
   const QString extension = LowerCaseExtension(path);
   const Decision decision = DecisionFor(path);
-  std::optional<Image> image = Decode(path, decision, extension);
+  std::optional<Image> image = Decode(path, decision, extension, {ComesInOnWhite(extension)});
   if (!image) return std::nullopt;
-  if (ComesInOnWhite(extension)) image = image->OnWhite();
   return Loaded{*image, decision.Format};
 }
 
@@ -106,15 +111,14 @@ std::optional<Image> LoadFitting(const QString& path, int maxWidth, int maxHeigh
   FittingLoad noted;
   std::optional<Image> image;
   if (decision.Via == Route::Vips) {
-    image = DecodeWithVips(path, maxWidth, maxHeight);
+    image = DecodeWithVips(path, maxWidth, maxHeight, ComesInOnWhite(extension));
     if (image && facts) noted.Original = VipsHeaderSize(path).value_or(QSize());
   } else {
-    image = Decode(path, decision, extension, &noted.TimedOut);
+    image = Decode(path, decision, extension, {ComesInOnWhite(extension), &noted.TimedOut});
     if (image) noted.Original = QSize(image->Width(), image->Height());
   }
   if (facts) *facts = noted;
   if (!image) return std::nullopt;
-  if (ComesInOnWhite(extension)) image = image->OnWhite();
   return image->FitWithin(maxWidth, maxHeight);
 }
 

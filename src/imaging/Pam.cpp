@@ -1,10 +1,14 @@
 #include "imaging/Pam.h"
 
+#include "imaging/RowAssembler.h"
+
 #include <QList>
 
 namespace imaging {
 
 namespace {
+
+constexpr qsizetype kLongestHeader = 4096;
 
 std::optional<std::int64_t> PositiveNumber(const QByteArray& text) {
   bool ok = false;
@@ -15,10 +19,11 @@ std::optional<std::int64_t> PositiveNumber(const QByteArray& text) {
 
 }  // namespace
 
-std::optional<PamImage> ParsePam(const QByteArray& bytes, std::int64_t maxPixels) {
-  if (!bytes.startsWith("P7\n")) return std::nullopt;
+std::optional<PamImage> ParsePamHeader(const QByteArray& bytes, std::int64_t maxPixels, bool* incomplete) {
+  const bool looksLikePam = QByteArray("P7\n").startsWith(bytes.left(3));
   const qsizetype end = bytes.indexOf("\nENDHDR\n");
-  if (end < 0) return std::nullopt;
+  if (incomplete) *incomplete = looksLikePam && end < 0 && bytes.size() <= kLongestHeader;
+  if (!looksLikePam || end < 0) return std::nullopt;
   std::int64_t width = 0, height = 0, depth = 0, maxval = 0;
   for (const QByteArray& line : bytes.mid(3, end - 3).split('\n')) {
     const QList<QByteArray> words = line.simplified().split(' ');
@@ -37,9 +42,64 @@ std::optional<PamImage> ParsePam(const QByteArray& bytes, std::int64_t maxPixels
   pam.Depth = static_cast<int>(depth);
   pam.BytesPerSample = maxval > 255 ? 2 : 1;
   pam.DataOffset = end + 8;
-  const std::int64_t needed = width * height * depth * pam.BytesPerSample;
-  if (bytes.size() - pam.DataOffset < needed) return std::nullopt;
   return pam;
+}
+
+PamReceiver::PamReceiver(std::int64_t maxPixels, bool onWhite) : maxPixels_(maxPixels), onWhite_(onWhite) {}
+
+PamReceiver::~PamReceiver() = default;
+
+bool PamReceiver::Take(const QByteArray& chunk) {
+  pending_ += chunk;
+  if (!header_ && !Start()) return false;
+  if (!header_) return true;  // the header is still arriving
+  const qsizetype rowBytes = qsizetype(header_->Width) * header_->Depth * header_->BytesPerSample;
+  const int band = RowAssembler::BandRows(header_->Width);
+  while (rowsTaken_ < header_->Height) {
+    const int rows = std::min(band, header_->Height - rowsTaken_);
+    if (pending_.size() < rowBytes * rows) return true;
+    if (!AddBand(rows)) return false;
+  }
+  return pending_.isEmpty();
+}
+
+bool PamReceiver::Start() {
+  bool incomplete = false;
+  header_ = ParsePamHeader(pending_, maxPixels_, &incomplete);
+  if (!header_) return incomplete;
+  pending_.remove(0, header_->DataOffset);
+  const bool alpha = header_->Depth == 2 || header_->Depth == 4;
+  rows_ = std::make_unique<RowAssembler>(header_->Width, header_->Height, alpha, onWhite_);
+  return true;
+}
+
+// The next rows, high bytes only when samples have two.
+bool PamReceiver::AddBand(int rows) {
+  const PamImage& pam = *header_;
+  const qsizetype samples = qsizetype(pam.Width) * pam.Depth * rows;
+  QByteArray eight(samples, Qt::Uninitialized);
+  for (qsizetype i = 0; i < samples; ++i) eight[i] = pending_[i * pam.BytesPerSample];
+  pending_.remove(0, samples * pam.BytesPerSample);
+  rowsTaken_ += rows;
+  const auto interpretation = pam.Depth <= 2 ? VIPS_INTERPRETATION_B_W : VIPS_INTERPRETATION_sRGB;
+  try {
+    vips::VImage band = vips::VImage::new_from_memory(eight.data(), size_t(samples), pam.Width, rows, pam.Depth,
+                                                      VIPS_FORMAT_UCHAR);
+    return rows_->Add(band.copy(vips::VImage::option()->set("interpretation", interpretation)));
+  } catch (const vips::VError&) {
+    vips_error_clear();
+    return false;
+  }
+}
+
+std::optional<Image> PamReceiver::Finish() {
+  if (!rows_ || !pending_.isEmpty()) return std::nullopt;
+  try {
+    return rows_->Finish();
+  } catch (const vips::VError&) {
+    vips_error_clear();
+    return std::nullopt;
+  }
 }
 
 }  // namespace imaging

@@ -1,6 +1,7 @@
 // Qt's image readers in this process (BMP, ICO, CUR and the portable any-maps).
 #include "imaging/Decoders.h"
 #include "imaging/Loader.h"
+#include "imaging/RowAssembler.h"
 #include "base/FileNames.h"
 
 #include <QImageReader>
@@ -16,17 +17,26 @@ std::optional<QSize> QtHeaderSize(const QString& path) {
   return size;
 }
 
-std::optional<Image> DecodeWithQt(const QString& path) {
+namespace {
+
+// The reader is gone when this returns, so the pixels it read have one owner.
+QImage ReadWithQt(const QString& path) {
   QFile file;
-  if (!base::OpenForReading(file, path)) return std::nullopt;
+  if (!base::OpenForReading(file, path)) return {};
   QImageReader reader(&file);
   reader.setDecideFormatFromContent(true);
   const QSize size = reader.size();
-  if (size.isValid() && std::int64_t(size.width()) * size.height() > kMaxPixels) return std::nullopt;
+  if (size.isValid() && std::int64_t(size.width()) * size.height() > kMaxPixels) return {};
   reader.setAllocationLimit(static_cast<int>(kMaxPixels * 4 / (1024 * 1024)) + 1);
-  const QImage image = reader.read();
+  return reader.read();
+}
+
+}  // namespace
+
+std::optional<Image> DecodeWithQt(const QString& path, bool onWhite) {
+  QImage image = ReadWithQt(path);
   if (image.isNull()) return std::nullopt;
-  return Image::FromQImage(image);
+  return FromQImageInBands(std::move(image), onWhite);
 }
 
 }  // namespace imaging

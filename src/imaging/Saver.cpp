@@ -98,8 +98,7 @@ std::optional<VipsSaveSpec> VipsSaveSpecFor(const QString& ext, const SaveOption
 vips::VImage PreparedForVipsSave(const Image& image, const VipsSaveSpec& spec) {
   vips::VImage prepared = image.Internal().image;
   if (spec.OnWhite && prepared.bands() == 4) {
-    prepared = prepared.flatten(vips::VImage::option()->set("background", std::vector<double>{255, 255, 255}))
-                   .cast(VIPS_FORMAT_UCHAR);
+    prepared = prepared.flatten(WhiteBackground()).cast(VIPS_FORMAT_UCHAR);
   }
   prepared = prepared.copy();
   if (spec.Upright) prepared.set("orientation", 1);  // the pixels are upright; the rest of EXIF stays

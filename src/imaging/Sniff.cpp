@@ -26,7 +26,9 @@ QString HelperCoderForExtension(const QString& ext) {
 Decision ChooseDecoder(const QByteArray& head, const QString& ext) {
   if (Starts(head, "\xFF\xD8\xFF", 3)) return {Route::Vips, "JPEG"};
   if (Starts(head, "\x89PNG", 4)) return {Route::Vips, "PNG"};
-  if (Starts(head, "GIF8", 4)) return {Route::Vips, "GIF"};
+  // Qt's GIF reader: its 32-bit frame becomes the picture in its own buffer, where libvips'
+  // loader would hold a canvas of its own beside ours.
+  if (Starts(head, "GIF8", 4)) return {Route::Qt, "GIF"};
   if (Starts(head, "II*\0", 4) || Starts(head, "MM\0*", 4)) return {Route::Vips, "TIFF"};
   if (Starts(head, "RIFF", 4) && head.mid(8, 4) == "WEBP") return {Route::Vips, "WEBP"};
   if (head.mid(4, 4) == "ftyp") return {Route::Vips, "HEIF"};

@@ -37,16 +37,16 @@ std::optional<vips::VImage> OpenUpright(const QString& path) {
 
 }  // namespace
 
-std::optional<Image> DecodeWithVips(const QString& path, int maxWidth, int maxHeight) {
+std::optional<Image> DecodeWithVips(const QString& path, int maxWidth, int maxHeight, bool onWhite) {
   Initialize();
   try {
     if (!OpenChecked(path)) return std::nullopt;
     if (maxWidth > 0 && maxHeight > 0) {
       auto options = vips::VImage::option()->set("height", maxHeight)->set("size", VIPS_SIZE_DOWN);
-      return Wrap(vips::VImage::thumbnail_source(SourceOf(path), maxWidth, options));
+      return Wrap(vips::VImage::thumbnail_source(SourceOf(path), maxWidth, options), onWhite);
     }
-    if (const auto upright = OpenUpright(path)) return Wrap(*upright);  // one pass straight into memory
-    return Wrap(vips::VImage::new_from_source(SourceOf(path), "").autorot());
+    if (const auto upright = OpenUpright(path)) return Wrap(*upright, onWhite);  // one pass straight into memory
+    return Wrap(vips::VImage::new_from_source(SourceOf(path), "").autorot(), onWhite);
   } catch (const vips::VError&) {
     vips_error_clear();
     return std::nullopt;

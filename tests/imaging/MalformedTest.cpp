@@ -70,28 +70,64 @@ TEST(Helper, OnlyOurCodersAreAllowed) {
   EXPECT_TRUE(imaging::HelperDecoder().Decode(pcx, QStringLiteral("PCX")).has_value());
 }
 
-TEST(Pam, ReadsAWholeImage) {
-  const auto pam = imaging::ParsePam(kOnePixelPam, 100);
-  ASSERT_TRUE(pam.has_value());
-  EXPECT_EQ(pam->Width, 1);
-  EXPECT_EQ(pam->Depth, 3);
-  EXPECT_EQ(pam->BytesPerSample, 1);
-  EXPECT_EQ(kOnePixelPam.at(pam->DataOffset), '\x10');
+// A picture taller than a band, fed in chunks of every awkward size: the pixels come out
+// the same, two-byte samples by their high byte, alpha kept or put on white.
+TEST(PamReceiver, AssemblesTheSamePictureHoweverTheStreamIsCut) {
+  const int height = 5000;  // more rows than one band of a two-pixel-wide picture holds
+  const auto pam = [height](int depth, int maxval) {
+    QByteArray bytes = QStringLiteral("P7\nWIDTH 2\nHEIGHT %1\nDEPTH %2\nMAXVAL %3\nENDHDR\n")
+                           .arg(height).arg(depth).arg(maxval).toLatin1();
+    for (int y = 0; y < height; ++y) {
+      for (int sample = 0; sample < 2 * depth; ++sample) {
+        const bool alpha = sample % depth == depth - 1 && depth % 2 == 0;
+        const char value = alpha ? char(y % 2 ? 255 : 0) : char(40 + sample + y % 7);
+        bytes += value;
+        if (maxval > 255) bytes += '\x99';  // the low byte, dropped
+      }
+    }
+    return bytes;
+  };
+  struct Case { int Depth, Maxval; bool OnWhite; int Bands; };
+  for (const Case c : {Case{3, 255, false, 3}, Case{4, 255, true, 3}, Case{2, 65535, false, 4}, Case{1, 65535, true, 3}}) {
+    const QByteArray bytes = pam(c.Depth, c.Maxval);
+    for (const qsizetype chunk : {qsizetype(1), qsizetype(7), qsizetype(65536), bytes.size()}) {
+      if (chunk == 1 && c.Depth != 1) continue;  // byte by byte once is enough
+      imaging::PamReceiver receiver(1 << 20, c.OnWhite);
+      for (qsizetype at = 0; at < bytes.size(); at += chunk) ASSERT_TRUE(receiver.Take(bytes.mid(at, chunk)));
+      const auto picture = receiver.Finish();
+      ASSERT_TRUE(picture.has_value()) << c.Depth << " " << chunk;
+      EXPECT_EQ(picture->Bands(), c.Bands);
+      EXPECT_EQ(QSize(picture->Width(), picture->Height()), QSize(2, height));
+      for (const int y : {height - 2, height - 1}) {  // even rows are transparent where there is alpha
+        const int first = 40 + c.Depth + y % 7;  // the second pixel's first sample
+        const QColor drawn = c.Depth >= 3 ? QColor(first, first + 1, first + 2) : QColor(first, first, first);
+        const QColor expected = c.Depth % 2 == 0 && y % 2 == 0 ? QColor(Qt::white) : drawn;
+        EXPECT_EQ(testing_support::PixelAt(*picture, 1, y), expected) << c.Depth << " " << chunk << " " << y;
+      }
+    }
+  }
 }
 
-TEST(Pam, RefusesTruncatedOversizedAndIncompleteHeaders) {
-  EXPECT_FALSE(imaging::ParsePam(kOnePixelPam.chopped(1), 100).has_value());
-  EXPECT_FALSE(imaging::ParsePam(kOnePixelPam, 0).has_value());
+TEST(PamReceiver, RefusesTruncatedOversizedSurplusAndMalformedStreams) {
+  const auto received = [](const QByteArray& bytes, std::int64_t maxPixels = 100) {
+    imaging::PamReceiver receiver(maxPixels, false);
+    return receiver.Take(bytes) ? receiver.Finish() : std::nullopt;
+  };
+  EXPECT_TRUE(received(kOnePixelPam).has_value());
+  EXPECT_FALSE(received(kOnePixelPam.chopped(1)).has_value());
+  EXPECT_FALSE(received(kOnePixelPam + 'x').has_value());
+  EXPECT_FALSE(received(kOnePixelPam, 0).has_value());
   QByteArray noDepth = kOnePixelPam;
   noDepth.replace("DEPTH 3\n", "");
-  EXPECT_FALSE(imaging::ParsePam(noDepth, 100).has_value());
   QByteArray huge = kOnePixelPam;
   huge.replace("WIDTH 1", "WIDTH 99999999999");
-  EXPECT_FALSE(imaging::ParsePam(huge, 1LL << 40).has_value());
   QByteArray wide = kOnePixelPam;
-  wide.replace("MAXVAL 255", "MAXVAL 65535");
-  EXPECT_FALSE(imaging::ParsePam(wide, 100).has_value());  // two bytes a sample: data too short
-  EXPECT_FALSE(imaging::ParsePam("P6\n1 1\n255\nabc", 100).has_value());
+  wide.replace("MAXVAL 255", "MAXVAL 65535");  // two bytes a sample: data too short
+  for (const QByteArray& bad : {noDepth, huge, wide, QByteArray("P6\n1 1\n255\nabc"), "P7\n" + QByteArray(5000, '#')}) {
+    EXPECT_FALSE(received(bad, 1LL << 40).has_value()) << bad.left(40).toStdString();
+  }
+  imaging::PamReceiver endless(100, false);  // a header that never ends is refused early
+  EXPECT_FALSE(endless.Take("P7\n" + QByteArray(5000, '#')));
 }
 
 }  // namespace

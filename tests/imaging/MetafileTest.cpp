@@ -69,13 +69,18 @@ TEST(EmfRender, RefusesWhatIsNotAnEmfOrIsTooLargeAndExtremeRectanglesDoNotOverfl
 }
 
 // A small file that asks for a great deal of painting (a thousand-pixel frame filled
-// twenty thousand times) is refused quickly instead of keeping the helper busy.
+// twenty thousand times, or half a million glyphs of text) is refused quickly instead of
+// keeping the helper busy.
 TEST(EmfRender, RefusesADrawingThatCostsFarMoreThanItsPicture) {
   const QByteArray corpus = CorpusEmf();
   const qsizetype headerSize = qFromLittleEndian<qint32>(corpus.constData() + 4);
-  QByteArray file = corpus.left(headerSize);
-  qToLittleEndian<qint32>(26458, file.data() + 32);  // a frame of 1,000 x 1,000 pixels
-  qToLittleEndian<qint32>(26458, file.data() + 36);
+  const auto drawing = [&](const QByteArray& record, int times) {
+    QByteArray file = corpus.left(headerSize);
+    qToLittleEndian<qint32>(26458, file.data() + 32);  // a frame of 1,000 x 1,000 pixels
+    qToLittleEndian<qint32>(26458, file.data() + 36);
+    for (int i = 0; i < times; ++i) file += record;
+    return file + corpus.right(20);  // EMR_EOF
+  };
   QByteArray fill(24, '\0');
   qToLittleEndian<quint32>(43, fill.data());  // EMR_RECTANGLE
   qToLittleEndian<quint32>(24, fill.data() + 4);
@@ -83,9 +88,16 @@ TEST(EmfRender, RefusesADrawingThatCostsFarMoreThanItsPicture) {
   qToLittleEndian<qint32>(-1000000, fill.data() + 12);
   qToLittleEndian<qint32>(1000000, fill.data() + 16);
   qToLittleEndian<qint32>(1000000, fill.data() + 20);
-  for (int i = 0; i < 20000; ++i) file += fill;
-  file += corpus.right(20);  // EMR_EOF
-  EXPECT_FALSE(imaging::emf::Render(file, imaging::kMaxPixels).has_value());
+  const int characters = 500;
+  QByteArray text(76 + 2 * characters, '\0');
+  qToLittleEndian<quint32>(84, text.data());  // EMR_EXTTEXTOUTW
+  qToLittleEndian<quint32>(quint32(text.size()), text.data() + 4);
+  qToLittleEndian<quint32>(characters, text.data() + 44);  // EMRTEXT: characters, where they are
+  qToLittleEndian<quint32>(76, text.data() + 48);
+  for (int i = 0; i < characters; ++i) text[76 + 2 * i] = char('A' + i % 26);
+  EXPECT_FALSE(imaging::emf::Render(drawing(fill, 20000), imaging::kMaxPixels).has_value());
+  EXPECT_FALSE(imaging::emf::Render(drawing(text, 1000), imaging::kMaxPixels).has_value());
+  EXPECT_TRUE(imaging::emf::Render(drawing(text, 2), imaging::kMaxPixels).has_value());  // some text still plays
   EXPECT_TRUE(imaging::emf::Render(CorpusEmf(), imaging::kMaxPixels).has_value());  // a real drawing still plays
 }
 

@@ -56,6 +56,7 @@ QTransform XForm(const Record& r, qsizetype o) {
 namespace {
 constexpr std::int64_t kCanvasesOfWork = 64;
 constexpr std::int64_t kWorkPerPathElement = 16;
+constexpr qsizetype kElementsPerGlyph = 64;  // what shaping one glyph's outline costs
 constexpr std::int64_t kBaseWork = 64'000'000;  // what even a small picture may cost
 }  // namespace
 
@@ -63,6 +64,7 @@ constexpr std::int64_t kBaseWork = 64'000'000;  // what even a small picture may
 void Player::Spend(const QRectF& bounds, qsizetype elements) {
   const QRectF covered = painter_.transform().mapRect(bounds).intersected(canvas_);
   work_ += std::int64_t(covered.width() * covered.height()) + std::int64_t(elements) * kWorkPerPathElement;
+  elements_ += elements;
 }
 
 Player::Player(const Header& header, QImage& target) : header_(header), painter_(&target) {
@@ -290,6 +292,8 @@ void Player::PlayText(const Record& r) {
   const QPointF reference = r.Point(28, false);
   const QString text = r.Utf16(static_cast<qsizetype>(r.UInt(40)) - 8, r.UInt(36));
   if (text.isEmpty() || !Reasonable(painter_.transform())) return;
+  Spend(QRectF(), text.size() * kElementsPerGlyph);
+  if (Exhausted()) return;
   const QFontMetricsF metrics(dc_.Font);
   QPointF at = reference;
   if ((dc_.TextAlign & 24) == 0) at.ry() += metrics.ascent();        // TA_TOP
@@ -299,7 +303,8 @@ void Player::PlayText(const Record& r) {
   // Glyph outlines filled as a path: Qt's glyph cache misbehaves under extreme transforms.
   QPainterPath outline;
   outline.addText(at, dc_.Font, text);
-  painter_.fillPath(outline, dc_.TextColour);
+  Spend(outline.controlPointRect(), outline.elementCount());
+  if (!Exhausted()) painter_.fillPath(outline, dc_.TextColour);
 }
 
 void Player::PlayBitmap(const Record& r) {

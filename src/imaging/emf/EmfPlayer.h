@@ -21,8 +21,10 @@ class Player {
   Player(const Header& header, QImage& target);
   void Play(const Record& record);
   // True once the drawing has cost more than a picture should: the painted area of its
-  // shapes beyond 64 times the picture, or millions of path points. Such a file is refused.
-  bool Exhausted() const { return work_ > budget_; }
+  // shapes beyond 64 times the picture, or more path points and glyphs than any drawing
+  // needs, however large its picture. Such a file is refused.
+  bool Exhausted() const { return work_ > budget_ || elements_ > kMostElements; }
+  static constexpr std::int64_t kMostElements = 16'000'000;
 
  private:
   struct State {
@@ -64,6 +66,7 @@ class Player {
   QRectF canvas_;
   std::int64_t work_ = 0;
   std::int64_t budget_ = 0;
+  std::int64_t elements_ = 0;
 };
 
 }  // namespace imaging::emf

@@ -35,8 +35,9 @@ std::optional<QImage> Render(const QByteArray& file, std::int64_t maxPixels) {
       std::int64_t(size.width()) * size.height() > maxPixels) {
     return std::nullopt;
   }
-  QImage image(size, QImage::Format_ARGB32_Premultiplied);
-  image.fill(Qt::transparent);
+  QImage image(size, QImage::Format_RGB32);
+  if (image.isNull()) return std::nullopt;
+  image.fill(Qt::white);
   {
     Player player(*header, image);
     for (const Record& record : ReadRecords(file, kMostRecords)) {

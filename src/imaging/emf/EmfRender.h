@@ -16,8 +16,8 @@ namespace imaging::emf {
 // The output size for a header: the frame (0.01 mm) at 96 dpi, else the bounds.
 QSize OutputSize(const Header& header);
 
-// nullopt for what is not an EMF, or whose size exceeds `maxPixels`; transparent where
-// nothing was drawn.
+// nullopt for what is not an EMF, or whose size exceeds `maxPixels`; drawn on white, as
+// the viewer shows metafiles (one buffer of 32-bit pixels, no alpha).
 std::optional<QImage> Render(const QByteArray& file, std::int64_t maxPixels);
 
 }  // namespace imaging::emf

@@ -8,6 +8,7 @@
 #include <QGuiApplication>
 
 #include <cstdio>
+#include <vector>
 
 int main(int argc, char** argv) {
   if (argc != 2) return 2;
@@ -17,8 +18,17 @@ int main(int argc, char** argv) {
   if (!file.open(QIODevice::ReadOnly) || file.size() > (qint64(256) << 20)) return 1;
   const auto picture = imaging::emf::Render(file.readAll(), imaging::kMaxPixels);
   if (!picture) return 1;
-  const QImage rgba = picture->convertToFormat(QImage::Format_RGBA8888);
-  std::printf("P7\nWIDTH %d\nHEIGHT %d\nDEPTH 4\nMAXVAL 255\nTUPLTYPE RGB_ALPHA\nENDHDR\n", rgba.width(), rgba.height());
-  for (int y = 0; y < rgba.height(); ++y) std::fwrite(rgba.constScanLine(y), 4, size_t(rgba.width()), stdout);
+  // Row by row into RGB, so the picture is the only full-size buffer.
+  std::printf("P7\nWIDTH %d\nHEIGHT %d\nDEPTH 3\nMAXVAL 255\nTUPLTYPE RGB\nENDHDR\n", picture->width(), picture->height());
+  std::vector<unsigned char> row(size_t(picture->width()) * 3);
+  for (int y = 0; y < picture->height(); ++y) {
+    const auto* pixels = reinterpret_cast<const QRgb*>(picture->constScanLine(y));
+    for (int x = 0; x < picture->width(); ++x) {
+      row[size_t(x) * 3] = static_cast<unsigned char>(qRed(pixels[x]));
+      row[size_t(x) * 3 + 1] = static_cast<unsigned char>(qGreen(pixels[x]));
+      row[size_t(x) * 3 + 2] = static_cast<unsigned char>(qBlue(pixels[x]));
+    }
+    std::fwrite(row.data(), 1, row.size(), stdout);
+  }
   return std::fflush(stdout) == 0 ? 0 : 1;
 }
