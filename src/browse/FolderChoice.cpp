@@ -4,6 +4,7 @@
 #include "base/Paths.h"
 #include "browse/FileTypes.h"
 
+#include <QDir>
 #include <QDirIterator>
 
 namespace browse {
@@ -20,8 +21,9 @@ bool FolderHasImages(const QString& folder) {
 FolderChoice CheckFolderChoice(const QString& candidate) {
   const QString trimmed = numbers::TrimBlanks(candidate);
   if (trimmed.isEmpty()) return {trimmed, FolderProblem::NothingChosen};
-  const QString folder = base::StripTrailingBackslashes(trimmed);
+  QString folder = base::StripTrailingBackslashes(trimmed);
   if (!base::FolderExists(folder)) return {folder, FolderProblem::NotFound};
+  folder = QDir::cleanPath(QDir(folder).absolutePath());  // kept in the settings: it must not depend on where we started
   if (!FolderHasImages(folder)) return {folder, FolderProblem::NoImages};
   return {folder, FolderProblem::None};
 }

@@ -13,7 +13,7 @@ bool FolderHasImages(const QString& folder);
 enum class FolderProblem { None, NothingChosen, NotFound, NoImages };
 
 struct FolderChoice {
-  QString Folder;  // trimmed, without trailing separators
+  QString Folder;  // trimmed, without trailing separators; absolute once found
   FolderProblem Problem = FolderProblem::None;
 };
 

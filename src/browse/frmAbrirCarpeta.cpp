@@ -87,7 +87,10 @@ QWidget* frmAbrirCarpeta::BuildRecentPage() {
   removeAll->setObjectName(QStringLiteral("cmdBorrarTodo"));
   connect(remove, &QPushButton::clicked, this, &frmAbrirCarpeta::RemoveSelectedRecent);
   connect(removeAll, &QPushButton::clicked, this, &frmAbrirCarpeta::RemoveAllRecent);
-  connect(lisRecientes_, &QListWidget::itemDoubleClicked, this, &frmAbrirCarpeta::AcceptChoice);
+  connect(lisRecientes_, &QListWidget::itemDoubleClicked, this, [this](QListWidgetItem* item) {
+    lisRecientes_->setCurrentItem(item, QItemSelectionModel::ClearAndSelect);
+    AcceptChoice();
+  });
   auto* buttons = new QHBoxLayout;
   buttons->addWidget(remove);
   buttons->addWidget(removeAll);
@@ -119,9 +122,16 @@ QWidget* frmAbrirCarpeta::ControlOfTab() const {
 
 // OK: the candidate of the tab shown; a folder that is not named, not there or without
 // images is refused and the user goes on where they were.
+// The row the user selected, which need not be the current one; -1 when none is.
+int frmAbrirCarpeta::SelectedRecentRow() const {
+  const QList<QListWidgetItem*> selected = lisRecientes_->selectedItems();
+  return selected.isEmpty() ? -1 : lisRecientes_->row(selected.first());
+}
+
 void frmAbrirCarpeta::AcceptChoice() {
-  const QListWidgetItem* recent = lisRecientes_->currentItem();
-  const QString candidate = tabPestana_->currentIndex() == 0 ? txtCarpeta_->text() : recent ? recent->text() : QString();
+  const int row = SelectedRecentRow();
+  const QString candidate =
+      tabPestana_->currentIndex() == 0 ? txtCarpeta_->text() : row >= 0 ? lisRecientes_->item(row)->text() : QString();
   widgets::BusyPointerGuard busy;
   const FolderChoice choice = CheckFolderChoice(candidate);
   if (choice.Problem != FolderProblem::None) {
@@ -142,7 +152,7 @@ void frmAbrirCarpeta::AcceptChoice() {
 
 // The selected row is the n-th folder of the list, which is the n-th filled slot.
 void frmAbrirCarpeta::RemoveSelectedRecent() {
-  const int row = lisRecientes_->currentRow();
+  const int row = SelectedRecentRow();
   if (row < 0) return;
   int filled = -1;
   for (int slot = 0; slot < int(settings_.RecentFolders.size()); ++slot) {

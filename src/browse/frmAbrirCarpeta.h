@@ -36,6 +36,7 @@ class frmAbrirCarpeta : public QDialog {
   void ShowInTree(const QString& folder);
   void AcceptChoice();
   void RemoveSelectedRecent();
+  int SelectedRecentRow() const;
   void RemoveAllRecent();
   QWidget* ControlOfTab() const;
 

@@ -47,7 +47,7 @@ const CatalogueCommand* FindCatalogueCommand(const QString& menuCommand);
 // The operation's values read from the dialog (a text that does not convert reads 0,
 // as in the preview) and the selection in pixels, each clamped into its range.
 Arguments ArgumentsFrom(const CatalogueCommand& command, const DialogValues& values, const QRect& selection = {});
-// The command's reading (step 4 of the frame): when any text box did not convert, the
+// What the command applies after OK: when any text box did not convert, the
 // values the dialog showed when it opened (the table's fallbacks) are used instead.
 Arguments CommandArguments(const CatalogueCommand& command, const DialogValues& chosen, const DialogValues& atLoad,
                            const QRect& selection = {});

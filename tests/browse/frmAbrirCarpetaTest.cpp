@@ -40,6 +40,10 @@ TEST(FolderChoice, NeedsAFolderThatExistsAndHoldsAnImage) {
     EXPECT_EQ(browse::CheckFolderChoice(candidate).Problem, problem) << candidate.toStdString();
   }
   EXPECT_EQ(browse::CheckFolderChoice(photos + u'/').Folder, photos);
+  const QString started = QDir::currentPath();  // a relative folder is kept absolute
+  QDir::setCurrent(root.Path());
+  EXPECT_EQ(browse::CheckFolderChoice(QStringLiteral("photos/../photos")).Folder, photos);
+  QDir::setCurrent(started);
 }
 
 class frmAbrirCarpetaTest : public ::testing::Test {
@@ -90,17 +94,37 @@ TEST_F(frmAbrirCarpetaTest, TheRecentTabOpensRemovesAndClears) {
   Child<QTabWidget>(dialog, "tabPestana")->setCurrentIndex(1);
   auto* recent = Child<QListWidget>(dialog, "lisRecientes");
   ASSERT_EQ(recent->count(), 3);
-  recent->setCurrentRow(0);
+  const auto selectOnly = [recent](int row) {  // the selection moves, the current row stays on the first
+    recent->setCurrentRow(0);
+    recent->clearSelection();
+    recent->item(row)->setSelected(true);
+  };
+  selectOnly(2);
   QTest::mouseClick(Child<QPushButton>(dialog, "cmdBorrar"), Qt::LeftButton);
-  EXPECT_EQ(settings::RecentFolderList(settings_), (QStringList{photos_, "/gone/one"}));
+  EXPECT_EQ(settings::RecentFolderList(settings_), (QStringList{"/gone/two", photos_}));
+  selectOnly(0);
+  QTest::mouseClick(Child<QPushButton>(dialog, "cmdBorrar"), Qt::LeftButton);
+  settings::AddRecentFolder(settings_, QStringLiteral("/gone/one"));
+  recent->clear();
+  recent->addItems(settings::RecentFolderList(settings_));
+  EXPECT_EQ(settings::RecentFolderList(settings_), (QStringList{"/gone/one", photos_}));
+  selectOnly(1);
+  {
+    DialogAnswerer answerer;  // OK opens the selected row, never the current one
+    ClickOk(dialog);
+    EXPECT_TRUE(answerer.LastText().isEmpty()) << answerer.LastText().toStdString();
+  }
+  EXPECT_EQ(dialog.ChosenFolder(), photos_);
+  dialog.show();
+  Child<QTabWidget>(dialog, "tabPestana")->setCurrentIndex(1);
   {
     DialogAnswerer no(QMessageBox::No);
     QTest::mouseClick(Child<QPushButton>(dialog, "cmdBorrarTodo"), Qt::LeftButton);
     EXPECT_EQ(no.LastText(), QStringLiteral("Are you sure you want to clear the list of recent folders?"));
   }
   EXPECT_EQ(recent->count(), 2);
-  recent->setCurrentRow(0);
-  Q_EMIT recent->itemDoubleClicked(recent->item(0));
+  selectOnly(1);
+  Q_EMIT recent->itemDoubleClicked(recent->item(0));  // a double click acts on the row clicked
   EXPECT_EQ(dialog.ChosenFolder(), photos_);
   DialogAnswerer yes(QMessageBox::Yes);
   EXPECT_TRUE(browse::ConfirmAndClearRecentFolders(nullptr, settings_));

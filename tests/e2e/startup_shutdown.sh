@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# The whole program under Xvfb, as a new user would try it (issue 2's "done when"):
+# The whole program under Xvfb, as a new user would try it:
 # `vistrel <folder>` opens a window; File > Exit writes the 55-line settings file;
 # with StartOption 1 a second start reopens that folder.
 # Usage: startup_shutdown.sh PATH_TO_VISTREL SAMPLES_FOLDER
