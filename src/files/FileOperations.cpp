@@ -84,6 +84,7 @@ bool CopyFileSafely(const QString& from, const QString& to) {
   if (QFileInfo(to).exists() && QFileInfo(to).canonicalFilePath() == QFileInfo(from).canonicalFilePath()) return true;
   QFile source(from);
   if (!QFileInfo(from).isFile() || IsReadOnlyFile(to) || !source.open(QIODevice::ReadOnly)) return false;
+  const bool replacing = QFileInfo::exists(to);
   QSaveFile target(to);
   if (!target.open(QIODevice::WriteOnly)) return false;
   constexpr qint64 kChunk = 1 << 20;
@@ -100,11 +101,11 @@ bool CopyFileSafely(const QString& from, const QString& to) {
   target.setPermissions(original.permissions());
   if (!target.commit()) return false;
   KeepOwnerAndTimes(from, to);
-  if (Sha256Of(to) != Sha256Of(from)) {  // read back: a disk that lied loses nothing
-    QFile::remove(to);                    // a broken copy, never the source (see above)
-    return false;
-  }
-  return true;
+  // Read back: a copy that differs is reported. A broken new file goes; one that replaced a
+  // file stays, as it may be all that is left of it.
+  if (Sha256Of(to) == Sha256Of(from)) return true;
+  if (!replacing) QFile::remove(to);
+  return false;
 }
 
 bool MoveFileSafely(const QString& from, const QString& to) {
