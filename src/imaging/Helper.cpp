@@ -8,7 +8,7 @@
 #include "imaging/Loader.h"
 #include "imaging/Pam.h"
 
-#include <QDeadlineTimer>
+#include <QElapsedTimer>
 #include <QProcess>
 #include <QCoreApplication>
 #include <QDir>
@@ -138,11 +138,16 @@ bool HelperDecoder::Run(const QByteArray& input, const QStringList& arguments, c
   if (!process.waitForStarted()) return false;
   process.write(input);
   process.closeWriteChannel();
-  // The output is handed on as it comes, so it is never held whole.
-  const QDeadlineTimer deadline(limits_.Time);
+  // The output is handed on as it comes, so it is never held whole. The time limit counts
+  // the time spent waiting for the helper, not the time we take over what it sent.
+  const qint64 limit = limits_.Time.count();
+  qint64 waited = 0;
+  QElapsedTimer clock;
   bool receiving = true;
-  while (receiving && process.state() != QProcess::NotRunning && !deadline.hasExpired()) {
-    process.waitForReadyRead(static_cast<int>(std::max<qint64>(deadline.remainingTime(), 1)));
+  while (receiving && process.state() != QProcess::NotRunning && waited < limit) {
+    clock.start();
+    process.waitForReadyRead(static_cast<int>(limit - waited));
+    waited += clock.elapsed();
     receiving = receive(process.readAllStandardOutput());
   }
   if (process.state() != QProcess::NotRunning) {

@@ -78,7 +78,9 @@ bool PamReceiver::AddBand(int rows) {
   const PamImage& pam = *header_;
   const qsizetype samples = qsizetype(pam.Width) * pam.Depth * rows;
   QByteArray eight(samples, Qt::Uninitialized);
-  for (qsizetype i = 0; i < samples; ++i) eight[i] = pending_[i * pam.BytesPerSample];
+  const char* from = pending_.constData();
+  char* to = eight.data();
+  for (qsizetype i = 0; i < samples; ++i) to[i] = from[i * pam.BytesPerSample];
   pending_.remove(0, samples * pam.BytesPerSample);
   rowsTaken_ += rows;
   const auto interpretation = pam.Depth <= 2 ? VIPS_INTERPRETATION_B_W : VIPS_INTERPRETATION_sRGB;
