@@ -43,7 +43,7 @@ class Lines {
 // Seconds with a period and at most one decimal, without a leading blank: "3", "2.5".
 QString PlainSeconds(double seconds) {
   const double rounded = OneDecimal(seconds);
-  return rounded == std::floor(rounded) ? QString::number(qint64(rounded)) : QString::number(rounded, 'f', 1);
+  return QString::number(rounded, 'f', rounded == std::floor(rounded) ? 0 : 1);  // any size, no integer overflow
 }
 
 }  // namespace
