@@ -8,14 +8,13 @@
 
 #include <gio/gio.h>
 
+#include <algorithm>
 #include <cerrno>
+#include <cstdio>
 
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
-#include <cstdio>
-
-#include <algorithm>
 
 namespace files {
 
@@ -115,8 +114,8 @@ bool MoveFileSafely(const QString& from, const QString& to) {
   return CopyFileSafely(from, to) && QFile::remove(from);
 }
 
-// GIO writes the Trash's record with the original path percent-encoded, as the Trash
-// specification asks, so names with a newline or "%2F" are restored where they came from.
+// GIO writes the Trash's record with the original path percent-encoded, so names with a
+// newline or "%2F" are restored where they came from.
 bool MoveToTrash(const QString& path) {
   if (!QFileInfo(path).isFile()) return false;
   GFile* file = g_file_new_for_path(base::EncodeFileName(path).constData());

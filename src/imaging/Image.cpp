@@ -41,7 +41,7 @@ vips::VImage Normalized(vips::VImage image) {
 
 Image Wrap(vips::VImage image, bool onWhite) {
   image = Normalized(image);
-  if (onWhite && image.bands() == 4) image = image.flatten(WhiteBackground()).cast(VIPS_FORMAT_UCHAR);
+  if (onWhite) image = FlattenedOnWhite(image);
   return Image::FromInternal(Image::Pixels{image.copy_memory()});
 }
 
@@ -89,7 +89,7 @@ Image Image::FitWithin(int maxWidth, int maxHeight) const {
 
 Image Image::OnWhite() const {
   if (!HasAlpha()) return *this;
-  return FromInternal(Pixels{pixels_->image.flatten(WhiteBackground()).cast(VIPS_FORMAT_UCHAR).copy_memory()});
+  return FromInternal(Pixels{FlattenedOnWhite(pixels_->image).copy_memory()});
 }
 
 QImage Image::ToQImage() const {

@@ -20,10 +20,16 @@ struct Image::Pixels {
 // Any decoded image to the form an Image holds: sRGB, 8 bits, 3 bands or 4 with alpha.
 vips::VImage Normalized(vips::VImage image);
 
-// flatten()'s option for compositing onto white.
-inline vips::VOption* WhiteBackground() {
-  return vips::VImage::option()->set("background", std::vector<double>{255, 255, 255});
+// The image composited onto white (unchanged without alpha), still a pipeline.
+inline vips::VImage FlattenedOnWhite(const vips::VImage& image) {
+  if (image.bands() != 4) return image;
+  return image.flatten(vips::VImage::option()->set("background", std::vector<double>{255, 255, 255}))
+      .cast(VIPS_FORMAT_UCHAR);
 }
+
+// Packed 8-bit rows in memory as an image, without a copy; the memory must outlive it.
+vips::VImage RowsIn(void* data, int width, int rows, int bands,
+                    VipsInterpretation interpretation = VIPS_INTERPRETATION_sRGB);
 
 // Reduced to exactly width x height (each at most the image's) with an adaptive Lanczos-3
 // kernel, in memory.

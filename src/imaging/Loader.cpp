@@ -108,13 +108,14 @@ std::optional<QSize> ReadImageSize(const QString& path) {
 std::optional<Image> LoadFitting(const QString& path, int maxWidth, int maxHeight, FittingLoad* facts) {
   const QString extension = LowerCaseExtension(path);
   const Decision decision = DecisionFor(path);
+  const bool onWhite = ComesInOnWhite(extension);
   FittingLoad noted;
   std::optional<Image> image;
   if (decision.Via == Route::Vips) {
-    image = DecodeWithVips(path, maxWidth, maxHeight, ComesInOnWhite(extension));
+    image = DecodeWithVips(path, maxWidth, maxHeight, onWhite);
     if (image && facts) noted.Original = VipsHeaderSize(path).value_or(QSize());
   } else {
-    image = Decode(path, decision, extension, {ComesInOnWhite(extension), &noted.TimedOut});
+    image = Decode(path, decision, extension, {onWhite, &noted.TimedOut});
     if (image) noted.Original = QSize(image->Width(), image->Height());
   }
   if (facts) *facts = noted;

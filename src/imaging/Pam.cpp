@@ -85,9 +85,7 @@ bool PamReceiver::AddBand(int rows) {
   rowsTaken_ += rows;
   const auto interpretation = pam.Depth <= 2 ? VIPS_INTERPRETATION_B_W : VIPS_INTERPRETATION_sRGB;
   try {
-    vips::VImage band = vips::VImage::new_from_memory(eight.data(), size_t(samples), pam.Width, rows, pam.Depth,
-                                                      VIPS_FORMAT_UCHAR);
-    return rows_->Add(band.copy(vips::VImage::option()->set("interpretation", interpretation)));
+    return rows_->Add(RowsIn(eight.data(), pam.Width, rows, pam.Depth, interpretation));
   } catch (const vips::VError&) {
     vips_error_clear();
     return false;

@@ -15,14 +15,14 @@ size_t PixelCount(int width, int height) { return size_t(width) * size_t(height)
 
 void ReleaseBuffer(VipsImage*, gpointer owner) { delete static_cast<RowAssembler::Buffer*>(owner); }
 
-// Packed 8-bit RGB or RGBA rows in memory, without a copy.
-vips::VImage RowsIn(void* data, int width, int rows, int bands) {
-  return vips::VImage::new_from_memory(data, PixelCount(width, rows) * size_t(bands), width, rows, bands,
-                                       VIPS_FORMAT_UCHAR)
-      .copy(vips::VImage::option()->set("interpretation", VIPS_INTERPRETATION_sRGB));
-}
 
 }  // namespace
+
+vips::VImage RowsIn(void* data, int width, int rows, int bands, VipsInterpretation interpretation) {
+  return vips::VImage::new_from_memory(data, PixelCount(width, rows) * size_t(bands), width, rows, bands,
+                                       VIPS_FORMAT_UCHAR)
+      .copy(vips::VImage::option()->set("interpretation", interpretation));
+}
 
 int RowAssembler::BandRows(int width) {
   return static_cast<int>(std::clamp<std::int64_t>(kBandBytes / (std::int64_t(std::max(width, 1)) * 4), 1, 4096));
@@ -39,7 +39,7 @@ RowAssembler::RowAssembler(int width, int height, bool alpha, bool onWhite, Buff
 bool RowAssembler::Add(const vips::VImage& rows) {
   if (!buffer_ || rows.width() != width_ || rows.height() > height_ - filled_) return false;
   vips::VImage ready = Normalized(rows);
-  if (onWhite_ && ready.bands() == 4) ready = ready.flatten(WhiteBackground()).cast(VIPS_FORMAT_UCHAR);
+  if (onWhite_) ready = FlattenedOnWhite(ready);
   if (ready.bands() != bands_) return false;
   size_t size = 0;
   void* band = ready.write_to_memory(&size);

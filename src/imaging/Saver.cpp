@@ -12,7 +12,6 @@
 #include <QImageWriter>
 #include <QSaveFile>
 
-
 namespace imaging {
 
 namespace {
@@ -97,9 +96,7 @@ std::optional<VipsSaveSpec> VipsSaveSpecFor(const QString& ext, const SaveOption
 
 vips::VImage PreparedForVipsSave(const Image& image, const VipsSaveSpec& spec) {
   vips::VImage prepared = image.Internal().image;
-  if (spec.OnWhite && prepared.bands() == 4) {
-    prepared = prepared.flatten(WhiteBackground()).cast(VIPS_FORMAT_UCHAR);
-  }
+  if (spec.OnWhite) prepared = FlattenedOnWhite(prepared);
   prepared = prepared.copy();
   if (spec.Upright) prepared.set("orientation", 1);  // the pixels are upright; the rest of EXIF stays
   return prepared;

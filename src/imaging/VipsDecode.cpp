@@ -40,12 +40,14 @@ std::optional<vips::VImage> OpenUpright(const QString& path) {
 std::optional<Image> DecodeWithVips(const QString& path, int maxWidth, int maxHeight, bool onWhite) {
   Initialize();
   try {
-    if (!OpenChecked(path)) return std::nullopt;
+    const auto image = OpenChecked(path);
+    if (!image) return std::nullopt;
     if (maxWidth > 0 && maxHeight > 0) {
       auto options = vips::VImage::option()->set("height", maxHeight)->set("size", VIPS_SIZE_DOWN);
       return Wrap(vips::VImage::thumbnail_source(SourceOf(path), maxWidth, options), onWhite);
     }
-    if (const auto upright = OpenUpright(path)) return Wrap(*upright, onWhite);  // one pass straight into memory
+    // Upright pixels go in one pass straight into memory; turning them needs random access.
+    if (vips_image_get_orientation(image->get_image()) <= 1) return Wrap(*image, onWhite);
     return Wrap(vips::VImage::new_from_source(SourceOf(path), "").autorot(), onWhite);
   } catch (const vips::VError&) {
     vips_error_clear();
