@@ -67,7 +67,9 @@ std::optional<SlideShowList> ReadSlideShowText(const QByteArray& bytes, const QL
   for (int i = 0; i < count; ++i) {
     const auto row = lines.Next();
     if (!row) return list;
-    list.Rows.push_back({row->mid(1), !row->startsWith(u' ')});
+    // The first character is the row's mark; a mark outside the BMP is one character too.
+    const qsizetype mark = row->size() > 1 && row->front().isHighSurrogate() ? 2 : 1;
+    list.Rows.push_back({row->mid(mark), !row->startsWith(u' ')});
   }
   list.Random = lines.NextFlag();
   list.Repeat = lines.NextFlag();
