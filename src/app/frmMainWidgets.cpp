@@ -86,13 +86,16 @@ void frmMain::ConnectDocument() {
   });
 }
 
-// The Thumbnails view: a click opens the entry as a click in the list does, a double-click
-// opens it full screen, the right button the list's menu.
+// The Thumbnails view: a click (or a key that moves the current tile) opens the entry as a
+// click in the list does, a double-click or Enter opens it full screen, the right button
+// the list's menu for the tile under the pointer.
 void frmMain::ConnectThumbnails() {
   using browse::ThumbnailsView;
   connect(picFondoThumbnails_, &ThumbnailsView::EntryClicked, this, [this](int row) {
     SelectListRow(row);
     document_.ClickEntry(row);
+    commands_.Refresh();
+    if (document_.ShownRow() != row && document_.ShownRow() >= 0) SelectListRow(document_.ShownRow());
   });
   connect(picFondoThumbnails_, &ThumbnailsView::EntryDoubleClicked, this, [this](int row) {
     SelectListRow(row);
@@ -108,6 +111,8 @@ void frmMain::ShowThumbnails() {
   picFondoThumbnails_->SetFolder(state_.Settings.LastFolder);
   picFondoThumbnails_->SetBackground(base::ColorFromBgr(state_.Settings.ColorThumbnails));
   picFondoThumbnails_->ShowPage(browse::PageOfRow(document_.ShownRow()));
+  picFondoThumbnails_->SetCurrentRow(document_.ShownRow());
+  picFondoThumbnails_->setFocus();
 }
 
 void frmMain::ShowImage(const imaging::Image* image) {

@@ -46,14 +46,20 @@ QString HashedName(const QString& path) {
          QStringLiteral(".png");
 }
 
-QString FolderOfSide(int side) { return side <= 128 ? QStringLiteral("normal") : QStringLiteral("large"); }
+constexpr int kSides[] = {128, 256, 512, 1024};
+
+QString FolderOfSide(int side) {
+  if (side <= 128) return QStringLiteral("normal");
+  if (side <= 256) return QStringLiteral("large");
+  return side <= 512 ? QStringLiteral("x-large") : QStringLiteral("xx-large");
+}
 
 using TextKeys = std::vector<std::pair<QByteArray, QByteArray>>;
 
 // The keys every thumbnail of a file carries, as the cache names them.
 TextKeys Describe(const QString& path, QSize imageSize) {
   TextKeys keys = {{"Thumb::URI", UriOf(path).toLatin1()}, {"Thumb::MTime", MTimeOf(path).toLatin1()},
-                   {"Software", "Vistrel"}};
+                   {"Thumb::Size", QByteArray::number(QFileInfo(path).size())}, {"Software", "Vistrel"}};
   if (!imageSize.isEmpty()) {
     keys.push_back({"Thumb::Image::Width", QByteArray::number(imageSize.width())});
     keys.push_back({"Thumb::Image::Height", QByteArray::number(imageSize.height())});
@@ -98,7 +104,10 @@ bool IsFresh(const std::map<QByteArray, QByteArray>& keys, const QString& path) 
     const auto found = keys.find(key);
     return found == keys.end() ? QString() : QString::fromLatin1(found->second);
   };
-  return value("Thumb::URI") == UriOf(path) && value("Thumb::MTime") == MTimeOf(path);
+  // The size is optional in the cache's format; when recorded it must match too, so a file
+  // rewritten within the same second is not mistaken for the old one.
+  const bool sizeMatches = !keys.count("Thumb::Size") || value("Thumb::Size").toLongLong() == QFileInfo(path).size();
+  return value("Thumb::URI") == UriOf(path) && value("Thumb::MTime") == MTimeOf(path) && sizeMatches;
 }
 
 quint32 ReadBigEndian(const char* bytes) {
@@ -180,6 +189,14 @@ ThumbnailCache ThumbnailCache::ForUser() {
   return ThumbnailCache(QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation));
 }
 
+int ThumbnailCache::SideFor(QSize box) {
+  const int longest = std::max(box.width(), box.height());
+  for (const int side : kSides) {
+    if (longest <= side) return side;
+  }
+  return kSides[std::size(kSides) - 1];
+}
+
 QString ThumbnailCache::PathFor(const QString& path, int side) const {
   return home_ + QStringLiteral("/thumbnails/") + FolderOfSide(side) + u'/' + HashedName(path);
 }
@@ -189,7 +206,7 @@ QString ThumbnailCache::FailurePath(const QString& path) const {
 }
 
 std::optional<ThumbnailCache::Found> ThumbnailCache::Find(const QString& path, int side) const {
-  for (const int candidate : {side, 256}) {  // a larger one serves a smaller box too
+  for (const int candidate : kSides) {  // a larger one serves a smaller box too
     if (candidate < side) continue;
     const QByteArray png = ReadFile(PathFor(path, candidate));
     const auto keys = PngTextKeys(png);

@@ -23,8 +23,9 @@ class ThumbnailCache {
   explicit ThumbnailCache(QString cacheHome) : home_(std::move(cacheHome)) {}
   static ThumbnailCache ForUser();
 
-  // 128 for a box that fits in it, else 256.
-  static int SideFor(QSize box) { return std::max(box.width(), box.height()) <= 128 ? 128 : 256; }
+  // The smallest of the cache's sizes (128, 256, 512, 1024) that holds the box, in device
+  // pixels; 1024 for anything larger.
+  static int SideFor(QSize box);
 
   struct Found {
     QImage Picture;

@@ -6,11 +6,13 @@
 #include "widgets/frmTexto.h"
 
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QWheelEvent>
 #include <QtConcurrent/QtConcurrentRun>
 
 namespace browse {
@@ -28,13 +30,14 @@ class ThumbnailsView::PageWidget : public QWidget {
     QPainter painter(this);
     for (int i = 0; i < int(view_.cells_.size()); ++i) PaintCell(painter, i);
   }
+  // Either button makes the tile under the pointer current first, so the menu acts on it.
   void mousePressEvent(QMouseEvent* event) override {
+    view_.setFocus();
     const int row = view_.RowAt(event->position().toPoint());
-    if (event->button() == Qt::RightButton) {
-      Q_EMIT view_.ContextMenuRequested(event->globalPosition().toPoint());
-    } else if (event->button() == Qt::LeftButton && row >= 0) {
+    if ((event->button() == Qt::LeftButton || event->button() == Qt::RightButton) && row >= 0) {
       Q_EMIT view_.EntryClicked(row);
     }
+    if (event->button() == Qt::RightButton) Q_EMIT view_.ContextMenuRequested(event->globalPosition().toPoint());
   }
   void mouseDoubleClickEvent(QMouseEvent* event) override {
     const int row = view_.RowAt(event->position().toPoint());
@@ -50,8 +53,17 @@ class ThumbnailsView::PageWidget : public QWidget {
     const QPoint cellTopLeft((index % kThumbnailColumns) * g.Cell.width(),
                              kPageStripPixels + (index / kThumbnailColumns) * g.Cell.height());
     const QRect box(cellTopLeft + QPoint((g.Cell.width() - g.Box.width()) / 2, (g.Cell.height() - block) / 2), g.Box);
+    if (RowsOfPage(view_.page_, view_.list_.Count()).First + index == view_.current_) {
+      const QRect tile = QRect(cellTopLeft, g.Cell).adjusted(3, 3, -3, -3);
+      QColor fill = palette().color(QPalette::Highlight);
+      painter.setPen(QPen(fill, 2));
+      fill.setAlpha(80);
+      painter.setBrush(fill);
+      painter.drawRoundedRect(tile, 6, 6);
+      painter.setBrush(Qt::NoBrush);
+    }
     if (!cell.Picture.isNull()) {
-      const QSize drawn = cell.Picture.size();
+      const QSize drawn = cell.Picture.deviceIndependentSize().toSize();
       painter.drawImage(QPoint(box.left() + (box.width() - drawn.width()) / 2, box.top() + (box.height() - drawn.height()) / 2),
                         cell.Picture);
     }
@@ -101,6 +113,10 @@ ThumbnailsView::ThumbnailsView(const FileListModel& list, const base::ScreenMetr
   picThumbnails_->setAutoFillBackground(false);
   picPagina_ = BuildStrip(picThumbnails_);
   setWidget(picThumbnails_);
+  setFocusPolicy(Qt::StrongFocus);
+  connect(&list_, &FileListModel::modelReset, this, &ThumbnailsView::ListChanged);
+  connect(&list_, &FileListModel::layoutChanged, this, &ThumbnailsView::ListChanged);
+  connect(&list_, &FileListModel::dataChanged, this, &ThumbnailsView::ListChanged);
 }
 
 // The tasks still running hold `this` for posting their result: they finish first.
@@ -173,6 +189,61 @@ void ThumbnailsView::ShowPage(int page) {
   StartDecoding();
 }
 
+// Renamed, deleted or added entries: the page shown is drawn again from the list.
+void ThumbnailsView::ListChanged() {
+  if (current_ >= list_.Count()) current_ = -1;
+  if (isVisible()) ShowPage(page_);
+}
+
+void ThumbnailsView::SetCurrentRow(int row) {
+  current_ = row >= 0 && row < list_.Count() ? row : -1;
+  if (current_ >= 0 && PageOfRow(current_) != page_) {
+    ShowPage(PageOfRow(current_));
+  } else {
+    picThumbnails_->update();
+  }
+}
+
+// The arrows move the current tile by one cell, Page Up and Page Down by a page, Home and
+// End to the ends; the move opens the entry as a click does. Enter opens it full screen.
+void ThumbnailsView::keyPressEvent(QKeyEvent* event) {
+  if (event->modifiers() & ~Qt::KeypadModifier) return QScrollArea::keyPressEvent(event);
+  const int last = list_.Count() - 1;
+  switch (event->key()) {
+    case Qt::Key_Left: MoveCurrent(-1); break;
+    case Qt::Key_Right: MoveCurrent(1); break;
+    case Qt::Key_Up: MoveCurrent(-kThumbnailColumns); break;
+    case Qt::Key_Down: MoveCurrent(kThumbnailColumns); break;
+    case Qt::Key_PageUp: MoveCurrent(-kThumbnailsPerPage); break;
+    case Qt::Key_PageDown: MoveCurrent(kThumbnailsPerPage); break;
+    case Qt::Key_Home: MoveCurrent(-std::max(0, current_)); break;
+    case Qt::Key_End: MoveCurrent(last - std::max(0, current_)); break;
+    case Qt::Key_Return: case Qt::Key_Enter:
+      if (current_ >= 0) Q_EMIT EntryDoubleClicked(current_);
+      break;
+    default: return QScrollArea::keyPressEvent(event);
+  }
+}
+
+void ThumbnailsView::MoveCurrent(int by) {
+  if (list_.Count() == 0) return;
+  const int target = current_ < 0 ? 0 : std::clamp(current_ + by, 0, list_.Count() - 1);
+  if (target != current_) Q_EMIT EntryClicked(target);
+}
+
+// The wheel scrolls a page taller than the window first, then turns pages, one a notch.
+void ThumbnailsView::wheelEvent(QWheelEvent* event) {
+  const int delta = event->angleDelta().y();
+  QScrollBar* bar = verticalScrollBar();
+  const bool canScroll = delta < 0 ? bar->value() < bar->maximum() : bar->value() > bar->minimum();
+  if (delta == 0 || canScroll) return QScrollArea::wheelEvent(event);
+  wheelTurn_ += delta;
+  const int notches = wheelTurn_ / 120;
+  wheelTurn_ -= notches * 120;
+  if (notches != 0) ShowPage(std::clamp(page_ - notches, 1, std::max(1, Pages())));
+  event->accept();
+}
+
 bool ThumbnailsView::PageComplete() const {
   return std::all_of(cells_.begin(), cells_.end(), [](const Cell& cell) { return cell.Done; });
 }
@@ -184,18 +255,20 @@ void ThumbnailsView::StartDecoding() {
   const PageRows rows = RowsOfPage(page_, list_.Count());
   for (int row = rows.First; row < rows.Last; ++row) {
     const QString path = base::JoinPath(folder_, list_.Entry(row).FileName);
+    const qreal ratio = devicePixelRatioF();
     const QSize box = geometry_.Box;
     const base::ScreenMetrics metrics = metrics_;
-    decoding_.push_back(QtConcurrent::run([this, generation, index = row - rows.First, path, box, metrics,
+    decoding_.push_back(QtConcurrent::run([this, generation, index = row - rows.First, path, box, ratio, metrics,
                                            current = generation_, cache = cache_] {
       if (current->load() != generation) return;
-      const auto [picture, size] = Thumbnail(cache, path, ThumbnailCache::SideFor(box));
+      const auto [picture, size] = Thumbnail(cache, path, ThumbnailCache::SideFor(box * ratio));
       Cell cell;
       const DrawnSize drawn = DrawnSizeInBox(size, box, metrics.TwipsPerPixelX, metrics.TwipsPerPixelY);
       if (!picture.isNull() && !drawn.Size.isEmpty()) {
         cell.ImageSize = size;
-        cell.Picture = picture.scaled(drawn.Size, Qt::IgnoreAspectRatio,
+        cell.Picture = picture.scaled(drawn.Size * ratio, Qt::IgnoreAspectRatio,
                                       drawn.Resample ? Qt::SmoothTransformation : Qt::FastTransformation);
+        cell.Picture.setDevicePixelRatio(ratio);
       }
       cell.Done = true;
       QMetaObject::invokeMethod(this, [this, generation, index, cell] { Delivered(generation, index, cell); },

@@ -1,5 +1,6 @@
 // The main window on a screen at 200 % desktop scaling (QT_SCALE_FACTOR=2): at 100 % an
 // image pixel is one device pixel, while the zoom and the selection speak image pixels.
+#include "browse/ThumbnailsView.h"
 #include "support/ImageCompare.h"
 #include "support/MainWindowTest.h"
 #include "view/Viewport.h"
@@ -47,6 +48,16 @@ TEST_F(frmMainHiDpiTest, TheSelectionAndTheDialogsSpeakImagePixels) {
   Trigger("mnuImageCrop");
   EXPECT_EQ(Pane("lblStatusSize"), QStringLiteral("20 x 10"));
   EXPECT_EQ(Shown().ToQImage().pixel(0, 0), original_.pixel(20, 20));
+}
+
+TEST_F(frmMainHiDpiTest, ThumbnailsAreDrawnAtDevicePixels) {
+  Doc().OpenChosenFolder(pictures_.Path());
+  Trigger("mnuViewThumbnails");
+  auto* view = Child<browse::ThumbnailsView>("picFondoThumbnails");
+  ASSERT_TRUE(QTest::qWaitFor([view] { return view->PageComplete(); }, 10000));
+  const QImage& picture = view->Cells().at(0).Picture;
+  EXPECT_EQ(picture.devicePixelRatio(), 2.0);
+  EXPECT_EQ(picture.width(), 2 * view->Geometry().Box.width());
 }
 
 }  // namespace

@@ -42,6 +42,17 @@ TEST(ThumbnailCache, WhatWeStoreTheDesktopFindsValidAndAChangeMakesStale) {
   ASSERT_TRUE(file.setFileTime(QDateTime::currentDateTime().addSecs(3600), QFileDevice::FileModificationTime));
   file.close();
   EXPECT_FALSE(cache.Find(photo, 128).has_value());
+
+  // A failure is forgotten when the file is rewritten, even within the same second.
+  const QString broken = pictures.WriteBytes(QStringLiteral("broken.png"), "not yet");
+  const QDateTime written = QFileInfo(broken).lastModified();
+  cache.StoreFailure(broken);
+  ASSERT_TRUE(cache.IsKnownFailure(broken));
+  pictures.WritePng(QStringLiteral("broken.png"), 20, 20);
+  QFile rewritten(broken);
+  ASSERT_TRUE(rewritten.open(QIODevice::ReadWrite) && rewritten.setFileTime(written, QFileDevice::FileModificationTime));
+  rewritten.close();
+  EXPECT_FALSE(cache.IsKnownFailure(broken));
 }
 
 // A cache others can write into is read and written without trusting it: a link planted
@@ -68,6 +79,10 @@ TEST(ThumbnailCache, APlantedLinkOrAnUntrueThumbnailIsNeverBelieved) {
   } untrue[] = {{{500, 333}, {300, 200}, 512}, {{256, 171}, {1, 2000000}, 256}, {{256, 171}, {60000, 60000}, 256}};
   for (const auto& c : untrue) {
     cache.Store(photo, reduced.scaled(c.Picture), c.Recorded, c.StoredAs);
+    if (c.StoredAs != 256) {  // planted in the smaller class
+      QFile::remove(cache.PathFor(photo, 256));
+      ASSERT_TRUE(QFile::rename(cache.PathFor(photo, c.StoredAs), cache.PathFor(photo, 256)));
+    }
     EXPECT_FALSE(cache.Find(photo, 256).has_value()) << c.Picture.width() << "x" << c.Recorded.height();
   }
 
