@@ -1,6 +1,7 @@
 #include "base/NumberRules.h"
 
 #include <QLocale>
+#include <QRegularExpression>
 
 #include <cmath>
 #include <limits>
@@ -121,11 +122,12 @@ QString FormatThousands(double value) { return FormatFixed(value, 0); }
 
 QString FormatThousandsOneDecimal(double value) { return FormatFixed(value, 1); }
 
-QString FormatGeneralDate(const QDateTime& when) {
-  const QLocale us(QLocale::English, QLocale::UnitedStates);
-  const QString date = us.toString(when, QStringLiteral("M/d/yyyy"));
+QString FormatGeneralDate(const QDateTime& when, const QLocale& locale) {
+  const QString date = locale.toString(when.date(), QLocale::ShortFormat);
   if (when.time() == QTime(0, 0)) return date;
-  return date + u' ' + us.toString(when, QStringLiteral("h:mm:ss AP"));
+  QString timeFormat = locale.timeFormat(QLocale::LongFormat);  // with seconds, without the zone
+  timeFormat.remove(QRegularExpression(QStringLiteral("\\s*\\(?t+\\)?")));
+  return date + u' ' + locale.toString(when.time(), timeFormat.trimmed());
 }
 
 }  // namespace numbers

@@ -5,6 +5,7 @@
 // for the user goes through these, so the same input always gives the same figure.
 
 #include <QDateTime>
+#include <QLocale>
 #include <QString>
 #include <QStringView>
 
@@ -43,8 +44,9 @@ QString TrimBlanks(const QString& text);
 QString FormatThousands(double value);
 QString FormatThousandsOneDecimal(double value);
 
-// A date and time as US English shows it: "11/21/2026 9:05:03 PM"; the time is left
-// out at midnight.
-QString FormatGeneralDate(const QDateTime& when);
+// A date and time as the user's locale writes them, the short date and the time with
+// seconds: "11/21/26 9:05:03 PM" in the US, "21.11.26 21:05:03" in Germany; the time is
+// left out at midnight.
+QString FormatGeneralDate(const QDateTime& when, const QLocale& locale = QLocale());
 
 }  // namespace numbers

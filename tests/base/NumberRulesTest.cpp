@@ -55,10 +55,19 @@ TEST(FormatThousands, GroupsThousands) {
   EXPECT_EQ(numbers::FormatThousandsOneDecimal(0.04), QStringLiteral("0.0"));
 }
 
-TEST(FormatGeneralDate, UsesTheUsFormAndLeavesOutMidnight) {
-  EXPECT_EQ(numbers::FormatGeneralDate(QDateTime(QDate(2026, 11, 21), QTime(21, 5, 3))),
-            QStringLiteral("11/21/2026 9:05:03 PM"));
-  EXPECT_EQ(numbers::FormatGeneralDate(QDateTime(QDate(2026, 1, 2), QTime(0, 0))), QStringLiteral("1/2/2026"));
+TEST(FormatGeneralDate, FollowsTheLocaleAndLeavesOutMidnight) {
+  const QDateTime evening(QDate(2026, 11, 21), QTime(21, 5, 3));
+  const std::tuple<QLocale::Language, QLocale::Territory, const char*, const char*> cases[] = {
+      {QLocale::English, QLocale::UnitedStates, "11/21/", "9:05:03 PM"},
+      {QLocale::German, QLocale::Germany, "21.11.", "21:05:03"},
+      {QLocale::English, QLocale::UnitedKingdom, "21/11/", "21:05:03"},
+  };
+  for (const auto& [language, territory, date, time] : cases) {
+    const QLocale locale(language, territory);
+    const QString text = numbers::FormatGeneralDate(evening, locale);
+    EXPECT_TRUE(text.startsWith(QLatin1String(date)) && text.endsWith(QLatin1String(time))) << text.toStdString();
+    EXPECT_FALSE(numbers::FormatGeneralDate(QDateTime(QDate(2026, 1, 2), QTime(0, 0)), locale).contains(u':'));
+  }
 }
 
 }  // namespace

@@ -31,7 +31,7 @@ TEST(Properties, SizesAreCutNotRoundedAndANonImageHasNoDimensions) {
     EXPECT_EQ(rows.at(QStringLiteral("Type")), QStringLiteral("xyz file"));
   }
   const auto photo = Rows(folder.WritePng(QStringLiteral("IMG_0001.PNG"), 1200, 900));
-  EXPECT_EQ(photo.at(QStringLiteral("File")), QStringLiteral("Img_0001.png"));
+  EXPECT_EQ(photo.at(QStringLiteral("File")), QStringLiteral("IMG_0001.PNG"));  // exactly as named
   EXPECT_EQ(photo.at(QStringLiteral("Width x height")), QStringLiteral("1,200 x 900"));
   EXPECT_EQ(photo.at(QStringLiteral("Folder")), folder.Path());
   EXPECT_EQ(photo.count(QStringLiteral("Camera")), 0u);  // nothing recorded, nothing shown
@@ -49,9 +49,12 @@ TEST(Properties, ACameraPhotoShowsWhatItRecords) {
                                "-M", "set Exif.GPSInfo.GPSLatitudeRef N", "-M", "set Exif.GPSInfo.GPSLongitude 4/1 53/1 0/1",
                                "-M", "set Exif.GPSInfo.GPSLongitudeRef E", photo}),
             0);
+  const QLocale before;
+  QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));  // dates in the user's locale
   const auto rows = Rows(photo);
+  QLocale::setDefault(before);
   const std::pair<const char*, const char*> recorded[] = {
-      {"Camera", "Canon EOS 80D"}, {"ISO", "400"},        {"Taken", "6/1/2024 10:30:00 AM"},
+      {"Camera", "Canon EOS 80D"}, {"ISO", "400"},        {"Taken", "01.06.24 10:30:00"},
       {"Aperture", "f/8"},         {"Focal length", "50 mm"}, {"Exposure", "1/250 s"},
       {"GPS position", "52.36976\u00b0 N, 4.88333\u00b0 E"}};
   for (const auto& [name, value] : recorded) EXPECT_EQ(rows.at(QLatin1String(name)), QString::fromUtf8(value)) << name;
