@@ -50,7 +50,8 @@ void frmMain::RunFileTypes() {
   auto desktop = std::make_shared<shell::FreedesktopShell>(QCoreApplication::applicationFilePath());
   shell::frmTiposArchivo dialog({[desktop](const QString& extension) { return desktop->IsAssociated(extension); },
                                  [desktop](const QString& extension, int icon, const QString&) { desktop->Associate(extension, icon); },
-                                 [desktop](const QString& extension) { desktop->Unassociate(extension); }},
+                                 [desktop](const QString& extension) { desktop->Unassociate(extension); },
+                                 [](const QString& extension) { return shell::MimeTypesOf(extension); }},
                                 state_.Settings.FileTypeIcon, this);
   runFileTypes_(dialog);
 }

@@ -64,9 +64,19 @@ void DesktopKeyFile::SetValue(const QString& group, const QString& key, const QS
   }
 }
 
+// A group left with nothing in it goes too, with the blank line that set it apart.
 void DesktopKeyFile::Remove(const QString& group, const QString& key) {
-  const qsizetype line = KeyLine(group, key);
-  if (line >= 0) lines_.removeAt(line);
+  qsizetype end = -1;
+  const qsizetype line = KeyLine(group, key, &end);
+  if (line < 0) return;
+  lines_.removeAt(line);
+  --end;
+  qsizetype first = GroupLine(group);
+  for (qsizetype i = first + 1; i < end; ++i) {
+    if (!lines_[i].trimmed().isEmpty()) return;
+  }
+  if (first > 0 && lines_[first - 1].trimmed().isEmpty()) --first;
+  lines_.erase(lines_.begin() + first, lines_.begin() + end);
 }
 
 QByteArray DesktopKeyFile::Text() const {

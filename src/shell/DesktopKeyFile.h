@@ -21,6 +21,7 @@ class DesktopKeyFile {
   std::optional<QString> Value(const QString& group, const QString& key) const;
   // Replaces the key's value, or adds the key (and the group) at the group's end.
   void SetValue(const QString& group, const QString& key, const QString& value);
+  // Removes the key, and its group when nothing else is left in it.
   void Remove(const QString& group, const QString& key);
   QByteArray Text() const;
 

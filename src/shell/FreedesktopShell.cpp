@@ -87,7 +87,7 @@ void FreedesktopShell::EnsureDesktopFile() const {
   Write(DataHome() + QStringLiteral("/applications/") + kDesktopId,
         QStringLiteral("[Desktop Entry]\nType=Application\nName=Vistrel\nComment=View and edit images\n"
                        "Exec=%1 %f\nIcon=vistrel\nTerminal=false\nCategories=Graphics;Viewer;\n"
-                       "MimeType=image/bmp;image/gif;image/jpeg;image/png;image/tiff;inode/directory;\n")
+                       "MimeType=image/bmp;image/gif;image/jpeg;image/png;image/tiff;\n")
             .arg(ExecProgram(program_))
             .toUtf8());
 }
@@ -118,7 +118,7 @@ bool FreedesktopShell::Unassociate(const QString& extension) {
       previous.isEmpty() ? mimeApps.Remove(kDefaults, type) : mimeApps.SetValue(kDefaults, type, previous);
     }
     backups.Remove(kDefaults, type);
-    if (ours) SetTypeIcon(type, {});
+    SetTypeIcon(type, {});  // also when another viewer took the type in the meantime
   }
   if (ours && !Write(MimeAppsPath(), mimeApps.Text())) return false;
   return Write(BackupPath(), backups.Text());
@@ -184,10 +184,8 @@ QStringList FreedesktopShell::FolderEntryFiles() const {
 }
 
 bool FreedesktopShell::FolderEntryExists() const {
-  for (const QString& file : FolderEntryFiles()) {
-    if (!QFile::exists(file)) return false;
-  }
-  return Entries(Read(MimeAppsPath()).Value(kAdded, kFolderType)).contains(kDesktopId);
+  const QStringList files = FolderEntryFiles();
+  return std::all_of(files.begin(), files.end(), [](const QString& file) { return QFile::exists(file); });
 }
 
 void FreedesktopShell::AddFolderEntry() {
@@ -203,13 +201,10 @@ void FreedesktopShell::AddFolderEntry() {
   Write(files[1], QStringLiteral("#!/bin/sh\nexec %1 \"$1\"\n").arg(quoted).toUtf8(), executable);
   Write(files[2], QStringLiteral("[Nemo Action]\nName=Open with Vistrel\nIcon-Name=vistrel\nExec=%1 %F\n"
                                  "Selection=s\nExtensions=dir;\n").arg(exec).toUtf8());
-  DesktopKeyFile mimeApps = Read(MimeAppsPath());
-  QStringList added = Entries(mimeApps.Value(kAdded, kFolderType));
-  if (!added.contains(kDesktopId)) added << kDesktopId;
-  mimeApps.SetValue(kAdded, kFolderType, added.join(u';') + u';');
-  Write(MimeAppsPath(), mimeApps.Text());
 }
 
+// Also takes back the folder association earlier versions added, which made Vistrel the
+// folder opener on desktops with no default of their own.
 void FreedesktopShell::RemoveFolderEntry() {
   for (const QString& file : FolderEntryFiles()) QFile::remove(file);
   DesktopKeyFile mimeApps = Read(MimeAppsPath());

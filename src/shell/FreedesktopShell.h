@@ -30,6 +30,9 @@ class FreedesktopShell {
   // The default the user's and the system's mimeapps.list give its first type.
   bool IsAssociated(const QString& extension) const;
 
+  // "Open with Vistrel" in the folder menus of Dolphin, Nautilus and Nemo, through each
+  // file manager's own mechanism; never a folder association, so the file manager stays
+  // the folders' opener.
   bool FolderEntryExists() const;
   void AddFolderEntry();
   void RemoveFolderEntry();

@@ -52,6 +52,7 @@ frmTiposArchivo::frmTiposArchivo(FileTypeOwner owner, int& fileTypeIcon, QWidget
     item->setFlags(item->flags() | Qt::ItemIsUserCheckable);
     item->setCheckState(owner_.IsAssociated(extensions.front()) ? Qt::Checked : Qt::Unchecked);
   }
+  connect(lisLista_, &QListWidget::itemChanged, this, [this](QListWidgetItem* item) { TickInStep(lisLista_->row(item)); });
   auto* icons = new QHBoxLayout;
   icons->addWidget(new QLabel(QStringLiteral("Icon:"), this));
   picIcono_ = new QButtonGroup(this);
@@ -91,15 +92,45 @@ void frmTiposArchivo::CheckAll(bool checked) {
   for (int i = 0; i < lisLista_->count(); ++i) lisLista_->item(i)->setCheckState(checked ? Qt::Checked : Qt::Unchecked);
 }
 
-// Every extension of a ticked row becomes Vistrel's; every one of an unticked row goes back.
+QStringList frmTiposArchivo::RecordedAs(int row) const {
+  QStringList names;
+  for (const QString& extension : lisLista_->item(row)->data(Qt::UserRole).toString().split(u';')) {
+    names << owner_.RecordedAs(extension);
+  }
+  return names;
+}
+
+// A row ticked or unticked takes every row recorded under the same name with it.
+void frmTiposArchivo::TickInStep(int row) {
+  if (inStep_) return;
+  inStep_ = true;
+  const QStringList names = RecordedAs(row);
+  const Qt::CheckState state = lisLista_->item(row)->checkState();
+  for (int other = 0; other < lisLista_->count(); ++other) {
+    const QStringList theirs = RecordedAs(other);
+    if (std::any_of(theirs.begin(), theirs.end(), [&names](const QString& name) { return names.contains(name); })) {
+      lisLista_->item(other)->setCheckState(state);
+    }
+  }
+  inStep_ = false;
+}
+
+// Every extension of a ticked row becomes Vistrel's; every one of an unticked row goes back;
+// a name already applied is not applied again.
 void frmTiposArchivo::Accept() {
   widgets::BusyPointerGuard busy;
   fileTypeIcon_ = picIcono_->checkedId();
+  QStringList applied;
   for (int i = 0; i < lisLista_->count(); ++i) {
     const QListWidgetItem* item = lisLista_->item(i);
     const QStringList extensions = item->data(Qt::UserRole).toString().split(u';');
     const QString description = browse::FileTypeDescription(extensions.front());
     for (const QString& extension : extensions) {
+      const QStringList names = owner_.RecordedAs(extension);
+      if (!names.isEmpty() && std::all_of(names.begin(), names.end(), [&applied](const QString& n) { return applied.contains(n); })) {
+        continue;
+      }
+      applied << names;
       item->checkState() == Qt::Checked ? owner_.Associate(extension, fileTypeIcon_, description) : owner_.Unassociate(extension);
     }
   }

@@ -126,7 +126,8 @@ TEST_F(frmMainToolsTest, OptionsTakeEffectAtOnceAndRestoreGivesTheDefaults) {
 }
 
 // Tools > Associate File Types in the tests' private home, judged by xdg-mime: the ticked
-// rows become Vistrel's, the dialog shows them ticked next time, and an unticked one goes.
+// rows become Vistrel's, the dialog shows them ticked next time, and an unticked one goes;
+// bmp and dib, both image/bmp, tick together and keep the type.
 TEST_F(frmMainToolsTest, TickedFileTypesBecomeVistrelsAndUntickedOnesGoBack) {
   const auto choose = [this](std::function<void(QListWidget&)> tick) {
     window_->SetFileTypesRunner([tick](shell::frmTiposArchivo& dialog) {
@@ -141,18 +142,23 @@ TEST_F(frmMainToolsTest, TickedFileTypesBecomeVistrelsAndUntickedOnesGoBack) {
   };
   choose([](QListWidget& rows) {
     EXPECT_EQ(rows.item(6)->text(), QStringLiteral("Jpeg image (jpg, jpeg, jpe, jif)"));
-    for (const int row : {6, 10}) rows.item(row)->setCheckState(Qt::Checked);  // jpg and png
+    for (const int row : {6, 10, 0}) rows.item(row)->setCheckState(Qt::Checked);  // jpg, png and bmp
+    EXPECT_EQ(rows.item(3)->checkState(), Qt::Checked);  // dib with bmp
   });
   EXPECT_EQ(viewerOf("image/png"), QStringLiteral("vistrel.desktop"));
+  EXPECT_EQ(viewerOf("image/bmp"), QStringLiteral("vistrel.desktop"));
   EXPECT_EQ(viewerOf("image/jpeg"), QStringLiteral("vistrel.desktop"));
   QFile mimeApps(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + QStringLiteral("/mimeapps.list"));
   ASSERT_TRUE(mimeApps.open(QIODevice::ReadOnly));
-  EXPECT_FALSE(mimeApps.readAll().contains("image/bmp="));  // an unticked type is left alone
+  EXPECT_FALSE(mimeApps.readAll().contains("image/gif="));  // an unticked type is left alone
   choose([](QListWidget& rows) {
     EXPECT_EQ(rows.item(10)->checkState(), Qt::Checked);
-    EXPECT_EQ(rows.item(0)->checkState(), Qt::Unchecked);
+    EXPECT_EQ(rows.item(4)->checkState(), Qt::Unchecked);
     rows.item(10)->setCheckState(Qt::Unchecked);
+    rows.item(3)->setCheckState(Qt::Unchecked);  // dib takes bmp with it
+    EXPECT_EQ(rows.item(0)->checkState(), Qt::Unchecked);
   });
+  EXPECT_FALSE(testing_support::ReadAll(mimeApps.fileName()).contains("image/bmp="));
   EXPECT_NE(viewerOf("image/png"), QStringLiteral("vistrel.desktop"));
   EXPECT_EQ(viewerOf("image/jpeg"), QStringLiteral("vistrel.desktop"));
 }

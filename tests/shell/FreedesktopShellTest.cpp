@@ -62,16 +62,33 @@ TEST(FreedesktopShell, TypesAreTakenAndGivenBackToTheirEarlierViewer) {
   QFile::setPermissions(list.fileName(), QFileDevice::ReadOwner | QFileDevice::WriteOwner);
 }
 
+// A type another viewer took after us keeps no icon of ours once the user unticks it.
+TEST(FreedesktopShell, ATypeAnotherViewerTookLosesOurIconWhenGivenBack) {
+  const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+  shell::FreedesktopShell desktop(QCoreApplication::applicationFilePath());
+  WriteFile(data + "/anim.gif", "GIF89a");
+  const auto icon = [&] { return Output(QStringLiteral("gio"), {"info", "-a", "standard::icon", data + "/anim.gif"}); };
+  desktop.Associate(QStringLiteral("gif"), 1);
+  ASSERT_TRUE(icon().contains(QStringLiteral("vistrel-document-001")));
+  WriteFile(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + "/mimeapps.list",
+            "[Default Applications]\nimage/gif=other-viewer.desktop;\n");
+  desktop.Unassociate(QStringLiteral("gif"));
+  EXPECT_FALSE(icon().contains(QStringLiteral("vistrel-document"))) << icon().toStdString();
+}
+
+// The entry is the file managers' own; folders still open in the file manager.
 TEST(FreedesktopShell, TheFolderEntryIsAddedAndRemovedInEveryFileManager) {
   shell::FreedesktopShell desktop(QCoreApplication::applicationFilePath());  // a program that exists
   EXPECT_FALSE(desktop.FolderEntryExists());
+  const QString folderOpener = DefaultFor(QStringLiteral("inode/directory"));
   desktop.AddFolderEntry();
   desktop.AddFolderEntry();
   EXPECT_TRUE(desktop.FolderEntryExists());
   const QString script = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
                          QStringLiteral("/nautilus/scripts/Open with Vistrel");
   EXPECT_TRUE(QFileInfo(script).isExecutable());
-  EXPECT_TRUE(Output(QStringLiteral("gio"), {"mime", "inode/directory"}).contains(QStringLiteral("vistrel.desktop")));
+  EXPECT_EQ(DefaultFor(QStringLiteral("inode/directory")), folderOpener);
+  EXPECT_FALSE(Output(QStringLiteral("gio"), {"mime", "inode/directory"}).contains(QStringLiteral("vistrel.desktop")));
   desktop.RemoveFolderEntry();
   EXPECT_FALSE(desktop.FolderEntryExists());
   EXPECT_FALSE(QFile::exists(script));
@@ -85,6 +102,9 @@ TEST(DesktopKeyFile, ChangesOnlyTheLinesItIsAskedTo) {
   file.Remove(QStringLiteral("Added Associations"), QStringLiteral("image/png"));
   file.SetValue(QStringLiteral("New"), QStringLiteral("k"), QStringLiteral("v"));
   EXPECT_EQ(file.Text(), QByteArray("# comment\n[Added Associations]\nimage/gif=b.desktop;\n\n[Default Applications]\nx=2\n\n[New]\nk=v\n"));
+  file.Remove(QStringLiteral("Default Applications"), QStringLiteral("x"));  // an emptied group goes
+  file.Remove(QStringLiteral("New"), QStringLiteral("k"));
+  EXPECT_EQ(file.Text(), QByteArray("# comment\n[Added Associations]\nimage/gif=b.desktop;\n"));
 }
 
 }  // namespace
