@@ -67,26 +67,23 @@ void frmMain::RunRename() {
   if (file.isEmpty()) return;
   widgets::frmTexto dialog(QStringLiteral("Rename"), QStringLiteral("&New name:"), QFileInfo(file).fileName(),
                            [&](const QString& name) { return TryRename(file, row, name); }, this);
+  dialog.SelectFirst(base::BaseNameLength(QFileInfo(file).fileName()));  // the extension stays unless asked for
   dialog.exec();
   picFondo_->update();
 }
 
-bool frmMain::TryRename(const QString& file, int row, const QString& name) {
-  if (!files::IsValidFileName(name)) {
-    ShowExclamation(document::Document::ForbiddenNameMessage());
-    return false;
-  }
-  const QString target = base::JoinPath(QFileInfo(file).path(), name);
-  const files::RenameOutcome outcome = files::RenameWithChecks(file, target, [this](const QString& question) {
+// The dialog and the list's own editor rename by one rule; false keeps the name editable.
+bool frmMain::TryRename(const QString& file, int row, const QString& typedName) {
+  const files::TypedRename rename = files::RenameToTypedName(file, typedName, [this](const QString& question) {
     return QMessageBox::warning(this, QStringLiteral("Rename"), question, QMessageBox::Yes | QMessageBox::No) ==
            QMessageBox::Yes;
   });
-  if (!outcome.Message.isEmpty()) ShowExclamation(outcome.Message);
-  if (!outcome.Renamed) return false;
+  if (!rename.Outcome.Message.isEmpty()) ShowExclamation(rename.Outcome.Message);
+  if (!rename.Outcome.Renamed) return rename.NothingToDo;
   if (row < 0) {
-    document_.FileRenamed(target);
+    document_.FileRenamed(rename.NewPath);
   } else {
-    document_.EntryRenamed(row, name);
+    document_.EntryRenamed(row, QFileInfo(rename.NewPath).fileName());
   }
   return true;
 }

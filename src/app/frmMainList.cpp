@@ -1,15 +1,37 @@
 // The file list `lisLista`: the view, its events, its column and its context menu.
 #include "app/frmMain.h"
 
+#include "base/Paths.h"
 #include "browse/ListColumn.h"
+#include "browse/ThumbnailsView.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QMenu>
 #include <QSignalBlocker>
+#include <QStyledItemDelegate>
 #include <QTreeView>
 
 namespace app {
+
+namespace {
+
+// The list's own editor offers the base name for typing, as the Rename dialog does. The
+// view selects the whole text after this, so the selection is made once it has.
+class RenameDelegate : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+  void setEditorData(QWidget* editor, const QModelIndex& index) const override {
+    QStyledItemDelegate::setEditorData(editor, index);
+    if (auto* line = qobject_cast<QLineEdit*>(editor)) {
+      QMetaObject::invokeMethod(line, [line] { line->setSelection(0, base::BaseNameLength(line->text())); },
+                                Qt::QueuedConnection);
+    }
+  }
+};
+
+}  // namespace
 
 void frmMain::BuildListView() {
   lisLista_ = new QTreeView(this);
@@ -21,6 +43,7 @@ void frmMain::BuildListView() {
   lisLista_->setSelectionMode(QAbstractItemView::SingleSelection);
   lisLista_->setEditTriggers(QAbstractItemView::EditKeyPressed | QAbstractItemView::SelectedClicked);
   lisLista_->setContextMenuPolicy(Qt::CustomContextMenu);
+  lisLista_->setItemDelegate(new RenameDelegate(lisLista_));
   lisLista_->setMinimumWidth(settings::kSplitterMinPixels);
   lisLista_->setMaximumWidth(settings::kSplitterMaxPixels);
   lisLista_->header()->setStretchLastSection(false);
@@ -32,7 +55,10 @@ void frmMain::BuildListView() {
   });
   connect(lisLista_, &QWidget::customContextMenuRequested, this,
           [this](const QPoint& position) { mnuList_->popup(lisLista_->viewport()->mapToGlobal(position)); });
-  list_.SetRenameHandler([this](int row, const QString& name) { return document_.RenameEntry(row, name); });
+  list_.SetRenameHandler([this](int row, const QString& name) {
+    const QString file = base::JoinPath(state_.Settings.LastFolder, list_.Entry(row).FileName);
+    return TryRename(file, row, name);
+  });
   lisLista_->installEventFilter(this);
 }
 
@@ -72,6 +98,7 @@ void frmMain::SelectListRow(int row) {
     lisLista_->scrollTo(index);
   }
   lisLista_->viewport()->update();
+  picFondoThumbnails_->SetCurrentRow(row);
 }
 
 void frmMain::FitListColumn() {

@@ -20,22 +20,13 @@ QString FileExtension(const QString& path) {
 
 QString FileNamePart(const QString& path) { return path.mid(path.lastIndexOf(kSeparator) + 1); }
 
-namespace {
-
-// name == name.toUpper(), without building the upper-case copy for the usual mixed name.
-bool IsEntirelyUpperCase(const QString& name) {
-  for (const QChar c : name) {
-    if (c.isLower() || c.toUpper() != c) return false;
-  }
-  return name == name.toUpper();
+int BaseNameLength(const QString& name) {
+  const qsizetype dot = name.lastIndexOf(u'.');
+  return int(dot > 0 ? dot : name.size());
 }
 
-}  // namespace
-
 QString DisplayName(const QString& path) {
-  const QString name = ReadableFileName(FileNamePart(path));
-  if (name.isEmpty() || !IsEntirelyUpperCase(name)) return name;
-  return name.left(1).toUpper() + name.mid(1).toLower();
+  return ReadableFileName(FileNamePart(path));
 }
 
 QString StripTrailingBackslashes(const QString& path) {

@@ -18,8 +18,8 @@ QString JoinPath(const QString& folder, const QString& name);
 // The text after the last point, trimmed and lower-cased; empty when there is no point.
 QString FileExtension(const QString& path);
 
-// The text after the last separator; a name entirely in upper case is shown with
-// its first character upper case and the rest lower case (IMG_0001.JPG -> Img_0001.jpg).
+// The text after the last separator, exactly as the file is named: on a case-sensitive
+// file system IMG_0001.JPG and Img_0001.jpg are two files.
 QString DisplayName(const QString& path);
 
 // Drops trailing separators; the file system root "/" stays "/" (on Windows C:\ becomes C:).
@@ -30,5 +30,8 @@ bool FolderExists(const QString& path);
 
 // The name part of a path (after the last separator), as it is.
 QString FileNamePart(const QString& path);
+// The characters of a file name before its extension: "photo" of "photo.jpg", all of
+// "README" and of ".profile".
+int BaseNameLength(const QString& name);
 
 }  // namespace base

@@ -216,29 +216,6 @@ void Document::StepTo(int row) {
   ClickEntry(row);
 }
 
-QString Document::ForbiddenNameMessage() {
-  return QStringLiteral("The file name can't include any of the following characters: \\ / : ? ") + u'"' +
-         QStringLiteral(" < > |");
-}
-
-bool Document::RenameEntry(int row, const QString& newText) {
-  if (row < 0 || row >= list_.Count()) return false;
-  const QString name = numbers::TrimBlanks(newText);
-  static const QString kForbidden = QStringLiteral("\\/:?\"<>|");
-  for (const QChar c : name) {
-    if (kForbidden.contains(c)) {
-      prompts_.ShowExclamation(ForbiddenNameMessage());
-      return false;
-    }
-  }
-  const browse::FileEntry old = list_.Entry(row);
-  if (name == old.FileName) return false;  // confirmed without a change: nothing to do
-  const QString& folder = state_.Settings.LastFolder;
-  if (!files::RenameFile(base::JoinPath(folder, old.FileName), base::JoinPath(folder, name))) return false;
-  EntryRenamed(row, name);
-  return true;
-}
-
 void Document::EntryRenamed(int row, const QString& name) {
   const int newRow = list_.ReplaceAndResort(row, {base::DisplayName(name), name});
   if (shownRow_ == row) shownRow_ = newRow;

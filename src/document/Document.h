@@ -92,8 +92,6 @@ class Document : public QObject {
   QString CurrentFilePath() const;
   bool IsMetafile() const;
 
-  static QString ForbiddenNameMessage();
-
   // Editing (DocumentHistory.cpp). The history holds packed states; the image shown is
   // always unpacked in CurrentImage().
   const History& UndoHistory() const { return history_; }

@@ -1,4 +1,6 @@
 #include "files/FileOperations.h"
+
+#include "base/Paths.h"
 #include "base/FileNames.h"
 
 #include <QFile>
@@ -48,6 +50,23 @@ RenameOutcome RenameWithChecks(const QString& fromText, const QString& toText,
     return {false, QFileInfo::exists(from) ? QStringLiteral("Can't rename file") : QStringLiteral("Can't find file")};
   }
   return {true, {}};
+}
+
+QString ForbiddenNameMessage() {
+  return QStringLiteral("The file name can't include any of the following characters: \\ / : ? ") + u'"' +
+         QStringLiteral(" < > |");
+}
+
+TypedRename RenameToTypedName(const QString& file, const QString& typedName,
+                              const std::function<bool(const QString& question)>& confirm) {
+  const QString name = typedName.trimmed();
+  if (name.isEmpty() || name == QFileInfo(file).fileName()) return {{}, {}, true};
+  if (!IsValidFileName(name) || name == QLatin1String(".") || name == QLatin1String("..")) {
+    return {{false, ForbiddenNameMessage()}, {}, false};
+  }
+  const QString target = base::JoinPath(QFileInfo(file).path(), name);
+  const RenameOutcome outcome = RenameWithChecks(file, target, confirm);
+  return {outcome, outcome.Renamed ? target : QString(), false};
 }
 
 namespace {

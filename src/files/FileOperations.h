@@ -26,6 +26,21 @@ struct RenameOutcome {
 RenameOutcome RenameWithChecks(const QString& from, const QString& to,
                                const std::function<bool(const QString& question)>& confirm);
 
+// "The file name can't include any of the following characters: ..."
+QString ForbiddenNameMessage();
+
+// Rename to a name the user typed, the one rule of the Rename dialog and of the list's
+// own editor: the typed name is trimmed (the old one names the file exactly); an empty or
+// unchanged name is nothing to do; a name with \ / : * ? " < > | (or "." and "..") is
+// refused with ForbiddenNameMessage(); then RenameWithChecks in the file's folder.
+struct TypedRename {
+  RenameOutcome Outcome;
+  QString NewPath;           // set when renamed
+  bool NothingToDo = false;  // empty or the same name: not a failure
+};
+TypedRename RenameToTypedName(const QString& file, const QString& typedName,
+                              const std::function<bool(const QString& question)>& confirm);
+
 // Copy To: the copy is written beside its destination and renamed over it once whole and
 // equal to the source, so a failure leaves no partial file and the destination as it
 // was. A destination marked read-only is not replaced.

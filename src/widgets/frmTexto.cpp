@@ -31,6 +31,8 @@ void frmTexto::SetDigitsOnly() {
   txtTexto_->setValidator(new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]*")), txtTexto_));
 }
 
+void frmTexto::SelectFirst(int characters) { txtTexto_->setSelection(0, characters); }
+
 QString frmTexto::Text() const { return txtTexto_->text().trimmed(); }
 
 void frmTexto::Accept() {

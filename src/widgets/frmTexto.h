@@ -24,6 +24,8 @@ class frmTexto : public QDialog {
 
   void SetAcceptor(Acceptor acceptor) { acceptor_ = std::move(acceptor); }
   void SetDigitsOnly();
+  // Selects the first characters of the text, ready to be typed over.
+  void SelectFirst(int characters);
   QString Text() const;
 
  private:

@@ -1,7 +1,9 @@
 // The folder's entries in the main window: the file list (clicks, keys, rename in place and
 // its menu) and the Thumbnails view (pages of twelve filled off the UI thread, a click
-// opening the entry and a double-click going full screen).
+// opening the entry and a double-click going full screen, the keys moving the highlighted
+// tile, a renamed entry redrawn).
 #include "browse/ThumbnailsView.h"
+#include "files/FileOperations.h"
 #include "support/DialogAnswerer.h"
 #include "support/MainWindowTest.h"
 #include "view/frmFull.h"
@@ -75,8 +77,10 @@ TEST_F(frmMainListTest, KeysOnTheListStepAsOnTheImage) {
   }
 }
 
-// Renaming in place renames the file; confirming the real name unchanged leaves it as it is.
-TEST_F(frmMainListTest, RenamingInPlaceRenamesTheFileAndAnUnchangedNameStays) {
+// Renaming in place follows the Rename dialog's rule: the base name is offered for
+// typing, an unchanged name stays, a lost extension is asked about and a forbidden
+// character is refused with the program's message.
+TEST_F(frmMainListTest, RenamingInPlaceFollowsTheRenameDialogsRule) {
   EditRow(0, QStringLiteral("z.png"));
   EXPECT_TRUE(QFile::exists(pictures_.File(QStringLiteral("z.png"))));
   EXPECT_EQ(list_->model()->index(1, 0).data().toString(), QStringLiteral("z.png"));
@@ -87,11 +91,22 @@ TEST_F(frmMainListTest, RenamingInPlaceRenamesTheFileAndAnUnchangedNameStays) {
   QTest::keyClick(list_, Qt::Key_F2);
   auto* editor = list_->findChild<QLineEdit*>();
   ASSERT_NE(editor, nullptr);
-  EXPECT_EQ(editor->text(), QStringLiteral("IMG_0001.JPG"));  // the real name, not the shown one
+  QCoreApplication::processEvents();
+  EXPECT_EQ(std::pair(editor->text(), editor->selectedText()), std::pair(QStringLiteral("IMG_0001.JPG"), QStringLiteral("IMG_0001")));
   QTest::keyClick(editor, Qt::Key_Return);
   QCoreApplication::processEvents();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   EXPECT_TRUE(QFile::exists(upper));
-  EXPECT_EQ(QDir(pictures_.Path()).entryList(QDir::Files).size(), 3);
+  const std::tuple<const char*, QMessageBox::StandardButton, QString> refused[] = {
+      {"b", QMessageBox::No, QStringLiteral("The file extension is different. Do you want to continue?")},
+      {"b*.png", QMessageBox::Ok, files::ForbiddenNameMessage()},
+  };
+  for (const auto& [typed, answer, message] : refused) {
+    testing_support::DialogAnswerer answerer(answer);
+    EditRow(0, QLatin1String(typed));
+    EXPECT_EQ(answerer.LastText(), message) << typed;
+  }
+  EXPECT_EQ(QDir(pictures_.Path()).entryList(QDir::Files), QStringList({"b.png", "IMG_0001.JPG", "z.png"}));
 }
 
 TEST_F(frmMainListTest, TheRightButtonPopsUpTheListMenu) {
@@ -116,6 +131,12 @@ class frmMainThumbnailsTest : public testing_support::MainWindowTest {
   QPoint CellCentre(int index) const {
     const browse::ThumbnailGeometry& g = view_->Geometry();
     return {(index % 4) * g.Cell.width() + g.Cell.width() / 2, browse::kPageStripPixels + (index / 4) * g.Cell.height() + g.Cell.height() / 2};
+  }
+
+  // A point inside the tile's highlight frame but outside its picture and captions.
+  QColor TileCornerColour(int index) {
+    const QPoint corner = CellCentre(index) - QPoint(view_->Geometry().Cell.width() / 2 - 8, view_->Geometry().Cell.height() / 2 - 8);
+    return view_->grab().toImage().pixelColor(Child<QWidget>("picThumbnails")->mapTo(view_, corner));
   }
 
   browse::ThumbnailsView* view_ = nullptr;
@@ -155,6 +176,47 @@ TEST_F(frmMainThumbnailsTest, AClickOpensTheEntryAndADoubleClickGoesFullScreen) 
   QTest::mouseDClick(page, Qt::LeftButton, {}, CellCentre(6));
   EXPECT_EQ(Doc().ShownRow(), 6);
   EXPECT_EQ(fullScreens, 1);
+}
+
+TEST_F(frmMainThumbnailsTest, TheKeysMoveTheHighlightedTileAndItsPageFollows) {
+  QWidget* page = Child<QWidget>("picThumbnails");
+  QTest::mouseClick(page, Qt::LeftButton, {}, CellCentre(5));
+  EXPECT_NE(TileCornerColour(5), TileCornerColour(4));  // the current tile stands out
+  EXPECT_EQ(TileCornerColour(4), TileCornerColour(7));
+  const std::tuple<Qt::Key, int, int> steps[] = {
+      {Qt::Key_Right, 6, 1}, {Qt::Key_Down, 10, 1}, {Qt::Key_Up, 6, 1}, {Qt::Key_PageDown, 12, 2},
+      {Qt::Key_Home, 0, 1},  {Qt::Key_Left, 0, 1},  {Qt::Key_End, 12, 2},
+  };
+  for (const auto& [key, row, pageShown] : steps) {
+    QTest::keyClick(view_, key);
+    EXPECT_EQ(std::tuple(view_->CurrentRow(), view_->Page(), Child<QTreeView>("lisLista")->currentIndex().row()),
+              std::tuple(row, pageShown, row)) << key;
+  }
+  QTest::keyClick(view_, Qt::Key_Home);
+  EXPECT_EQ(Doc().CurrentFilePath(), pictures_.File(QStringLiteral("p00.png")));
+  int fullScreens = 0;
+  window_->SetFullScreenRunner([&](view::frmFull&) { ++fullScreens; });
+  QTest::keyClick(view_, Qt::Key_Return);
+  EXPECT_EQ(fullScreens, 1);
+  // The right button makes the tile under the pointer current before its menu acts.
+  QTest::mousePress(page, Qt::RightButton, {}, CellCentre(3));
+  EXPECT_EQ(Doc().ShownRow(), 3);
+  auto* menu = Child<QMenu>("mnuList");
+  EXPECT_TRUE(menu->isVisible());
+  menu->close();
+}
+
+TEST_F(frmMainThumbnailsTest, ARenamedEntryIsDrawnAndOpenedUnderItsNewName) {
+  QWidget* page = Child<QWidget>("picThumbnails");
+  QTest::mouseClick(page, Qt::LeftButton, {}, CellCentre(5));
+  auto& list = window_->ListModel();  // the list's own editor
+  ASSERT_TRUE(list.setData(list.index(5, 0), QStringLiteral("a.png"), Qt::EditRole));  // sorts first
+  EXPECT_EQ(view_->CurrentRow(), 0);
+  ASSERT_TRUE(Filled());
+  EXPECT_EQ(view_->Cells()[0].Name, QStringLiteral("a.png"));
+  EXPECT_EQ(view_->Cells()[5].Name, QStringLiteral("p04.png"));
+  QTest::mouseClick(page, Qt::LeftButton, {}, CellCentre(5));
+  EXPECT_EQ(Doc().CurrentFilePath(), pictures_.File(QStringLiteral("p04.png")));
 }
 
 }  // namespace

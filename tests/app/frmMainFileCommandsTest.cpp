@@ -226,7 +226,7 @@ TEST_F(frmMainFileCommandsTest, ASingleFileIsClosedAndWithoutTheQuestionWhenTheS
 TEST_F(frmMainFileCommandsTest, RenameOutcomesInAFolder) {
   StartOnFolderOf({"a.png", "b.png"});
   const auto exists = [this](const char* name) { return QFile::exists(pictures_.File(QLatin1String(name))); };
-  EXPECT_EQ(RenameTo(QStringLiteral("a*.png")), document::Document::ForbiddenNameMessage());
+  EXPECT_EQ(RenameTo(QStringLiteral("a*.png")), files::ForbiddenNameMessage());
   EXPECT_EQ(RenameTo(QStringLiteral("b.png")), QStringLiteral("File already exists"));
   EXPECT_EQ(RenameTo(QStringLiteral("a.jpg"), QMessageBox::No),
             QStringLiteral("The file extension is different. Do you want to continue?"));

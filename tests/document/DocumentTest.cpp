@@ -59,7 +59,7 @@ TEST_F(DocumentTest, AQuotedFolderOpensInListAndImageWithItsFirstEntryByItsRealN
   EXPECT_EQ(std::tuple(state_.Settings.LastOpenKind, state_.Settings.LastFolder, state_.Settings.RecentFolders[0]),
             std::tuple(kOpenFolder, folder_.Path(), folder_.Path()));
   EXPECT_EQ(document_.View(), ViewMode::ListAndImage);
-  EXPECT_EQ(list_.Entry(0).DisplayName, QStringLiteral("A.png"));
+  EXPECT_EQ(list_.Entry(0).DisplayName, QStringLiteral("A.PNG"));
   EXPECT_EQ(loaded_, QStringList{folder_.File(QStringLiteral("A.PNG"))});
   EXPECT_EQ(selected.last().at(0).toInt(), 0);
   EXPECT_TRUE(document_.ImageLoaded());
@@ -210,22 +210,6 @@ TEST_F(DocumentTest, ASlowReadShowsAStandInFirst) {
     EXPECT_EQ(shown, readMs ? QStringList({"stand-in 4 of 600", "image 40"}) : QStringList{"image 40"}) << readMs;
     EXPECT_EQ(ticks > 5, readMs > 0) << readMs;
   }
-}
-
-TEST_F(DocumentTest, RenamingGuardsTheUsersFiles) {
-  OpenFolderOf({"a.png", "b.png"});
-  EXPECT_FALSE(document_.RenameEntry(0, QStringLiteral("a?.png")));
-  EXPECT_EQ(prompts_.messages,
-            QStringList{"The file name can't include any of the following characters: \\ / : ? \" < > |"});
-  EXPECT_FALSE(document_.RenameEntry(0, QStringLiteral("b.png")));  // never replaces another file
-  EXPECT_TRUE(QFile::exists(folder_.File(QStringLiteral("a.png"))));
-  EXPECT_EQ(list_.Count(), 2);
-
-  EXPECT_TRUE(document_.RenameEntry(0, QStringLiteral("  c.png ")));
-  EXPECT_FALSE(QFile::exists(folder_.File(QStringLiteral("a.png"))));
-  EXPECT_EQ(list_.Entry(1).FileName, QStringLiteral("c.png"));
-  EXPECT_EQ(document_.ShownRow(), 1);
-  EXPECT_EQ(document_.CurrentFilePath(), folder_.File(QStringLiteral("c.png")));
 }
 
 // The same document with a 40 x 30 photo open, for editing.
