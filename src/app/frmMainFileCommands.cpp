@@ -196,13 +196,13 @@ void frmMain::ShowCantSave(const QString& path, const QString& title) {
   picFondo_->update();
 }
 
-// Save: false only when the write failed. Without an image to save, or for a type that
-// cannot be written, it does nothing and reports no failure, so the save question then
-// goes on without the changes.
+// Save: false when the write failed or Save As was cancelled. Without an image to save it
+// does nothing; for a type that cannot be written (a GIF) it is Save As with a type that
+// holds the image, so an edit is never dropped unasked.
 bool frmMain::RunSave() {
   if (!CanSave()) return true;
   const QString target = document_.CurrentFilePath();
-  if (files::CannotBeWritten(LowerSuffix(target))) return true;
+  if (files::CannotBeWritten(LowerSuffix(target))) return RunSaveAs();
   widgets::ShowBusyPointer();
   picFondo_->SelectNone();
   if (!document_.SaveImageTo(target)) {
@@ -248,12 +248,8 @@ bool frmMain::ConfirmReplace(const QString& path, const QString& title) {
                               QMessageBox::No) == QMessageBox::Yes;
 }
 
-// Yes to the save question. Save writes the file; where Save would do nothing (a type
-// that cannot be written) Save As is offered, so an edit is never dropped unasked.
-bool frmMain::SaveForPrompt() {
-  if (CanSave() && files::CannotBeWritten(LowerSuffix(document_.CurrentFilePath()))) return RunSaveAs();
-  return RunSave();
-}
+// Yes to the save question.
+bool frmMain::SaveForPrompt() { return RunSave(); }
 
 void frmMain::ShowExclamation(const QString& text, const QString& detail) {
   ShowWarning(isVisible() ? this : nullptr, QStringLiteral("Vistrel"), text, detail);

@@ -60,7 +60,10 @@ void frmMain::BuildStatusBar() {
 
 void frmMain::ConnectDocument() {
   using document::Document;
-  connect(&document_, &Document::StateChanged, this, [this] { commands_.Refresh(); });
+  connect(&document_, &Document::StateChanged, this, [this] {
+    commands_.Refresh();
+    setWindowModified(document_.IsChanged());
+  });
   connect(&document_, &Document::ImageShown, this, &frmMain::ShowImage);
   document_.SetStandInLoader([this](const QString& path) { return files::LoadStandIn(path, state_.Metrics); });
   connect(&document_, &Document::StandInShown, this, [this](const imaging::Image& picture, base::NaturalSize natural) {
@@ -72,6 +75,7 @@ void frmMain::ConnectDocument() {
     }
   });
   connect(&document_, &Document::ImageEdited, this, &frmMain::ShowEditedImage);
+  connect(&document_, &Document::OpenFailed, picFondo_, &view::Viewport::ShowMessage);
   connect(&document_, &Document::StatusChanged, this, &frmMain::RefreshStatusBar);
   connect(&document_, &Document::ListRowSelected, this, &frmMain::SelectListRow);
   connect(&document_, &Document::ListFilled, this, [this] {
@@ -135,7 +139,9 @@ void frmMain::RefreshStatusBar(const QString& message) {
     facts.Percentage = picFondo_->Percentage();
     if (const qint64 bytes = base::FileSizeOf(path); bytes >= 0) facts.FileBytes = bytes;
   }
-  setWindowTitle(facts.DisplayName.isEmpty() ? QStringLiteral("Vistrel") : facts.DisplayName + QStringLiteral(" - Vistrel"));
+  // "[*]" becomes the modified mark while the image differs from its file.
+  setWindowTitle(facts.DisplayName.isEmpty() ? QStringLiteral("Vistrel") : facts.DisplayName + QStringLiteral("[*] - Vistrel"));
+  setWindowModified(document_.IsChanged());
   const document::StatusTexts texts = document::ComposeStatus(facts);
   const QString* panes[] = {&texts.Name, &texts.Position, &texts.Size, &texts.Zoom, &texts.FileSize};
   for (size_t i = 0; i < statusPanes_.size(); ++i) {

@@ -175,9 +175,11 @@ bool Document::IsMetafile() const {
   return extension == QLatin1String("wmf") || extension == QLatin1String("emf");
 }
 
+// An entry that does not open stays the current one, so stepping goes on from it in
+// either direction, and the view says why it did not open.
 void Document::ClickEntry(int row) {
   if (row < 0 || row >= list_.Count()) return;
-  if (row == shownRow_) {
+  if (row == shownRow_ && image_) {
     Q_EMIT StatusChanged({});
     return;
   }
@@ -189,14 +191,15 @@ void Document::ClickEntry(int row) {
   ClearCurrentImage();
   shownRow_ = -1;
   Load(EntryPath(row));
+  shownRow_ = row;
   if (image_) {
-    shownRow_ = row;
     StartHistory();  // so that Undo can go back to the image as loaded
     ShowImage();
   }
   Q_EMIT LayoutChanged();
-  // An entry that does not open says so where the picture would be described.
-  Q_EMIT StatusChanged(image_ ? QString() : list_.Entry(row).DisplayName + QStringLiteral(": Can't open file"));
+  const QString failure = list_.Entry(row).DisplayName + QStringLiteral(": Can't open file");
+  Q_EMIT StatusChanged(image_ ? QString() : failure);
+  if (!image_) Q_EMIT OpenFailed(failure + u'\n' + files::OpenFailureReason(EntryPath(row)));
   AnnounceNeighbours();
 }
 

@@ -95,7 +95,7 @@ class Document : public QObject {
   // Editing (DocumentHistory.cpp). The history holds packed states; the image shown is
   // always unpacked in CurrentImage().
   const History& UndoHistory() const { return history_; }
-  int ChangeLevel() const { return history_.ChangeLevel(); }
+  bool IsChanged() const { return history_.IsChanged(); }
   bool CanEdit() const { return viewMode_ != ViewMode::Thumbnails && ImageLoaded(); }
   // An edit's result becomes the image, recorded as a step named `undoName`.
   void ApplyEdit(const imaging::Image& edited, const QString& undoName);
@@ -120,6 +120,8 @@ class Document : public QObject {
  Q_SIGNALS:
   // Anything the commands' enabled and checked rules read changed.
   void StateChanged();
+  // The entry chosen did not open: what to show in the picture's place, and why.
+  void OpenFailed(const QString& text);
   // A new image, or none (nullptr): the selection goes and the zoom starts again.
   void ImageShown(const imaging::Image* image);
   // While a large image is read: a reduced picture of it and the whole image's natural size.

@@ -22,7 +22,7 @@ bool Document::OfferToSaveChanges() { return AskToSave(/*forgetOnNo=*/false); }
 bool Document::AskToSave(bool forgetOnNo) {
   widgets::RestorePointer();
   const QString file = CurrentFilePath();
-  if (ChangeLevel() == 0 || state_.Settings.LastOpenKind == settings::kOpenNothing || file.isEmpty()) return true;
+  if (!IsChanged() || state_.Settings.LastOpenKind == settings::kOpenNothing || file.isEmpty()) return true;
   switch (prompts_.AskSaveChanges(SaveChangesQuestion(file))) {
     case SaveChangesAnswer::No:
       if (forgetOnNo) history_.ForgetChanges();

@@ -1,8 +1,8 @@
 #pragma once
 // The undo and redo history without widgets: eight slots of pictures, the named steps
 // with the current one, the slot search of a new step (which records nothing when no
-// slot is free), the moves, the menu captions and the change level (0 when the image
-// equals the last loaded or saved state, raised by each recorded change, at most 2).
+// slot is free), the moves, the menu captions and whether the image is changed: it is
+// exactly when the current step is not the loaded or saved state.
 // `Picture` is what a slot holds: the whole image, or a form of it that costs less memory.
 
 #include <QString>
@@ -25,31 +25,40 @@ class UndoHistory {
 
   // Forgets every step; nothing is changed any more.
   void Clear() {
-    changeLevel_ = 0;
+    cleanStep_ = -1;
+    unrecordedChange_ = false;
     count_ = 0;
     current_ = -1;
     pictures_.fill(std::nullopt);
   }
 
-  // Records a step: a named change raises the change level, the unnamed base state
-  // (a loaded or saved image) sets it to 0. False when no slot is free and nothing was
-  // recorded.
+  // Records a step: a named change, or the unnamed base state (a loaded or saved image,
+  // the file's own state). False when no slot is free and nothing was recorded; the image
+  // then counts as changed until the next base state.
   bool Push(Picture picture, const QString& name) {
     const bool full = current_ >= kSlots - 1;
     std::array<bool, kSlots> used{};
     for (int i = full ? 1 : 0; i < count_; ++i) used[static_cast<size_t>(steps_[static_cast<size_t>(i)].Slot)] = true;
     int slot = 0;
     while (slot < kSlots && used[static_cast<size_t>(slot)]) ++slot;
-    if (slot == kSlots) return false;
+    if (slot == kSlots) {
+      unrecordedChange_ = unrecordedChange_ || !name.isEmpty();
+      return false;
+    }
     pictures_[static_cast<size_t>(slot)] = std::move(picture);
+    if (cleanStep_ > current_) cleanStep_ = -1;  // the redo steps, the file's state among them, go
     if (full) {
       for (int i = 1; i < kSlots; ++i) steps_[static_cast<size_t>(i - 1)] = steps_[static_cast<size_t>(i)];
+      if (cleanStep_ >= 0) --cleanStep_;
     } else {
       ++current_;
     }
     steps_[static_cast<size_t>(current_)] = {slot, name};
     count_ = current_ + 1;
-    changeLevel_ = name.isEmpty() ? 0 : std::min(changeLevel_ + 1, 2);
+    if (name.isEmpty()) {
+      cleanStep_ = current_;
+      unrecordedChange_ = false;
+    }
     return true;
   }
 
@@ -78,10 +87,13 @@ class UndoHistory {
   QString UndoTooltip() const { return Caption(QStringLiteral("Undo"), UndoName()); }
   QString RedoTooltip() const { return Caption(QStringLiteral("Redo"), RedoName()); }
 
-  // Undo and redo leave the change level as it is.
-  int ChangeLevel() const { return changeLevel_; }
-  // The user chose to drop the changes.
-  void ForgetChanges() { changeLevel_ = 0; }
+  // Undo back to the loaded or saved state makes the image unchanged again.
+  bool IsChanged() const { return unrecordedChange_ || (count_ > 0 && current_ != cleanStep_); }
+  // The user chose to drop the changes: the image shown counts as unchanged.
+  void ForgetChanges() {
+    cleanStep_ = current_;
+    unrecordedChange_ = false;
+  }
 
   int Current() const { return current_; }
   int Count() const { return count_; }
@@ -106,7 +118,8 @@ class UndoHistory {
   std::array<std::optional<Picture>, kSlots> pictures_{};
   int current_ = -1;
   int count_ = 0;
-  int changeLevel_ = 0;
+  int cleanStep_ = -1;  // the step holding the file's own state; -1 when none does
+  bool unrecordedChange_ = false;
 };
 
 }  // namespace edit

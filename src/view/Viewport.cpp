@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QWheelEvent>
+#include <QLabel>
 #include <QScrollBar>
 #include <QStyle>
 
@@ -26,6 +27,11 @@ Viewport::Viewport(const base::ScreenMetrics& metrics, QWidget* parent) : QWidge
   picCuadro_ = new QWidget(this);
   picCuadro_->setObjectName(QStringLiteral("picCuadro"));
   picCuadro_->setAutoFillBackground(true);
+  lblMessage_ = new QLabel(this);
+  lblMessage_->setObjectName(QStringLiteral("lblMessage"));
+  lblMessage_->setAlignment(Qt::AlignCenter);
+  lblMessage_->setWordWrap(true);
+  lblMessage_->hide();
   for (QWidget* w : {static_cast<QWidget*>(hscImagen_), static_cast<QWidget*>(vscImagen_), picCuadro_}) w->hide();
   // The bars' Change handlers: the control's offset follows the value.
   connect(hscImagen_, &QScrollBar::valueChanged, this, [this](int v) { imaImagen_->move(-v, imaImagen_->y()); });
@@ -54,7 +60,14 @@ float Viewport::TwipsY() const { return metrics_.TwipsPerPixelY; }
 void Viewport::SetBackground(const QColor& color) {
   QPalette p = palette();
   p.setColor(QPalette::Window, color);
+  p.setColor(QPalette::WindowText, color.lightness() < 128 ? Qt::white : Qt::black);
   setPalette(p);
+}
+
+void Viewport::ShowMessage(const QString& text) {
+  lblMessage_->setText(text);
+  lblMessage_->setGeometry(rect());
+  lblMessage_->setVisible(!text.isEmpty() && !image_);
 }
 
 void Viewport::SetImage(const std::optional<imaging::Image>& image, base::NaturalSize natural, bool fit) {
@@ -77,6 +90,7 @@ void Viewport::ReplaceImage(const imaging::Image& image, base::NaturalSize natur
 
 void Viewport::Show(const std::optional<imaging::Image>& image, base::NaturalSize natural, bool fit, Pending pending) {
   image_ = image;
+  lblMessage_->hide();
   natural_ = image ? natural : base::NaturalSize{};
   imaImagen_->SetImage(image);
   imaImagen_->setVisible(image.has_value());
@@ -160,6 +174,7 @@ void Viewport::Place() {
 
 void Viewport::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
+  lblMessage_->setGeometry(rect());
   if (alwaysFit_ && image_) {
     ApplyZoom(FitPercentage());
   } else {

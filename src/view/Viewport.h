@@ -14,6 +14,7 @@
 
 #include <optional>
 
+class QLabel;
 class QScrollBar;
 
 namespace view {
@@ -31,6 +32,9 @@ class Viewport : public QWidget {
   // applies the fit percentage at once (one zoom, one reduced copy).
   void SetImage(const std::optional<imaging::Image>& image, base::NaturalSize natural, bool fit = false);
   bool HasImage() const { return image_.has_value(); }
+  // A text in the picture's place while there is no picture (why a file did not open);
+  // the next image takes it away.
+  void ShowMessage(const QString& text);
   // A reduced picture in the place of an image still being read, at the whole image's
   // size and zoom; SetImage replaces it.
   void ShowStandIn(const imaging::Image& picture, base::NaturalSize natural, bool fit);
@@ -88,6 +92,7 @@ class Viewport : public QWidget {
   ImageCanvas* imaImagen_ = nullptr;
   QScrollBar* hscImagen_ = nullptr;
   QScrollBar* vscImagen_ = nullptr;
+  QLabel* lblMessage_ = nullptr;
   QWidget* picCuadro_ = nullptr;
   QTimer tmrSel_;
   std::optional<imaging::Image> image_;

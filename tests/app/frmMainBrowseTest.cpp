@@ -12,6 +12,7 @@
 #include <QContextMenuEvent>
 #include <QDir>
 #include <QFile>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
@@ -64,6 +65,26 @@ TEST_F(frmMainListTest, ClickingAnotherEntryOpensItUnlessTheSaveQuestionIsCancel
   QTest::mouseClick(list_->viewport(), Qt::LeftButton, {}, RowCentre(1));
   EXPECT_EQ(Doc().ShownRow(), 1);
   EXPECT_TRUE(Doc().ImageLoaded());
+}
+
+// An entry that does not open is stepped past in both directions, and says why in the view.
+TEST_F(frmMainListTest, StepsGoOnPastAFileThatDoesNotOpen) {
+  pictures_.WriteBytes(QStringLiteral("b2-empty.png"), "");
+  pictures_.WritePng(QStringLiteral("c.png"));
+  Doc().OpenChosenFolder(pictures_.Path());
+  const QString names[] = {"a.png", "b.png", "b2-empty.png", "c.png", "b2-empty.png", "b.png"};
+  const int steps[] = {0, 1, 1, 1, -1, -1};
+  for (size_t i = 0; i < std::size(names); ++i) {
+    Doc().Step(steps[i]);
+    EXPECT_EQ(Doc().CurrentFilePath(), pictures_.File(names[i])) << i;
+    EXPECT_EQ(list_->currentIndex().row(), Doc().ShownRow()) << i;
+  }
+  Doc().Step(1);
+  const auto* message = Child<QLabel>("lblMessage");
+  EXPECT_TRUE(message->isVisible());
+  EXPECT_EQ(message->text(), QStringLiteral("b2-empty.png: Can't open file\nthe file is empty"));
+  Doc().Step(1);
+  EXPECT_FALSE(message->isVisible());
 }
 
 TEST_F(frmMainListTest, KeysOnTheListStepAsOnTheImage) {

@@ -28,26 +28,39 @@ const QRgb kFlippedTopLeft = qRgb(0, 19 * 12, 100);
 
 using frmMainFileTest = testing_support::MainWindowTest;
 
-// Save on a GIF does nothing at all; Yes to the question on leaving offers Save As.
-TEST_F(frmMainFileTest, AGifIsNeverSavedOverButYesOnLeavingOffersSaveAs) {
+// A GIF is never saved over: Save, like Yes on leaving, offers Save As as PNG.
+TEST_F(frmMainFileTest, AGifIsNeverSavedOverSaveOffersSaveAs) {
   const QString gif = pictures_.File(QStringLiteral("anim.gif"));
   ASSERT_EQ(QProcess::execute(QStringLiteral("convert"), {"-size", "10x10", "gradient:", gif}), 0);
   const QByteArray before = ReadAll(gif);
   Start(gif);
+  EXPECT_FALSE(window_->isWindowModified());
   Trigger("mnuImageFlip");
-  {
-    DialogAnswerer answerer;
-    Trigger("mnuFileSave");
-    EXPECT_EQ(answerer.Count(), 0);
-  }
+  EXPECT_TRUE(window_->isWindowModified());  // the title's modified mark
+  Trigger("mnuFileSave");  // cancelled in its dialog: nothing written, the edit kept
   EXPECT_EQ(ReadAll(gif), before);
-  EXPECT_EQ(Doc().ChangeLevel(), 1);
+  EXPECT_TRUE(Doc().IsChanged());
   fileAnswer_ = {pictures_.File(QStringLiteral("anim.png")), files::SaveAsFilterIndex(QStringLiteral("png"))};
   DialogAnswerer answerer(QMessageBox::Yes);
   EXPECT_TRUE(window_->close());
-  ASSERT_EQ(requests_.size(), 1u);
-  EXPECT_TRUE(requests_[0].ProposedPath.endsWith(QStringLiteral("anim.png")));
+  ASSERT_EQ(requests_.size(), 2u);
+  for (const auto& request : requests_) EXPECT_TRUE(request.ProposedPath.endsWith(QStringLiteral("anim.png")));
   EXPECT_TRUE(QFile::exists(fileAnswer_.Path));
+  EXPECT_EQ(ReadAll(gif), before);
+}
+
+// Undoing every edit leaves nothing to ask about when moving on.
+TEST_F(frmMainFileTest, AnImageUndoneToItsFileIsNotAskedAbout) {
+  WriteGradient(pictures_, QStringLiteral("a.png"));
+  WriteGradient(pictures_, QStringLiteral("b.png"));
+  Start(pictures_.Path());
+  Trigger("mnuImageFlip");
+  Trigger("mnuEditUndo");
+  EXPECT_FALSE(window_->isWindowModified());
+  DialogAnswerer answerer(QMessageBox::Cancel);
+  Doc().Step(1);
+  EXPECT_EQ(answerer.Count(), 0);
+  EXPECT_EQ(Doc().ShownRow(), 1);
 }
 
 // Save, and Yes to the question on leaving, both say so and keep file, image, history and window.
@@ -69,7 +82,7 @@ TEST_F(frmMainFileTest, SavingAReadOnlyFileSaysSoAndLosesNothing) {
   EXPECT_FALSE(window_->close());
   EXPECT_EQ(answerer.Count(), 2);
   EXPECT_EQ(answerer.LastText(), QStringLiteral("Can't save file. File is marked as read-only"));
-  EXPECT_EQ(Doc().ChangeLevel(), 1);
+  EXPECT_TRUE(Doc().IsChanged());
 }
 
 TEST_F(frmMainFileTest, SaveAsProposesTheShownFormatTakesTheChosenOnesExtensionAndBecomesTheOpenFile) {
@@ -86,7 +99,7 @@ TEST_F(frmMainFileTest, SaveAsProposesTheShownFormatTakesTheChosenOnesExtensionA
   const QString saved = pictures_.File(QStringLiteral("copy.tif"));
   ASSERT_TRUE(QFile::exists(saved));
   EXPECT_EQ(window_->State().Settings.LastFile, saved);
-  EXPECT_EQ(Doc().ChangeLevel(), 0);
+  EXPECT_FALSE(Doc().IsChanged());
 }
 
 // Save As into the open folder rescans it and selects the new file; outside it, the image
@@ -111,7 +124,7 @@ TEST_F(frmMainFileTest, SaveAsInTheFolderSelectsTheNewFileAndOutsideItKeepsTheIm
   EXPECT_FALSE(window_->close());
   EXPECT_EQ(answerer.LastText(), QStringLiteral("'elsewhere.png' has changed. Do you want to save changes?"));
   EXPECT_EQ(answerer.LastTitle(), QStringLiteral("Save Changes"));
-  EXPECT_EQ(Doc().ChangeLevel(), 1);
+  EXPECT_TRUE(Doc().IsChanged());
 }
 
 TEST_F(frmMainFileTest, OpenFileAsksAboutTheEditsOnlyOnceAFileIsChosenAndOpensItAlone) {
@@ -122,7 +135,7 @@ TEST_F(frmMainFileTest, OpenFileAsksAboutTheEditsOnlyOnceAFileIsChosenAndOpensIt
     DialogAnswerer answerer(QMessageBox::No);
     Trigger("mnuFileOpenFile");  // fileAnswer_ is empty: the user cancels the dialog
     EXPECT_EQ(answerer.Count(), 0);
-    EXPECT_EQ(Doc().ChangeLevel(), 1);
+    EXPECT_TRUE(Doc().IsChanged());
   }
   fileAnswer_ = {WriteGradient(config_, QStringLiteral("other.png")), 1};
   DialogAnswerer answerer(QMessageBox::No);
@@ -142,7 +155,7 @@ TEST_F(frmMainFileTest, OpenFolderAsksAboutTheEditsOnlyOnceAFolderIsChosen) {
     DialogAnswerer answerer(QMessageBox::No);
     Trigger("mnuFileOpenFolder");
     EXPECT_EQ(answerer.Count(), 0);
-    EXPECT_EQ(Doc().ChangeLevel(), 1);
+    EXPECT_TRUE(Doc().IsChanged());
   }
   chosen = config_.Path();
   WriteGradient(config_, QStringLiteral("z.png"));
@@ -178,7 +191,7 @@ TEST_F(frmMainFileTest, SaveAsAsksBeforeReplacingAFileUnderTheCompletedName) {
   Trigger("mnuFileSaveAs");
   EXPECT_EQ(answerer.LastText(), QStringLiteral("b.png already exists.\nDo you want to replace it?"));
   EXPECT_EQ(ReadAll(existing), before);
-  EXPECT_EQ(Doc().ChangeLevel(), 1);
+  EXPECT_TRUE(Doc().IsChanged());
 }
 
 // Yes saves before stepping to the next entry; after a successful Save undo is disabled and

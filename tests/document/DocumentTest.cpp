@@ -131,7 +131,9 @@ TEST_F(DocumentTest, UndoReturnsAnEntryOpenedFromTheListToItsLoadedPixels) {
   document_.Undo();
   EXPECT_EQ(MeanAbsoluteDifference(*document_.CurrentImage(), loaded), 0);
   EXPECT_FALSE(document_.UndoHistory().CanUndo());
-  EXPECT_EQ(document_.ChangeLevel(), 2);  // undoing is a change too
+  EXPECT_FALSE(document_.IsChanged());  // back at the file's own state
+  document_.Redo();
+  EXPECT_TRUE(document_.IsChanged());
 }
 
 TEST_F(DocumentTest, SteppingAnnouncesTheNearestNeighboursFirstAndAClickOnTheShownEntryReloadsNothing) {
@@ -150,15 +152,17 @@ TEST_F(DocumentTest, SteppingAnnouncesTheNearestNeighboursFirstAndAClickOnTheSho
   EXPECT_EQ(document_.ShownRow(), 1);  // nothing beyond the end
 }
 
-TEST_F(DocumentTest, AnEntryThatFailsToOpenSaysSoAndAnnouncesNothing) {
+// It stays the current entry, so stepping goes on from it and its neighbour is read ahead.
+TEST_F(DocumentTest, AnEntryThatFailsToOpenSaysSoAndStaysCurrent) {
   folder_.WriteBytes(QStringLiteral("a.png"), "broken");
   QSignalSpy announced(&document_, &Document::NeighboursAnnounced);
   QSignalSpy status(&document_, &Document::StatusChanged);
   OpenFolderOf({"b.png"});
   EXPECT_EQ(status.last().at(0).toString(), QStringLiteral("a.png: Can't open file"));
-  EXPECT_EQ(announced.count(), 0);
+  ASSERT_EQ(announced.count(), 1);
+  EXPECT_EQ(announced.last().at(0).toStringList(), QStringList{folder_.File(QStringLiteral("b.png"))});
   EXPECT_FALSE(document_.ImageLoaded());
-  EXPECT_TRUE(document_.CurrentFilePath().isEmpty());
+  EXPECT_EQ(document_.CurrentFilePath(), folder_.File(QStringLiteral("a.png")));
 }
 
 // A folder that takes long to read (a slow network share) keeps the window alive, and Esc
@@ -254,15 +258,15 @@ TEST_F(DocumentEditingTest, SaveQuestionAnswers) {
     SaveChangesAnswer answer;
     bool saveSucceeds;
     bool goesOn;
-    int changeLevelAfter;
+    bool changedAfter;
     int questions;
   };
   const Case cases[] = {
-      {"unchanged: not asked", false, SaveChangesAnswer::Cancel, true, true, 0, 0},
-      {"No drops the changes", true, SaveChangesAnswer::No, true, true, 0, 1},
-      {"Cancel stops", true, SaveChangesAnswer::Cancel, true, false, 1, 1},
-      {"Yes saves", true, SaveChangesAnswer::Yes, true, true, 0, 1},
-      {"Yes with a failed save keeps everything", true, SaveChangesAnswer::Yes, false, false, 1, 1},
+      {"unchanged: not asked", false, SaveChangesAnswer::Cancel, true, true, false, 0},
+      {"No drops the changes", true, SaveChangesAnswer::No, true, true, false, 1},
+      {"Cancel stops", true, SaveChangesAnswer::Cancel, true, false, true, 1},
+      {"Yes saves", true, SaveChangesAnswer::Yes, true, true, false, 1},
+      {"Yes with a failed save keeps everything", true, SaveChangesAnswer::Yes, false, false, true, 1},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.what);
@@ -272,7 +276,7 @@ TEST_F(DocumentEditingTest, SaveQuestionAnswers) {
     prompts_.answer = c.answer;
     prompts_.saveSucceeds = c.saveSucceeds;
     EXPECT_EQ(document_.ConfirmSaveChanges(), c.goesOn);
-    EXPECT_EQ(document_.ChangeLevel(), c.changeLevelAfter);
+    EXPECT_EQ(document_.IsChanged(), c.changedAfter);
     EXPECT_EQ(prompts_.questions.size(), c.questions);
   }
 }

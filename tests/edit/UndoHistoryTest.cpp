@@ -54,3 +54,28 @@ TEST(UndoHistory, SlotsAreReusedOnceTheirStateIsGone) {
 }
 
 }  // namespace
+
+// Changed exactly when the step shown is not the file's own state: 'e' applies an edit,
+// 'u' undoes, 'r' redoes, 's' saves (a new base state), 'f' forgets the changes.
+TEST(UndoHistory, IsChangedExactlyAwayFromTheFilesOwnState) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"eu", "10"},         {"eeuur", "11101"},  {"eus", "100"},
+      {"eue", "101"},       // a new edit after undoing everything
+      {"eueu", "1010"},     // the redo step was dropped, the base stays
+      {"eeeeeeeeuuuuuuu", "111111111111111"},  // the base has left the history: never unchanged again
+      {"eefu", "1101"},
+  };
+  for (const auto& [moves, changed] : cases) {
+    Editing e;
+    QString seen;
+    for (const char* m = moves; *m; ++m) {
+      if (*m == 'e') e.Apply(QStringLiteral("Op"));
+      if (*m == 'u') e.history.Undo();
+      if (*m == 'r') e.history.Redo();
+      if (*m == 's') e.history.Push(e.next++, QString());
+      if (*m == 'f') e.history.ForgetChanges();
+      seen += e.history.IsChanged() ? u'1' : u'0';
+    }
+    EXPECT_EQ(seen, QLatin1String(changed)) << moves;
+  }
+}
