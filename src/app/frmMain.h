@@ -130,6 +130,7 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   void ShowThumbnails();
   void ShowImage(const imaging::Image* image);
   void RefreshStatusBar(const QString& message);
+  void RefreshTitle();
 
   // frmMainCommandTable.cpp
   void DeclareCommands();

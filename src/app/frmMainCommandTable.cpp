@@ -76,7 +76,11 @@ void frmMain::DeclareFileCommands() {
   t.Declare({"mnuFileOpenFolder", "Open &Folder...", Qt::CTRL | Qt::SHIFT | Qt::Key_O, "folder-open", "Open Folder"},
             {[this] { RunOpenFolder(); }});
   t.Declare({"mnuFileOpenFile", "&Open File...", Qt::CTRL | Qt::Key_O, "document-open", "Open"}, {[this] { RunOpenFile(); }});
-  t.Declare({"mnuFileClose", "&Close", Qt::CTRL | Qt::Key_W});
+  t.Declare({"mnuFileClose", "&Close", Qt::CTRL | Qt::Key_W},
+            {[this] {
+               if (document_.ConfirmSaveChanges()) document_.CloseFile();
+             },
+             [this] { return state_.Settings.LastOpenKind != settings::kOpenNothing; }});
   t.Declare({"mnuFileSave", "&Save", Qt::CTRL | Qt::Key_S, "document-save", "Save"},
             {[this] { RunSave(); }, [this] { return CanSave(); }});
   t.Declare({"mnuFileSaveAs", "Save &As...", Qt::CTRL | Qt::SHIFT | Qt::Key_S}, {[this] { RunSaveAs(); }, [this] { return CanSaveAs(); }});

@@ -44,7 +44,7 @@ void frmMain::RunCatalogueCommand(const edit::CatalogueCommand& command) {
   }
   widgets::BusyPointerGuard busy;
   picFondo_->SelectNone();
-  document_.ApplyEdit(edit::Apply(command, *document_.CurrentImage(), arguments), QLatin1String(command.UndoName));
+  document_.ApplyEdit(edit::Apply(command, *document_.CurrentImage(), arguments), QString::fromUtf8(command.UndoName));
 }
 
 // The parameter dialog with a live preview; the chosen values, or the ones the dialog

@@ -45,17 +45,25 @@ void frmMain::RunZoomToSelection() {
 
 // Full Screen shows the image already decoded: from the menu, only the selection when one
 // is shown; from a double-click, always the whole image.
+constexpr int kSmallestFullScreenSelection = 8;
+
 void frmMain::RunFullScreen(bool byDoubleClick) {
   // A double-click opens it from the Thumbnails view too, where the menu command does not.
   if (!document_.CurrentImage() || (!byDoubleClick && !CanZoom())) return;
   imaging::Image image = *document_.CurrentImage();
   base::NaturalSize natural = document_.Natural();
+  // A click's one-pixel selection (or any under 8 x 8 pixels) is not worth a screen.
   const QRect selection = SelectionPixels();
-  if (!byDoubleClick && !selection.isEmpty()) {
+  if (!byDoubleClick && selection.width() >= kSmallestFullScreenSelection &&
+      selection.height() >= kSmallestFullScreenSelection) {
     image = imaging::ops::Crop(image, selection);
     natural = base::NaturalSize::FromPixels(image.Width(), image.Height(), state_.Metrics);
   }
   view::frmFull full(image, natural, state_.Metrics, base::ColorFromBgr(state_.Settings.ColorFullScreen), this);
+  connect(&full, &view::frmFull::StepRequested, this, [this, &full](int delta) {
+    document_.Step(delta);
+    full.ShowImage(document_.CurrentImage(), document_.Natural());
+  });
   if (const QScreen* screen = this->screen()) full.setGeometry(screen->geometry());  // the screen the window is on
   runFullScreen_(full);
   picFondo_->update();

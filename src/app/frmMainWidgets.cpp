@@ -62,7 +62,7 @@ void frmMain::ConnectDocument() {
   using document::Document;
   connect(&document_, &Document::StateChanged, this, [this] {
     commands_.Refresh();
-    setWindowModified(document_.IsChanged());
+    RefreshTitle();
   });
   connect(&document_, &Document::ImageShown, this, &frmMain::ShowImage);
   document_.SetStandInLoader([this](const QString& path) { return files::LoadStandIn(path, state_.Metrics); });
@@ -125,6 +125,13 @@ void frmMain::ShowImage(const imaging::Image* image) {
                       state_.Settings.FitToWindow);
 }
 
+// "photo.jpg - Vistrel", with a "*" after the name while the image differs from its file.
+void frmMain::RefreshTitle() {
+  const QString name = document_.CurrentImage() ? base::DisplayName(document_.CurrentFilePath()) : QString();
+  if (name.isEmpty()) return setWindowTitle(QStringLiteral("Vistrel"));
+  setWindowTitle(name + (document_.IsChanged() ? QStringLiteral("*") : QString()) + QStringLiteral(" - Vistrel"));
+}
+
 void frmMain::RefreshStatusBar(const QString& message) {
   document::StatusFacts facts;
   facts.Message = message;
@@ -139,9 +146,7 @@ void frmMain::RefreshStatusBar(const QString& message) {
     facts.Percentage = picFondo_->Percentage();
     if (const qint64 bytes = base::FileSizeOf(path); bytes >= 0) facts.FileBytes = bytes;
   }
-  // "[*]" becomes the modified mark while the image differs from its file.
-  setWindowTitle(facts.DisplayName.isEmpty() ? QStringLiteral("Vistrel") : facts.DisplayName + QStringLiteral("[*] - Vistrel"));
-  setWindowModified(document_.IsChanged());
+  RefreshTitle();
   const document::StatusTexts texts = document::ComposeStatus(facts);
   const QString* panes[] = {&texts.Name, &texts.Position, &texts.Size, &texts.Zoom, &texts.FileSize};
   for (size_t i = 0; i < statusPanes_.size(); ++i) {

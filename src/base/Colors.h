@@ -15,4 +15,9 @@ inline std::int32_t BgrFromColor(const QColor& color) {
   return color.red() | (color.green() << 8) | (color.blue() << 16);
 }
 
+// Text that reads on a background: white on dark colours, black on light ones.
+inline QColor TextColorOn(const QColor& background) {
+  return background.lightness() < 128 ? QColor(Qt::white) : QColor(Qt::black);
+}
+
 }  // namespace base

@@ -1,5 +1,6 @@
 #include "browse/ThumbnailsView.h"
 
+#include "base/Colors.h"
 #include "base/Paths.h"
 #include "imaging/Loader.h"
 #include "widgets/TextFit.h"
@@ -156,7 +157,7 @@ void ThumbnailsView::SetBackground(const QColor& color) {
   viewport()->setPalette(p);
   viewport()->setAutoFillBackground(true);
   QPalette text = picThumbnails_->palette();
-  text.setColor(QPalette::WindowText, color.lightness() < 128 ? Qt::white : Qt::black);
+  text.setColor(QPalette::WindowText, base::TextColorOn(color));
   picThumbnails_->setPalette(text);
 }
 

@@ -78,7 +78,7 @@ class Document : public QObject {
   // After the entry in `row` left the folder: the list is read again and the entry now in
   // that place (or the new last one) opens; an emptied list shows nothing.
   void AfterEntryDeleted(int row);
-  // The single file is closed: nothing is open afterwards.
+  // The file or folder open is closed: nothing is open afterwards.
   void CloseFile();
 
   ViewMode View() const { return viewMode_; }

@@ -62,6 +62,8 @@ void Document::AfterEntryDeleted(int row) {
 
 void Document::CloseFile() {
   ClearCurrentImage();
+  list_.Clear();
+  shownRow_ = -1;
   state_.Settings.LastFile.clear();
   state_.Settings.LastOpenKind = settings::kOpenNothing;
   Q_EMIT StateChanged();

@@ -50,7 +50,7 @@ std::optional<QString> ReadValue(const QString& name, const Parameter& p, const 
 QString KnownNames() {
   QStringList names;
   for (const CatalogueCommand& c : Catalogue()) {
-    const QString name = QString::fromLatin1(*c.DialogClass ? c.DialogClass : c.UndoName).remove(u' ');
+    const QString name = QString::fromUtf8(*c.DialogClass ? c.DialogClass : c.UndoName).remove(u' ');
     if (!names.contains(name)) names << name;
   }
   return names.join(QStringLiteral(", "));

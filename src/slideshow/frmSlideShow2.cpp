@@ -1,5 +1,6 @@
 #include "slideshow/frmSlideShow2.h"
 
+#include "base/Colors.h"
 #include "base/Paths.h"
 #include "files/LoadImageFile.h"
 #include "widgets/BusyPointer.h"
@@ -64,7 +65,7 @@ frmSlideShow2::frmSlideShow2(const PlayerSettings& settings, QWidget* parent)
   lblEstado_ = new QLabel(this);
   lblEstado_->setObjectName(QStringLiteral("lblEstado"));
   lblEstado_->setAlignment(Qt::AlignCenter);
-  lblEstado_->setStyleSheet(QStringLiteral("color: white"));
+  lblEstado_->setStyleSheet(QStringLiteral("color: ") + base::TextColorOn(settings.Background).name());
   lblEstado_->setVisible(settings.ShowFileName);
   BuildMenus();
   tmrInfo_.setInterval(4000);

@@ -1,5 +1,6 @@
 #include "view/Viewport.h"
 
+#include "base/Colors.h"
 #include "view/ImageCanvas.h"
 #include "view/Zoom.h"
 
@@ -60,7 +61,7 @@ float Viewport::TwipsY() const { return metrics_.TwipsPerPixelY; }
 void Viewport::SetBackground(const QColor& color) {
   QPalette p = palette();
   p.setColor(QPalette::Window, color);
-  p.setColor(QPalette::WindowText, color.lightness() < 128 ? Qt::white : Qt::black);
+  p.setColor(QPalette::WindowText, base::TextColorOn(color));
   setPalette(p);
 }
 

@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QScrollBar>
 #include <QVBoxLayout>
+#include <QWheelEvent>
 
 namespace view {
 
@@ -37,6 +38,10 @@ frmFull::frmFull(const imaging::Image& image, base::NaturalSize natural, const b
 
 int frmFull::Percentage() const { return picFondo_->Percentage(); }
 
+void frmFull::ShowImage(const std::optional<imaging::Image>& image, base::NaturalSize natural) {
+  picFondo_->SetImage(image, natural, /*fit=*/true);
+}
+
 void frmFull::CloseWhenReady() {
   if (ready_) accept();
 }
@@ -54,6 +59,9 @@ bool frmFull::eventFilter(QObject* watched, QEvent* event) {
     }
     case QEvent::MouseButtonDblClick: case QEvent::MouseButtonRelease: case QEvent::MouseMove:
       return !qobject_cast<QScrollBar*>(watched);
+    case QEvent::Wheel:
+      wheelEvent(static_cast<QWheelEvent*>(event));
+      return true;
     default:
       return QDialog::eventFilter(watched, event);
   }
@@ -61,8 +69,20 @@ bool frmFull::eventFilter(QObject* watched, QEvent* event) {
 
 void frmFull::keyPressEvent(QKeyEvent* event) {
   if (event->modifiers() & (Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier)) return;
-  if (event->key() == Qt::Key_Shift || event->key() == Qt::Key_Control || event->key() == Qt::Key_Alt) return;
-  CloseWhenReady();
+  switch (event->key()) {
+    case Qt::Key_Shift: case Qt::Key_Control: case Qt::Key_Alt: return;
+    case Qt::Key_Right: case Qt::Key_Space: case Qt::Key_PageDown: Q_EMIT StepRequested(1); return;
+    case Qt::Key_Left: case Qt::Key_Backspace: case Qt::Key_PageUp: Q_EMIT StepRequested(-1); return;
+    default: CloseWhenReady();
+  }
+}
+
+void frmFull::wheelEvent(QWheelEvent* event) {
+  wheelTurn_ += event->angleDelta().y();
+  const int notches = wheelTurn_ / 120;
+  wheelTurn_ -= notches * 120;
+  if (notches != 0) Q_EMIT StepRequested(notches < 0 ? 1 : -1);
+  event->accept();
 }
 
 }  // namespace view

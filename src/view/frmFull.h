@@ -1,8 +1,10 @@
 #pragma once
 // `frmFull`: the image alone on the full-screen background, fitted to the screen (small
-// images enlarged up to 1000 %), with the image view's own scrolling. A key pressed
-// without Shift, Ctrl or Alt, or a click, closes it, but only once it is ready: the key
-// or click that opened it never closes it at once.
+// images enlarged up to 1000 %), with the image view's own scrolling. Right, Space, Page
+// Down and the wheel turned down ask for the next image, Left, Backspace, Page Up and the
+// wheel turned up for the previous one; any other key pressed without Shift, Ctrl or Alt,
+// or a click, closes it, but only once it is ready: the key or click that opened it never
+// closes it at once.
 
 #include "base/Twips.h"
 #include "imaging/Image.h"
@@ -23,6 +25,12 @@ class frmFull : public QDialog {
 
   bool IsReady() const { return ready_; }
   int Percentage() const;
+  // Another image in its place (none: the background alone), fitted again.
+  void ShowImage(const std::optional<imaging::Image>& image, base::NaturalSize natural);
+
+ Q_SIGNALS:
+  // +1 the next image, -1 the previous one.
+  void StepRequested(int delta);
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -30,6 +38,8 @@ class frmFull : public QDialog {
 
  private:
   void CloseWhenReady();
+  void wheelEvent(QWheelEvent* event) override;
+  int wheelTurn_ = 0;
 
   base::ScreenMetrics metrics_;  // its own copy: the view outlives no one's metrics
   Viewport* picFondo_ = nullptr;

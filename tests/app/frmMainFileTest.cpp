@@ -34,9 +34,9 @@ TEST_F(frmMainFileTest, AGifIsNeverSavedOverSaveOffersSaveAs) {
   ASSERT_EQ(QProcess::execute(QStringLiteral("convert"), {"-size", "10x10", "gradient:", gif}), 0);
   const QByteArray before = ReadAll(gif);
   Start(gif);
-  EXPECT_FALSE(window_->isWindowModified());
+  EXPECT_EQ(window_->windowTitle(), QStringLiteral("anim.gif - Vistrel"));
   Trigger("mnuImageFlip");
-  EXPECT_TRUE(window_->isWindowModified());  // the title's modified mark
+  EXPECT_EQ(window_->windowTitle(), QStringLiteral("anim.gif* - Vistrel"));  // the modified mark
   Trigger("mnuFileSave");  // cancelled in its dialog: nothing written, the edit kept
   EXPECT_EQ(ReadAll(gif), before);
   EXPECT_TRUE(Doc().IsChanged());
@@ -56,11 +56,23 @@ TEST_F(frmMainFileTest, AnImageUndoneToItsFileIsNotAskedAbout) {
   Start(pictures_.Path());
   Trigger("mnuImageFlip");
   Trigger("mnuEditUndo");
-  EXPECT_FALSE(window_->isWindowModified());
-  DialogAnswerer answerer(QMessageBox::Cancel);
-  Doc().Step(1);
-  EXPECT_EQ(answerer.Count(), 0);
-  EXPECT_EQ(Doc().ShownRow(), 1);
+  EXPECT_EQ(window_->windowTitle(), QStringLiteral("a.png - Vistrel"));
+  {
+    DialogAnswerer answerer(QMessageBox::Cancel);
+    Doc().Step(1);
+    EXPECT_EQ(answerer.Count(), 0);
+    EXPECT_EQ(Doc().ShownRow(), 1);
+    // File > Close asks about a changed image, then leaves nothing open.
+    Trigger("mnuImageFlip");
+    Trigger("mnuFileClose");
+    EXPECT_EQ(answerer.Count(), 1);
+    EXPECT_TRUE(Doc().ImageLoaded());
+  }
+  DialogAnswerer no(QMessageBox::No);
+  Trigger("mnuFileClose");
+  EXPECT_EQ(std::tuple(Doc().ImageLoaded(), window_->ListModel().Count(), window_->windowTitle()),
+            std::tuple(false, 0, QStringLiteral("Vistrel")));
+  EXPECT_FALSE(Command("mnuFileClose")->isEnabled());
 }
 
 // Save, and Yes to the question on leaving, both say so and keep file, image, history and window.

@@ -71,8 +71,8 @@ TEST_F(frmMainViewTest, AnEditOrUndoThatKeepsTheSizeKeepsTheView) {
   EXPECT_EQ(Canvas()->x(), -300);
 }
 
-// Full Screen from the menu shows the selection alone (a click without movement selects the
-// pixel under it); a double-click shows the whole image.
+// Full Screen from the menu shows the selection alone, but not a click's one-pixel
+// selection; a double-click shows the whole image.
 TEST_F(frmMainViewTest, FullScreenShowsTheSelectionFromTheMenuAndTheWholeImageOnADoubleClick) {
   QSize shown;
   window_->SetFullScreenRunner([&](view::frmFull& full) {
@@ -85,9 +85,29 @@ TEST_F(frmMainViewTest, FullScreenShowsTheSelectionFromTheMenuAndTheWholeImageOn
   QTest::mouseClick(Canvas(), Qt::LeftButton, {}, QPoint(30, 40));
   EXPECT_EQ(View().Selection().Pixels(15, 15), QRect(30, 40, 1, 1));
   Trigger("mnuViewFullScreen");
-  EXPECT_EQ(shown, QSize(1, 1));
+  EXPECT_EQ(shown, QSize(2000, 1500));
   QTest::mouseDClick(Canvas(), Qt::LeftButton, {}, QPoint(100, 100));
   EXPECT_EQ(shown, QSize(2000, 1500));
+}
+
+// In full screen the stepping keys and the wheel go through the folder.
+TEST_F(frmMainViewTest, FullScreenStepsThroughTheFolder) {
+  std::vector<std::pair<int, QSize>> seen;
+  window_->SetFullScreenRunner([&](view::frmFull& full) {
+    full.resize(800, 600);
+    const auto record = [&] {
+      seen.emplace_back(Doc().ShownRow(), full.findChild<QWidget*>(QStringLiteral("imaImagen"))->size() * 100 / full.Percentage());
+    };
+    QTest::keyClick(&full, Qt::Key_Right);
+    record();
+    QWheelEvent down(QPointF(5, 5), QPointF(5, 5), {}, QPoint(0, -120), Qt::NoButton, {}, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(full.findChild<QWidget*>(QStringLiteral("picFondo")), &down);
+    record();
+    QTest::keyClick(&full, Qt::Key_Left);
+    record();
+  });
+  Trigger("mnuViewFullScreen");
+  EXPECT_EQ(seen, (std::vector<std::pair<int, QSize>>{{1, QSize(40, 30)}, {2, QSize(40, 30)}, {1, QSize(40, 30)}}));
 }
 
 TEST_F(frmMainViewTest, ZoomToSelectionEnlargesAndCentresIt) {
