@@ -196,8 +196,10 @@ void ThumbnailsView::ListChanged() {
   if (isVisible()) ShowPage(page_);
 }
 
+// Hidden, the view only notes the row: stepping in the other views decodes no thumbnails.
 void ThumbnailsView::SetCurrentRow(int row) {
   current_ = row >= 0 && row < list_.Count() ? row : -1;
+  if (!isVisible()) return;
   if (current_ >= 0 && PageOfRow(current_) != page_) {
     ShowPage(PageOfRow(current_));
   } else {

@@ -92,10 +92,15 @@ void frmTiposArchivo::CheckAll(bool checked) {
   for (int i = 0; i < lisLista_->count(); ++i) lisLista_->item(i)->setCheckState(checked ? Qt::Checked : Qt::Unchecked);
 }
 
+// Where the platform records each extension on its own, the extension is the name.
+QStringList frmTiposArchivo::NamesOf(const QString& extension) const {
+  return owner_.RecordedAs ? owner_.RecordedAs(extension) : QStringList{extension};
+}
+
 QStringList frmTiposArchivo::RecordedAs(int row) const {
   QStringList names;
   for (const QString& extension : lisLista_->item(row)->data(Qt::UserRole).toString().split(u';')) {
-    names << owner_.RecordedAs(extension);
+    names << NamesOf(extension);
   }
   return names;
 }
@@ -126,7 +131,7 @@ void frmTiposArchivo::Accept() {
     const QStringList extensions = item->data(Qt::UserRole).toString().split(u';');
     const QString description = browse::FileTypeDescription(extensions.front());
     for (const QString& extension : extensions) {
-      const QStringList names = owner_.RecordedAs(extension);
+      const QStringList names = NamesOf(extension);
       if (!names.isEmpty() && std::all_of(names.begin(), names.end(), [&applied](const QString& n) { return applied.contains(n); })) {
         continue;
       }

@@ -32,6 +32,7 @@ class frmTiposArchivo : public QDialog {
 
  private:
   void CheckAll(bool checked);
+  QStringList NamesOf(const QString& extension) const;
   QStringList RecordedAs(int row) const;
   void TickInStep(int row);
   void Accept();

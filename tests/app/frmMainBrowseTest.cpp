@@ -215,6 +215,13 @@ TEST_F(frmMainThumbnailsTest, TheKeysMoveTheHighlightedTileAndItsPageFollows) {
   }
   QTest::keyClick(view_, Qt::Key_Home);
   EXPECT_EQ(Doc().CurrentFilePath(), pictures_.File(QStringLiteral("p00.png")));
+  // Stepping in another view decodes no thumbnails; coming back shows the entry's page.
+  Trigger("mnuViewListAndImage");
+  Doc().StepTo(12);
+  EXPECT_EQ(view_->Page(), 1);
+  Trigger("mnuViewThumbnails");
+  EXPECT_EQ(std::pair(view_->Page(), view_->CurrentRow()), std::pair(2, 12));
+  QTest::keyClick(view_, Qt::Key_Home);
   int fullScreens = 0;
   window_->SetFullScreenRunner([&](view::frmFull&) { ++fullScreens; });
   QTest::keyClick(view_, Qt::Key_Return);

@@ -10,6 +10,7 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QtTest/QTest>
 
 #include <gtest/gtest.h>
@@ -44,7 +45,11 @@ TEST(frmFull, OnlyADeliberateKeyOrClickClosesItOnceReady) {
   QTest::keyClick(full.get(), Qt::Key_A, Qt::ShiftModifier);
   QTest::keyClick(full.get(), Qt::Key_A, Qt::ControlModifier);
   EXPECT_TRUE(full->isVisible());
-  QTest::keyClick(full.get(), Qt::Key_Space);
+  QSignalSpy steps(full.get(), &view::frmFull::StepRequested);
+  QTest::keyClick(full.get(), Qt::Key_Space);  // steps, and stays
+  EXPECT_EQ(steps.count(), 1);
+  EXPECT_TRUE(full->isVisible());
+  QTest::keyClick(full.get(), Qt::Key_Escape);
   EXPECT_FALSE(full->isVisible());
 
   std::unique_ptr<view::frmFull> clicked(Opened(Grey(40, 30)));
