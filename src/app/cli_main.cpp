@@ -126,7 +126,13 @@ int Apply(const QString& input, const QString& output, const QStringList& words)
 int SetWallpaper(const QString& input) {
   const auto image = imaging::LoadFile(input);
   if (!image) return CantOpen(input);
-  return shell::SetWallpaperPicture(*image, shell::SetDesktopWallpaper) ? 0 : CantSave(shell::WallpaperFilePath());
+  switch (shell::SetWallpaperPicture(*image, shell::SetDesktopWallpaper)) {
+    case shell::WallpaperOutcome::Shown: return 0;
+    case shell::WallpaperOutcome::NotWritten: return CantSave(shell::FreshWallpaperPath());
+    case shell::WallpaperOutcome::NoDesktop: break;
+  }
+  Complain(shell::NoDesktopMessage());
+  return 1;
 }
 
 }  // namespace
@@ -172,8 +178,9 @@ int main(int argc, char** argv) {
     return SetWallpaper(arguments[2]);
   }
   if (verb == QLatin1String("wallpaper") && arguments.value(1) == QLatin1String("remove") && arguments.size() == 2) {
-    shell::RemoveWallpaper(shell::SetDesktopWallpaper);
-    return 0;
+    if (shell::RemoveWallpaper(shell::SetDesktopWallpaper)) return 0;
+    Complain(shell::NoDesktopMessage());
+    return 1;
   }
   return Usage();
 }

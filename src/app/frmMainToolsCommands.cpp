@@ -7,6 +7,7 @@
 #include "shell/FreedesktopShell.h"
 #include "view/Viewport.h"
 #include "widgets/BusyPointer.h"
+#include "widgets/WaitForWork.h"
 
 #include <QCoreApplication>
 
@@ -14,6 +15,7 @@
 #include <QMessageBox>
 #include <QScreen>
 #include <QTreeView>
+#include <QtConcurrent/QtConcurrentRun>
 
 namespace app {
 
@@ -91,14 +93,19 @@ bool frmMain::CanSetWallpaper() const {
   return kind != settings::kOpenFolder || lisLista_->currentIndex().isValid();
 }
 
-// The picture as it stands, unsaved edits included, not the file on disk.
+// The picture as it stands, unsaved edits included, not the file on disk. The desktop's
+// own tools can take seconds: they run off the UI thread while the window stays painted.
 void frmMain::RunSetWallpaper() {
   if (!AskYesNo(this, QStringLiteral("Set Wallpaper"),
                 QStringLiteral("Are you sure you want to set the wallpaper to this image?"))) {
     return;
   }
-  widgets::BusyPointerGuard busy;
-  shell::SetWallpaperPicture(*document_.CurrentImage(), setWallpaper_);
+  const imaging::Image picture = *document_.CurrentImage();
+  shell::WallpaperOutcome outcome = shell::WallpaperOutcome::NotWritten;
+  std::atomic_bool ignored{false};
+  widgets::WaitForWork(QtConcurrent::run([&] { outcome = shell::SetWallpaperPicture(picture, setWallpaper_); }), ignored);
+  if (outcome == shell::WallpaperOutcome::NotWritten) ShowCantSave(shell::FreshWallpaperPath(), QStringLiteral("Set Wallpaper"));
+  if (outcome == shell::WallpaperOutcome::NoDesktop) ShowWarning(this, QStringLiteral("Set Wallpaper"), shell::NoDesktopMessage(), {});
 }
 
 void frmMain::RunRemoveWallpaper() {
@@ -106,8 +113,10 @@ void frmMain::RunRemoveWallpaper() {
                 QStringLiteral("Are you sure you want to remove the desktop wallpaper?"))) {
     return;
   }
-  widgets::BusyPointerGuard busy;
-  shell::RemoveWallpaper(setWallpaper_);
+  bool removed = false;
+  std::atomic_bool ignored{false};
+  widgets::WaitForWork(QtConcurrent::run([&] { removed = shell::RemoveWallpaper(setWallpaper_); }), ignored);
+  if (!removed) ShowWarning(this, QStringLiteral("Remove Wallpaper"), shell::NoDesktopMessage(), {});
 }
 
 }  // namespace app

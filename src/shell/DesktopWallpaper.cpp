@@ -21,7 +21,7 @@ QString Quoted(const QString& text) {
 
 }  // namespace
 
-Desktop DesktopFromName(const QString& xdgCurrentDesktop) {
+std::optional<Desktop> DesktopFromName(const QString& xdgCurrentDesktop) {
   for (const QString& name : xdgCurrentDesktop.split(u':', Qt::SkipEmptyParts)) {
     const QString n = name.toLower();
     if (n == u"gnome" || n == u"unity" || n == u"budgie" || n == u"ubuntu") return Desktop::Gnome;
@@ -31,7 +31,7 @@ Desktop DesktopFromName(const QString& xdgCurrentDesktop) {
     if (n == u"kde") return Desktop::Kde;
     if (n == u"lxqt") return Desktop::Lxqt;
   }
-  return Desktop::Gnome;
+  return std::nullopt;
 }
 
 ProcessResult RunProgram(const QString& program, const QStringList& arguments) {
@@ -45,9 +45,10 @@ ProcessResult RunProgram(const QString& program, const QStringList& arguments) {
   return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput())};
 }
 
-void DesktopWallpaper::Set(const QString& path) const {
-  if (!path.isEmpty() && SetThroughPortal(path)) return;
-  switch (desktop_) {
+bool DesktopWallpaper::Set(const QString& path) const {
+  if (!path.isEmpty() && SetThroughPortal(path)) return true;
+  if (!desktop_) return false;
+  switch (*desktop_) {
     case Desktop::Gnome:
       return SetThroughGSettings(QStringLiteral("org.gnome.desktop.background"), path);
     case Desktop::Cinnamon:
@@ -61,6 +62,7 @@ void DesktopWallpaper::Set(const QString& path) const {
     case Desktop::Lxqt:
       return SetThroughPcmanfm(path);
   }
+  return false;
 }
 
 // The portal shows no preview and sets the background only; it has no way to remove one.
@@ -75,13 +77,15 @@ bool DesktopWallpaper::SetThroughPortal(const QString& path) const {
 
 // MATE names a file, the others a URI; removing sets the picture options to "none". A
 // later Set brings the picture back zoomed.
-void DesktopWallpaper::SetThroughGSettings(const QString& schema, const QString& path) const {
-  const auto set = [&](const QString& key, const QString& value) { run_(kGSettings, {"set", schema, key, value}); };
+bool DesktopWallpaper::SetThroughGSettings(const QString& schema, const QString& path) const {
+  const auto set = [&](const QString& key, const QString& value) {
+    return run_(kGSettings, {"set", schema, key, value}).ExitCode == 0;
+  };
   if (path.isEmpty()) return set(QStringLiteral("picture-options"), QStringLiteral("none"));
   if (desktop_ == Desktop::Mate) {
-    set(QStringLiteral("picture-filename"), path);
+    if (!set(QStringLiteral("picture-filename"), path)) return false;
   } else {
-    set(QStringLiteral("picture-uri"), FileUri(path));
+    if (!set(QStringLiteral("picture-uri"), FileUri(path))) return false;
     const ProcessResult keys = run_(kGSettings, {"list-keys", schema});
     if (keys.Output.split(u'\n').contains(QStringLiteral("picture-uri-dark"))) set(QStringLiteral("picture-uri-dark"), FileUri(path));
   }
@@ -89,27 +93,32 @@ void DesktopWallpaper::SetThroughGSettings(const QString& schema, const QString&
   if (options.ExitCode == 0 && options.Output.trimmed() == QStringLiteral("'none'")) {
     set(QStringLiteral("picture-options"), QStringLiteral("zoom"));
   }
+  return true;
 }
 
 // Every monitor and workspace has its own picture (".../last-image") and style
 // (".../image-style", 0 for none, 5 for zoomed). A desktop that has never had a wallpaper
 // gets the first monitor's first workspace.
-void DesktopWallpaper::SetThroughXfconf(const QString& path) const {
+bool DesktopWallpaper::SetThroughXfconf(const QString& path) const {
   const QString channel = QStringLiteral("xfce4-desktop");
   QStringList images;
-  for (const QString& property : run_(kXfconf, {"-c", channel, "-l"}).Output.split(u'\n', Qt::SkipEmptyParts)) {
+  const ProcessResult listed = run_(kXfconf, {"-c", channel, "-l"});
+  if (listed.ExitCode < 0) return false;  // no xfconf to ask
+  for (const QString& property : listed.Output.split(u'\n', Qt::SkipEmptyParts)) {
     if (property.startsWith(QStringLiteral("/backdrop/")) && property.endsWith(QStringLiteral("/last-image"))) images << property;
   }
   if (images.isEmpty()) images << QStringLiteral("/backdrop/screen0/monitor0/workspace0/last-image");
+  bool taken = true;
   for (const QString& image : images) {
     const QString style = image.chopped(QStringLiteral("last-image").size()) + QStringLiteral("image-style");
-    if (!path.isEmpty()) run_(kXfconf, {"-c", channel, "-p", image, "-n", "-t", "string", "-s", path});
+    if (!path.isEmpty()) taken = run_(kXfconf, {"-c", channel, "-p", image, "-n", "-t", "string", "-s", path}).ExitCode == 0 && taken;
     run_(kXfconf, {"-c", channel, "-p", style, "-n", "-t", "int", "-s", path.isEmpty() ? "0" : "5"});
   }
+  return taken;
 }
 
 // Plasma's desktop script: the image plugin with the picture, or the plain colour plugin.
-void DesktopWallpaper::SetThroughPlasma(const QString& path) const {
+bool DesktopWallpaper::SetThroughPlasma(const QString& path) const {
   const QString perDesktop =
       path.isEmpty() ? QStringLiteral("d.wallpaperPlugin = \"org.kde.color\";")
                      : QStringLiteral("d.wallpaperPlugin = \"org.kde.image\"; "
@@ -118,20 +127,19 @@ void DesktopWallpaper::SetThroughPlasma(const QString& path) const {
                            .arg(Quoted(FileUri(path)));
   const QString script =
       QStringLiteral("var all = desktops(); for (var i = 0; i < all.length; i++) { var d = all[i]; %1 }").arg(perDesktop);
-  run_(QStringLiteral("gdbus"), {"call", "--session", "--dest", "org.kde.plasmashell", "--object-path", "/PlasmaShell",
-                                 "--method", "org.kde.PlasmaShell.evaluateScript", script});
+  return run_(QStringLiteral("gdbus"), {"call", "--session", "--dest", "org.kde.plasmashell", "--object-path",
+                                        "/PlasmaShell", "--method", "org.kde.PlasmaShell.evaluateScript", script})
+             .ExitCode == 0;
 }
 
-void DesktopWallpaper::SetThroughPcmanfm(const QString& path) const {
-  if (path.isEmpty()) {
-    run_(QStringLiteral("pcmanfm-qt"), {"--wallpaper-mode=color"});
-  } else {
-    run_(QStringLiteral("pcmanfm-qt"), {"--set-wallpaper=" + path, "--wallpaper-mode=zoom"});
-  }
+bool DesktopWallpaper::SetThroughPcmanfm(const QString& path) const {
+  const QStringList arguments = path.isEmpty() ? QStringList{"--wallpaper-mode=color"}
+                                               : QStringList{"--set-wallpaper=" + path, "--wallpaper-mode=zoom"};
+  return run_(QStringLiteral("pcmanfm-qt"), arguments).ExitCode == 0;
 }
 
-void SetDesktopWallpaper(const QString& path) {
-  DesktopWallpaper(DesktopFromName(qEnvironmentVariable("XDG_CURRENT_DESKTOP")), RunProgram).Set(path);
+bool SetDesktopWallpaper(const QString& path) {
+  return DesktopWallpaper(DesktopFromName(qEnvironmentVariable("XDG_CURRENT_DESKTOP")), RunProgram).Set(path);
 }
 
 }  // namespace shell

@@ -10,13 +10,14 @@
 #include <QStringList>
 
 #include <functional>
+#include <optional>
 
 namespace shell {
 
 enum class Desktop { Gnome, Cinnamon, Mate, Xfce, Kde, Lxqt };
 
-// The first desktop of the colon-separated list that we know; GNOME's store otherwise.
-Desktop DesktopFromName(const QString& xdgCurrentDesktop);
+// The first desktop of the colon-separated list that we know; nothing for any other.
+std::optional<Desktop> DesktopFromName(const QString& xdgCurrentDesktop);
 
 struct ProcessResult {
   int ExitCode = -1;  // -1 when the program could not run or timed out
@@ -29,24 +30,25 @@ ProcessResult RunProgram(const QString& program, const QStringList& arguments);
 
 class DesktopWallpaper {
  public:
-  DesktopWallpaper(Desktop desktop, RunProcess run) : desktop_(desktop), run_(std::move(run)) {}
+  DesktopWallpaper(std::optional<Desktop> desktop, RunProcess run) : desktop_(desktop), run_(std::move(run)) {}
 
   // Shows the picture at path as the wallpaper; an empty path removes the wallpaper. A
-  // desktop that refuses leaves its wallpaper as it was.
-  void Set(const QString& path) const;
+  // desktop that refuses leaves its wallpaper as it was. False when neither the portal nor
+  // a desktop we know took it.
+  bool Set(const QString& path) const;
 
  private:
   bool SetThroughPortal(const QString& path) const;
-  void SetThroughGSettings(const QString& schema, const QString& path) const;
-  void SetThroughXfconf(const QString& path) const;
-  void SetThroughPlasma(const QString& path) const;
-  void SetThroughPcmanfm(const QString& path) const;
+  bool SetThroughGSettings(const QString& schema, const QString& path) const;
+  bool SetThroughXfconf(const QString& path) const;
+  bool SetThroughPlasma(const QString& path) const;
+  bool SetThroughPcmanfm(const QString& path) const;
 
-  Desktop desktop_;
+  std::optional<Desktop> desktop_;
   RunProcess run_;
 };
 
 // The desktop of this session, changed through real programs.
-void SetDesktopWallpaper(const QString& path);
+bool SetDesktopWallpaper(const QString& path);
 
 }  // namespace shell

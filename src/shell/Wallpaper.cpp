@@ -2,6 +2,7 @@
 
 #include "imaging/Saver.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -9,20 +10,37 @@
 
 namespace shell {
 
-QString WallpaperFilePath() {
-  const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QStringLiteral("/vistrel");
-  return folder + QStringLiteral("/Vistrel Wallpaper.bmp");
+namespace {
+
+const QString kName = QStringLiteral("Vistrel Wallpaper");
+
+}  // namespace
+
+QString WallpaperFolder() {
+  return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QStringLiteral("/vistrel");
 }
 
-bool SetWallpaperPicture(const imaging::Image& picture, const WallpaperSetter& setDesktop) {
-  const QString path = WallpaperFilePath();
-  QDir().mkpath(QFileInfo(path).path());
-  QFile::remove(path);
-  if (!imaging::SaveImage(picture.OnWhite(), path)) return false;
-  setDesktop(path);
-  return true;
+QString FreshWallpaperPath() {
+  return WallpaperFolder() + u'/' + kName + u' ' + QString::number(QDateTime::currentMSecsSinceEpoch()) + QStringLiteral(".bmp");
 }
 
-void RemoveWallpaper(const WallpaperSetter& setDesktop) { setDesktop(QString()); }
+WallpaperOutcome SetWallpaperPicture(const imaging::Image& picture, const WallpaperSetter& setDesktop) {
+  const QDir folder(WallpaperFolder());
+  QDir().mkpath(folder.path());
+  const QString path = FreshWallpaperPath();
+  if (!imaging::SaveImage(picture.OnWhite(), path)) return WallpaperOutcome::NotWritten;
+  if (!setDesktop(path)) {
+    QFile::remove(path);
+    return WallpaperOutcome::NoDesktop;
+  }
+  for (const QString& older : folder.entryList({kName + QStringLiteral("*.bmp")}, QDir::Files)) {
+    if (folder.filePath(older) != path) QFile::remove(folder.filePath(older));
+  }
+  return WallpaperOutcome::Shown;
+}
+
+bool RemoveWallpaper(const WallpaperSetter& setDesktop) { return setDesktop(QString()); }
+
+QString NoDesktopMessage() { return QStringLiteral("No supported desktop was found to set the wallpaper on"); }
 
 }  // namespace shell

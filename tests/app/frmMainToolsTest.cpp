@@ -30,12 +30,18 @@ class frmMainToolsTest : public testing_support::MainWindowTest {
     pictures_.WritePng(QStringLiteral("a.png"), 30, 20);
     pictures_.WritePng(QStringLiteral("b.png"), 30, 20);
     Start(pictures_.Path());
-    window_->SetWallpaperSetter([this](const QString& path) { desktop_ << path; });
+    window_->SetWallpaperSetter([this](const QString& path) {
+      desktop_ << path;
+      return desktopAnswers_;
+    });
   }
   QStringList desktop_;  // what the desktop was asked to show, "" for none
+  bool desktopAnswers_ = true;
 };
 
-TEST_F(frmMainToolsTest, SetTwiceKeepsOneFileOfThePictureAsShownAndRemoveAsks) {
+// Each Set writes the picture as shown under a fresh name and leaves only the one shown;
+// with no desktop to take it, the user is told and nothing new is left.
+TEST_F(frmMainToolsTest, SetWritesAFreshFileEachTimeKeepsOnlyTheShownOneAndRemoveAsks) {
   Trigger("mnuColorsNegative");
   {
     DialogAnswerer no(QMessageBox::No);
@@ -45,19 +51,25 @@ TEST_F(frmMainToolsTest, SetTwiceKeepsOneFileOfThePictureAsShownAndRemoveAsks) {
   EXPECT_TRUE(desktop_.isEmpty());
   DialogAnswerer yes(QMessageBox::Yes);
   Trigger("mnuToolsSetWallpaper");
+  QTest::qWait(2);  // a fresh millisecond, a fresh name
   Trigger("mnuListSetWallpaper");
-  const QString file = shell::WallpaperFilePath();
-  EXPECT_EQ(desktop_, QStringList({file, file}));
-  EXPECT_EQ(QFileInfo(file).fileName(), QStringLiteral("Vistrel Wallpaper.bmp"));
-  EXPECT_EQ(QDir(QFileInfo(file).path()).entryList(QDir::Files), QStringList{"Vistrel Wallpaper.bmp"});
-  EXPECT_EQ(testing_support::MeanAbsoluteDifference(imaging::LoadFile(file).value(), Shown()), 0);
+  ASSERT_EQ(desktop_.size(), 2);
+  EXPECT_NE(desktop_[0], desktop_[1]);
+  const QDir folder(shell::WallpaperFolder());
+  EXPECT_EQ(folder.entryList(QDir::Files), QStringList{QFileInfo(desktop_[1]).fileName()});
+  EXPECT_EQ(testing_support::MeanAbsoluteDifference(imaging::LoadFile(desktop_[1]).value(), Shown()), 0);
+  desktopAnswers_ = false;
+  Trigger("mnuToolsSetWallpaper");
+  EXPECT_EQ(yes.LastText(), shell::NoDesktopMessage());
+  EXPECT_EQ(folder.entryList(QDir::Files), QStringList{QFileInfo(desktop_[1]).fileName()});
+  desktopAnswers_ = true;
   Child<QTreeView>("lisLista")->setCurrentIndex({});  // without a list entry Set does nothing; Remove asks
   const int asked = yes.Count();
   Trigger("mnuToolsSetWallpaper");
   EXPECT_EQ(yes.Count(), asked);
   Trigger("mnuToolsRemoveWallpaper");
   EXPECT_EQ(yes.LastTitle(), QStringLiteral("Remove Wallpaper"));
-  EXPECT_EQ(desktop_, QStringList({file, file, QString()}));
+  EXPECT_EQ(desktop_.last(), QString());
 }
 
 // The player plays over the setup dialog (so that dialog never blocks its keys and mouse),

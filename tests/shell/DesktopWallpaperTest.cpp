@@ -1,8 +1,10 @@
 // The wallpaper on each desktop: GNOME's and MATE's real GSettings store (a private keyfile),
 // Xfce's real xfconf daemon on a private D-Bus session, and the command lines of the others.
 #include "shell/DesktopWallpaper.h"
+#include "shell/Wallpaper.h"
 #include "support/TestFiles.h"
 
+#include <QDir>
 #include <QUrl>
 
 #include <gtest/gtest.h>
@@ -65,19 +67,36 @@ TEST(Xfce, EveryMonitorAndWorkspaceGetsThePicture) {
       QStringLiteral("dbus-run-session"), {"--", "bash", "-c", script, "bash", VISTREL_CLI_PATH, picture},
       {"XDG_CURRENT_DESKTOP=XFCE", "XDG_CONFIG_HOME=" + folder.MakeFolder(QStringLiteral("config")),
        "XDG_DATA_HOME=" + folder.MakeFolder(QStringLiteral("data"))});
-  const QString written = folder.File(QStringLiteral("data/vistrel/Vistrel Wallpaper.bmp"));
-  EXPECT_EQ(session.Output.split(u'\n', Qt::SkipEmptyParts), QStringList({written + " 5", written + " 5", "0"}));
+  const QStringList written = QDir(folder.File(QStringLiteral("data/vistrel"))).entryList(QDir::Files);
+  ASSERT_EQ(written.size(), 1);
+  const QString shown = folder.File(QStringLiteral("data/vistrel/")) + written[0];
+  EXPECT_EQ(session.Output.split(u'\n', Qt::SkipEmptyParts), QStringList({shown + " 5", shown + " 5", "0"}));
+}
+
+// With no desktop to take it, vistrel-cli says so, fails and leaves no picture behind.
+TEST(DesktopWallpaperCommands, NoDesktopIsAFailureThatLeavesNoFile) {
+  testing_support::TempFolder folder;
+  const QString picture = folder.WritePng(QStringLiteral("photo.png"));
+  const QStringList environment = {"XDG_CURRENT_DESKTOP=", "DBUS_SESSION_BUS_ADDRESS=unix:path=/nonexistent",
+                                   "XDG_DATA_HOME=" + folder.MakeFolder(QStringLiteral("data"))};
+  for (const QStringList& command : {QStringList{"wallpaper", "set", picture}, QStringList{"wallpaper", "remove"}}) {
+    const testing_support::ProgramRun run = testing_support::Run(QStringLiteral(VISTREL_CLI_PATH), command, environment);
+    EXPECT_EQ(run.ExitCode, 1) << command.join(u' ').toStdString();
+    EXPECT_TRUE(run.Errors.contains(shell::NoDesktopMessage())) << run.Errors.toStdString();
+  }
+  EXPECT_TRUE(QDir(folder.File(QStringLiteral("data/vistrel"))).entryList(QDir::Files).isEmpty());
 }
 
 // What runs on the desktops tried through their own programs, the portal first.
 TEST(DesktopWallpaperCommands, PortalPlasmaAndLxqt) {
   struct Case {
-    Desktop desktop;
+    std::optional<Desktop> desktop;
     bool portalAnswers;
     const char* path;
     QStringList expected;  // each program run, in order, and a part of its arguments
   };
   const Case cases[] = {
+      {std::nullopt, false, "/w.bmp", {"gdbus portal.Wallpaper.SetWallpaperURI  file:///w.bmp"}},  // refused
       {Desktop::Kde, true, "/w.bmp", {"gdbus portal.Wallpaper.SetWallpaperURI  file:///w.bmp"}},
       {Desktop::Kde, false, "/w.bmp", {"gdbus file:///w.bmp", "gdbus d.writeConfig(\"Image\", \"file:///w.bmp\")"}},
       {Desktop::Kde, false, "", {"gdbus d.wallpaperPlugin = \"org.kde.color\""}},
@@ -86,11 +105,12 @@ TEST(DesktopWallpaperCommands, PortalPlasmaAndLxqt) {
   };
   for (const Case& c : cases) {
     QStringList ran;
-    DesktopWallpaper(c.desktop, [&](const QString& program, const QStringList& arguments) {
+    const bool taken = DesktopWallpaper(c.desktop, [&](const QString& program, const QStringList& arguments) {
       ran << program + u' ' + arguments.join(u' ');
       const bool portal = arguments.contains(QStringLiteral("org.freedesktop.portal.Desktop"));
       return shell::ProcessResult{portal && !c.portalAnswers ? 1 : 0, {}};
     }).Set(QLatin1String(c.path));
+    EXPECT_EQ(taken, c.desktop.has_value() || c.portalAnswers);
     ASSERT_EQ(ran.size(), c.expected.size()) << ran.join(u'\n').toStdString();
     for (int i = 0; i < ran.size(); ++i) {
       const QString program = c.expected[i].section(u' ', 0, 0), part = c.expected[i].section(u' ', 1);
