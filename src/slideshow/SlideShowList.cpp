@@ -1,8 +1,11 @@
 #include "slideshow/SlideShowList.h"
 
+#include "base/FileNames.h"
+
 #include "base/NumberRules.h"
 #include "base/TextEncoding.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace slideshow {
@@ -77,12 +80,20 @@ std::optional<SlideShowList> ReadSlideShowText(const QByteArray& bytes, const QL
   list.ShowFileName = *generation == Generation::Current ? lines.NextFlag() : std::optional(false);
   if (const auto mode = lines.NextNumber()) list.ManualAdvance = *mode != 0;
   if (const auto seconds = lines.Next()) {
-    list.Seconds = *generation == Generation::Oldest ? *seconds : locale.toString(numbers::LeadingNumber(*seconds));
+    const double read = std::clamp(numbers::LeadingNumber(*seconds), 0.0, kMostSeconds);
+    list.Seconds = *generation == Generation::Oldest ? *seconds : locale.toString(read);
   }
   return list;
 }
 
-QByteArray WriteSlideShowText(const SlideShowList& list, const QLocale& locale) {
+std::optional<QByteArray> WriteSlideShowText(const SlideShowList& list, const QLocale& locale) {
+  const auto unwritable = [](const QString& name) {
+    return name.contains(u'\r') || name.contains(u'\n') || base::HasRawBytes(name);
+  };
+  if (unwritable(list.Folder) ||
+      std::any_of(list.Rows.begin(), list.Rows.end(), [&](const SlideShowRow& row) { return unwritable(row.Name); })) {
+    return std::nullopt;
+  }
   QStringList lines = {QStringLiteral("Vistrel 6.2 SlideShow"), list.Folder, QString::number(list.Rows.size())};
   for (const SlideShowRow& row : list.Rows) lines << (row.Checked ? u'.' : u' ') + row.Name;
   for (const auto& flag : {list.Random, list.Repeat, list.FitToWindow, list.ShowFileName, list.ManualAdvance}) {

@@ -42,7 +42,11 @@ inline constexpr int kMostListRows = 100000;
 std::optional<SlideShowList> ReadSlideShowText(const QByteArray& bytes, const QLocale& locale);
 
 // The current generation. The names go in Windows-1252 when every one fits in it (so the
-// lists open in older programs too), otherwise in UTF-8.
-QByteArray WriteSlideShowText(const SlideShowList& list, const QLocale& locale);
+// lists open in older programs too), otherwise in UTF-8. Nullopt when the folder or a name
+// holds a line break or bytes that are not text: a list of lines cannot name that file.
+std::optional<QByteArray> WriteSlideShowText(const SlideShowList& list, const QLocale& locale);
+
+// Seconds read from a list are kept within what the seconds box takes.
+inline constexpr double kMostSeconds = 9999.9;
 
 }  // namespace slideshow

@@ -255,9 +255,15 @@ void frmSlideShow::Apply(const SlideShowList& list) {
 
 // A user's file is replaced only once the new one is written whole.
 void frmSlideShow::WriteSlideShowFile(const QString& path) const {
+  const auto text = WriteSlideShowText(State(), locale());
+  if (!text) {
+    return Exclaim(const_cast<frmSlideShow*>(this),
+                   QStringLiteral("Can't save file. A file name holds a line break or bytes that are not text, "
+                                  "which a slide show list cannot hold"));
+  }
   QSaveFile file(path);
   if (!file.open(QIODevice::WriteOnly)) return;
-  file.write(WriteSlideShowText(State(), locale()));
+  file.write(*text);
   file.commit();
 }
 

@@ -19,7 +19,7 @@ TEST(SlideShowList, WhatIsWrittenReadsBack) {
   SlideShowList list{QStringLiteral("/home/ana/Fotos"),
                      {{QStringLiteral("b.jpg"), true}, {QStringLiteral("caf\u00e9.png"), false}},
                      true, false, true, true, false, QStringLiteral("2,46")};
-  const QByteArray text = slideshow::WriteSlideShowText(list, kGerman);
+  const QByteArray text = slideshow::WriteSlideShowText(list, kGerman).value();
   EXPECT_EQ(text, QByteArray("Vistrel 6.2 SlideShow\r\n/home/ana/Fotos\r\n2\r\n.b.jpg\r\n caf\xe9.png\r\n1\r\n0\r\n1\r\n1\r\n0\r\n2.5\r\n"));
   list.Seconds = QStringLiteral("2,5");  // read back in the same locale, rounded
   const auto back = slideshow::ReadSlideShowText(text, kGerman);
@@ -29,7 +29,15 @@ TEST(SlideShowList, WhatIsWrittenReadsBack) {
   EXPECT_EQ(std::tuple(back->Random, back->Repeat, back->FitToWindow, back->ShowFileName, back->ManualAdvance, back->Seconds),
             std::tuple(list.Random, list.Repeat, list.FitToWindow, list.ShowFileName, list.ManualAdvance, list.Seconds));
   list.Rows[0].Name = QStringLiteral("\u65e5\u672c.jpg");  // no place in Windows-1252: UTF-8
-  EXPECT_TRUE(slideshow::WriteSlideShowText(list, kGerman).contains(list.Rows[0].Name.toUtf8()));
+  EXPECT_TRUE(slideshow::WriteSlideShowText(list, kGerman).value().contains(list.Rows[0].Name.toUtf8()));
+  // What a list of lines cannot name is refused, never written as another name.
+  for (const QString& name : {QStringLiteral("two\nlines.jpg"), QStringLiteral("cr\r.jpg"), QStringLiteral("raw\xdcff.jpg")}) {
+    SlideShowList unwritable = list;
+    unwritable.Rows[1].Name = name;
+    EXPECT_FALSE(slideshow::WriteSlideShowText(unwritable, kGerman).has_value()) << name.toStdString();
+  }
+  list.Folder += QStringLiteral("\nx");
+  EXPECT_FALSE(slideshow::WriteSlideShowText(list, kGerman).has_value());
 }
 
 // Each generation's header, and what the reader makes of the lines after it.
@@ -52,6 +60,7 @@ TEST(SlideShowList, ReadsThreeGenerations) {
       {"a foreign file", {"Something else", "/f"}, false, {}, {}, {}, 0},
       {"ending in the rows keeps what it read", {"SlideShow50", "/f", "3", ".a.jpg"}, true, {}, {}, {}, 1},
       {"a count that is no number", {"SlideShow50", "/f", "many", "1"}, true, false, std::nullopt, {}, 0},
+      {"seconds beyond the box", {"SlideShow50", "/f", "0", "0", "0", "0", "0", "1e300"}, true, false, false, "9,999.9", 0},
       {"more rows than a folder holds", {"SlideShow50", "/f", "100001", ".a.jpg"}, false, {}, {}, {}, 0},
       {"a file larger than a list", {"SlideShow50", "/f", "0", QString(4 << 20, u'x')}, false, {}, {}, {}, 0},
   };
