@@ -80,7 +80,11 @@ int Print(const QStringList& words, const QString& settingsPath) {
     printer.setPrinterName(request->Printer.isEmpty() ? QPrinterInfo::defaultPrinterName() : request->Printer);
   }
   printer.setCopyCount(request->Copies);
-  if (print::PrintPages(printer, pages, request->Options)) return 0;
+  switch (print::PrintPages(printer, pages, request->Options)) {
+    case print::PrintOutcome::Printed: return 0;
+    case print::PrintOutcome::NoRoom: Complain(QStringLiteral("Can't print: %1").arg(print::NoRoomReason())); return 1;
+    case print::PrintOutcome::Failed: break;
+  }
   Complain(QStringLiteral("Can't print: %1").arg(request->Pdf.isEmpty() ? printer.printerName() : request->Pdf));
   return 1;
 }

@@ -299,8 +299,11 @@ void frmMain::RunPrint() {
   }
   printer.setCopyCount(dialog.Copies());
   widgets::BusyPointerGuard busy;
-  if (!print::PrintPages(printer, dialog.Pages(), dialog.Options())) {
-    ShowWarning(this, QStringLiteral("Print"), QStringLiteral("Can't print"), printer.printerName());
+  const print::PrintOutcome outcome = print::PrintPages(printer, dialog.Pages(), dialog.Options());
+  if (outcome != print::PrintOutcome::Printed) {
+    widgets::RestorePointer();
+    ShowWarning(this, QStringLiteral("Print"), QStringLiteral("Can't print"),
+                outcome == print::PrintOutcome::NoRoom ? print::NoRoomReason() : printer.printerName());
   }
 }
 

@@ -27,7 +27,13 @@ QSizeF PagePoints(const QPrinter& printer);
 void DrawPage(QPainter& painter, const imaging::Image& picture, QSizeF pagePoints, double pixelsPerPoint,
               const PrintOptions& options);
 
-// False when the printer could not start or no page had a picture.
-bool PrintPages(QPrinter& printer, const std::vector<PageSource>& pages, const PrintOptions& options);
+// NoRoom when the margins leave no space on the page (nothing is printed); Failed when the
+// printer could not start or no page had a picture. A PDF file holds every copy asked for,
+// the pages in order for each, since a PDF printer makes one copy only.
+enum class PrintOutcome { Printed, NoRoom, Failed };
+PrintOutcome PrintPages(QPrinter& printer, const std::vector<PageSource>& pages, const PrintOptions& options);
+
+// "the margins leave no room on the page"
+QString NoRoomReason();
 
 }  // namespace print

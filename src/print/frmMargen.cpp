@@ -10,6 +10,8 @@
 #include <QMessageBox>
 #include <QRadioButton>
 
+#include <cmath>
+
 namespace print {
 
 frmMargen::frmMargen(settings::SettingsStore& settings, QWidget* parent) : QDialog(parent), settings_(settings) {
@@ -47,7 +49,7 @@ frmMargen::frmMargen(settings::SettingsStore& settings, QWidget* parent) : QDial
 std::optional<float> frmMargen::ValueIn(int box) const {
   bool ok = false;
   const float value = locale().toFloat(boxes_[box]->text().trimmed(), &ok);
-  if (!ok || value < 0) return std::nullopt;
+  if (!ok || !std::isfinite(value) || value < 0) return std::nullopt;  // "inf" and "nan" are no margins
   return value;
 }
 

@@ -20,7 +20,7 @@ class NumberKeys : public QObject {
     if (event->type() != QEvent::KeyPress) return false;
     const QString text = static_cast<QKeyEvent*>(event)->text();
     const QString allowed = QStringLiteral("0123456789+-") + box_->locale().decimalPoint();
-    return !text.isEmpty() && text[0] >= u' ' && !allowed.contains(text[0]);
+    return !text.isEmpty() && text[0].isPrint() && !allowed.contains(text[0]);  // Delete (\x7f) passes
   }
 
  private:

@@ -80,6 +80,17 @@ TEST(frmMargen, SwitchesUnitsAndRefusesABadValue) {
     EXPECT_EQ(answerer.LastText(), QStringLiteral("Bad value"));
   }
   EXPECT_TRUE(dialog.isVisible());
+  for (const char* pasted : {"inf", "nan"}) {
+    bottom->setText(QLatin1String(pasted));
+    testing_support::DialogAnswerer answerer;
+    dialog.findChild<QPushButton*>(QStringLiteral("cmdAceptar"))->click();
+    EXPECT_EQ(answerer.LastText(), QStringLiteral("Bad value")) << pasted;
+  }
+  testing_support::Retype(bottom, QStringLiteral("70"));
+  bottom->setCursorPosition(0);
+  QTest::keyClick(bottom, Qt::Key_Delete);  // the Delete key works in the box
+  EXPECT_EQ(bottom->text(), QStringLiteral("0"));
+  bottom->clear();
   QTest::keyClicks(bottom, QStringLiteral("x0"));  // the letter is dropped
   dialog.findChild<QRadioButton*>(QStringLiteral("optUnidad(1)"))->click();
   dialog.findChild<QPushButton*>(QStringLiteral("cmdAceptar"))->click();
@@ -119,6 +130,17 @@ void ExpectEdgesAt(const std::tuple<QString, int, int>& page, double margin) {
   EXPECT_EQ(std::get<0>(page), QStringLiteral("595 x 842 pts (A4)"));
   EXPECT_NEAR(std::get<1>(page), margin, 1.0);
   EXPECT_NEAR(std::get<2>(page), 595.28 - margin, 1.0);
+}
+
+// Copies asked of a PDF are all in it; margins that leave no room print nothing and say so.
+TEST(Printing, APdfHoldsEveryCopyAndNoRoomIsRefused) {
+  testing_support::TempFolder folder;
+  const QString file = folder.File(QStringLiteral("out.pdf"));
+  const QString pdf = PrintWithMargins(folder, 1, 0, {"--pdf", file, "--copies", "3"}, [file] { return file; });
+  EXPECT_TRUE(testing_support::Run(QStringLiteral("pdfinfo"), {pdf}).Output.contains(QStringLiteral("Pages:           3")));
+  QFile::remove(file);
+  EXPECT_TRUE(PrintWithMargins(folder, 5, 0, {"--pdf", file}, [file] { return file; }).isEmpty());  // 10 in of 8.3
+  EXPECT_FALSE(QFile::exists(file));
 }
 
 // Printed to a PDF file and through a real CUPS queue (cups-pdf, which writes to ~/PDF),
