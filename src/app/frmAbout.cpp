@@ -4,8 +4,10 @@
 #include "widgets/Help.h"
 
 #include <QBoxLayout>
+#include <QDesktopServices>
 #include <QLabel>
 #include <QPushButton>
+#include <QUrl>
 
 namespace app {
 
@@ -24,10 +26,15 @@ frmAbout::frmAbout(QWidget* parent) : QDialog(parent) {
       "(GPL 3 or later), and reads the legacy formats through <b>ImageMagick</b> (ImageMagick License), "
       "run as a separate helper program. The toolbar's own icons are part of Vistrel; the others come "
       "from the desktop's icon theme.</p>"
+      "<p>Made by the Vistrel developers, <a href=\"https://github.com/vistrel/vistrel\">github.com/vistrel/vistrel</a>. "
+      "Free software under the GNU General Public License, version 3 or later.</p>"
       "<p><a href=\"help:contents\">Read the manual</a></p>")
                     .arg(QStringLiteral(VISTREL_VERSION)));
   text->setWordWrap(true);
-  connect(text, &QLabel::linkActivated, this, [] { widgets::ShowHelpTopic({}); });
+  connect(text, &QLabel::linkActivated, this, [](const QString& link) {
+    if (link.startsWith(QLatin1String("help:"))) return widgets::ShowHelpTopic({});
+    QDesktopServices::openUrl(QUrl(link));
+  });
   auto* ok = new QPushButton(QStringLiteral("OK"), this);
   ok->setObjectName(QStringLiteral("cmdAceptar"));
   ok->setDefault(true);

@@ -4,9 +4,11 @@
 #include "shell/FreedesktopShell.h"
 #include "widgets/BusyPointer.h"
 #include "widgets/Fonts.h"
+#include "widgets/Help.h"
 
 #include <QBoxLayout>
 #include <QButtonGroup>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
@@ -86,6 +88,11 @@ frmTiposArchivo::frmTiposArchivo(FileTypeOwner owner, int& fileTypeIcon, QWidget
   page->addLayout(buttons);
   widgets::ApplyTahomaFont(*this);
   resize(460, 480);
+}
+
+void frmTiposArchivo::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_F1 && event->modifiers() == Qt::NoModifier) return widgets::ShowHelpTopic(QStringLiteral("File Types"));
+  QDialog::keyPressEvent(event);
 }
 
 void frmTiposArchivo::CheckAll(bool checked) {

@@ -30,6 +30,9 @@ class frmTiposArchivo : public QDialog {
   // `fileTypeIcon`: the document icon chosen for the types (the FileTypeIcon setting).
   frmTiposArchivo(FileTypeOwner owner, int& fileTypeIcon, QWidget* parent = nullptr);
 
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+
  private:
   void CheckAll(bool checked);
   QStringList NamesOf(const QString& extension) const;

@@ -19,6 +19,7 @@ QUrl HelpTopicUrl(const QString& topic) {
       {QStringLiteral("Colors Menu"), QStringLiteral("colors.html#colors-menu")},
       {QStringLiteral("Image Filters"), QStringLiteral("filters.html#image-filters")},
       {QStringLiteral("Image Menu"), QStringLiteral("image.html#image-menu")},
+      {QStringLiteral("File Types"), QStringLiteral("tools.html#file-types")},
   };
   const auto found = kPages.find(topic);
   return QUrl(QStringLiteral("qrc:/help/") + (found == kPages.end() ? QStringLiteral("index.html") : found->second));
@@ -67,6 +68,15 @@ void InstallHelpWindow(QWidget* parent) {
     if (!window) window = new HelpWindow(owner);
     if (window->parentWidget() != owner) window->setParent(owner, window->windowFlags());
     window->ShowTopic(topic);
+    // When that dialog closes, the manual stays open, over the window again.
+    if (auto* dialog = qobject_cast<QDialog*>(owner); dialog && owner != parent.data()) {
+      QObject::connect(dialog, &QDialog::finished, window, [parent, shown = window] {
+        if (!shown || !parent) return;
+        const bool open = !shown->isHidden();
+        shown->setParent(parent, shown->windowFlags());
+        if (open) shown->show();
+      }, Qt::SingleShotConnection);
+    }
   });
 }
 

@@ -114,7 +114,12 @@ QWidget* frmOptions::ColoursPage() {
 }
 
 QWidget* frmOptions::GeneralPage() {
-  chkExplorer_ = Named(new QCheckBox(QStringLiteral("&Show 'Open with Vistrel' in the folder context menu of Windows Explorer")),
+#ifdef Q_OS_WIN
+  const QString folderMenu = QStringLiteral("&Show 'Open with Vistrel' in the folder context menu of Windows Explorer");
+#else
+  const QString folderMenu = QStringLiteral("&Show 'Open with Vistrel' in the file manager's menu for folders");
+#endif
+  chkExplorer_ = Named(new QCheckBox(folderMenu),
                        QStringLiteral("chkExplorer"));
   chkConfirma_ = Named(new QCheckBox(QStringLiteral("D&on't ask for confirmation before deleting a file")),
                        QStringLiteral("chkConfirma"));

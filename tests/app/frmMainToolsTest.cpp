@@ -5,6 +5,7 @@
 #include "settings/SettingsStore.h"
 #include "shell/Wallpaper.h"
 #include "view/Viewport.h"
+#include "app/frmAbout.h"
 #include "widgets/HelpWindow.h"
 #include "support/DialogAnswerer.h"
 #include "support/ImageCompare.h"
@@ -17,6 +18,7 @@
 #include <QStandardPaths>
 #include <QPushButton>
 #include <QStatusBar>
+#include <QLabel>
 #include <QTreeView>
 #include <QtTest/QTest>
 
@@ -196,10 +198,44 @@ TEST_F(frmMainToolsTest, PrintWritesAPdfOfTheShownPictureOrOfTheFolder) {
 namespace {
 
 // Every topic a dialog asks for opens a page of the manual at a place that exists, and
+// The manual opened with F1 from Options stays open when Options closes.
+TEST_F(frmMainToolsTest, HelpFromOptionsOutlivesTheDialog) {
+  window_->SetOptionsRunner([](widgets::frmOptions& options) {
+    options.setModal(true);
+    options.show();
+    QTest::keyClick(&options, Qt::Key_F1);
+    EXPECT_NE(options.findChild<widgets::HelpWindow*>(), nullptr);
+    options.reject();
+    return int(QDialog::Rejected);
+  });
+  Trigger("mnuToolsOptions");
+  auto* help = window_->findChild<widgets::HelpWindow*>();
+  ASSERT_NE(help, nullptr);
+  EXPECT_TRUE(help->isVisible());
+  EXPECT_TRUE(help->Shown().toString().contains(QStringLiteral("options"), Qt::CaseInsensitive));
+  help->close();
+}
+
+// The About box names the maker, home page and licence the package declares.
+TEST(frmAbout, NamesTheHomePageAndLicenceOfThePackage) {
+  const QString metainfo = QString::fromUtf8(
+      testing_support::ReadAll(QStringLiteral(VISTREL_SOURCE_DIR "/packaging/io.github.vistrel.Vistrel.metainfo.xml.in")));
+  const auto between = [&metainfo](const QString& open, const QString& close) {
+    const qsizetype start = metainfo.indexOf(open) + open.size();
+    return metainfo.mid(start, metainfo.indexOf(close, start) - start);
+  };
+  app::frmAbout about;
+  const QString text = about.findChild<QLabel*>(QStringLiteral("lblAbout"))->text();
+  EXPECT_TRUE(text.contains(between(QStringLiteral("<url type=\"homepage\">"), QStringLiteral("</url>"))));
+  EXPECT_EQ(between(QStringLiteral("<project_license>"), QStringLiteral("</project_license>")), QStringLiteral("GPL-3.0-or-later"));
+  EXPECT_TRUE(text.contains(QStringLiteral("GNU General Public License, version 3 or later")));
+  EXPECT_TRUE(text.contains(between(QStringLiteral("<developer_name>The "), QStringLiteral("</developer_name>"))));
+}
+
 // Help > Contents opens the contents.
 TEST(HelpWindow, EveryTopicOpensAnExistingPlace) {
   widgets::HelpWindow help;
-  for (const char* topic : {"Options", "Zoom Functions", "Colors Menu", "Image Filters", "Image Menu", ""}) {
+  for (const char* topic : {"Options", "Zoom Functions", "Colors Menu", "Image Filters", "Image Menu", "File Types", ""}) {
     const QUrl url = widgets::HelpTopicUrl(QLatin1String(topic));
     QFile page(QLatin1Char(':') + url.path());
     ASSERT_TRUE(page.open(QIODevice::ReadOnly)) << topic;
