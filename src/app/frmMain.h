@@ -167,6 +167,7 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   bool RunSaveAs();
   bool ConfirmReplace(const QString& path, const QString& title);
   void ShowCantSave(const QString& path, const QString& title);
+  int AskAboutWhatSavingDrops(const QString& path);
   static void ShowWarning(QWidget* parent, const QString& title, const QString& text, const QString& detail);
   void ShowExclamation(const QString& text, const QString& detail = {}) override;
   document::SaveChangesAnswer AskSaveChanges(const QString& question) override;

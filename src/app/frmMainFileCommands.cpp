@@ -5,6 +5,7 @@
 #include "files/FailureReasons.h"
 #include "files/FileDialogs.h"
 #include "files/FileOperations.h"
+#include "imaging/Loader.h"
 #include "files/frmProperties.h"
 #include "widgets/frmTexto.h"
 #include "browse/frmAbrirCarpeta.h"
@@ -15,6 +16,7 @@
 #include <QCoreApplication>
 #include <QFileInfo>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QTreeView>
 
 namespace app {
@@ -203,6 +205,11 @@ bool frmMain::RunSave() {
   if (!CanSave()) return true;
   const QString target = document_.CurrentFilePath();
   if (files::CannotBeWritten(LowerSuffix(target))) return RunSaveAs();
+  switch (AskAboutWhatSavingDrops(target)) {
+    case QMessageBox::Save: break;
+    case QMessageBox::SaveAll: return RunSaveAs();
+    default: return false;
+  }
   widgets::ShowBusyPointer();
   picFondo_->SelectNone();
   if (!document_.SaveImageTo(target)) {
@@ -212,6 +219,29 @@ bool frmMain::RunSave() {
   widgets::RestorePointer();
   RefreshStatusBar({});
   return true;
+}
+
+// A file of several pages or of more than 8 bits per channel loses them when saved over:
+// the user is told what goes and chooses Save, Save As or Cancel. Save when nothing goes.
+int frmMain::AskAboutWhatSavingDrops(const QString& path) {
+  const imaging::SourceFacts facts = imaging::ReadSourceFacts(path);
+  QStringList had, kept;
+  if (facts.Pages > 1) {
+    had << QStringLiteral("%1 pages").arg(facts.Pages);
+    kept << QStringLiteral("the first page only");
+  }
+  if (facts.BitsPerChannel > 8) {
+    had << QStringLiteral("%1 bits per channel").arg(facts.BitsPerChannel);
+    kept << QStringLiteral("8 bits per channel");
+  }
+  if (had.isEmpty()) return QMessageBox::Save;
+  QMessageBox box(QMessageBox::Warning, QStringLiteral("Save"),
+                  QStringLiteral("%1 has %2. Saving over it keeps %3.")
+                      .arg(QFileInfo(path).fileName(), had.join(QStringLiteral(" and ")), kept.join(QStringLiteral(", at "))),
+                  QMessageBox::Save | QMessageBox::SaveAll | QMessageBox::Cancel, this);
+  box.button(QMessageBox::SaveAll)->setText(QStringLiteral("Save &As..."));
+  box.setDefaultButton(QMessageBox::SaveAll);
+  return box.exec();
 }
 
 // Save As: true when the image was written.

@@ -3,6 +3,7 @@
 // decoding them and returns nullopt for anything it cannot read.
 
 #include "imaging/Image.h"
+#include "imaging/Loader.h"
 
 #include <QByteArray>
 #include <QSize>
@@ -19,12 +20,15 @@ namespace imaging {
 // `onWhite` composites any alpha onto white on the way into memory.
 std::optional<Image> DecodeWithVips(const QString& path, int maxWidth = 0, int maxHeight = 0, bool onWhite = false);
 std::optional<QSize> VipsHeaderSize(const QString& path);
+// The pages and bits per channel the file's header states.
+std::optional<SourceFacts> VipsSourceFacts(const QString& path);
 // Upright pixels as an unevaluated pipeline read once, top to bottom (for streaming).
 std::optional<Image> OpenWithVipsInOrder(const QString& path);
 
 // Qt's image readers, by content; `format` as QImageReader names it ("bmp", "ico"...).
 std::optional<Image> DecodeWithQt(const QString& path, bool onWhite = false);
 std::optional<QSize> QtHeaderSize(const QString& path);
+std::optional<SourceFacts> QtSourceFacts(const QString& path);
 
 // The helper process: ImageMagick reading the file's bytes from standard input with the
 // given coder, capped in memory and time, writing PAM to standard output.

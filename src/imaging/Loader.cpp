@@ -97,6 +97,14 @@ std::optional<QSize> HeaderSize(const QString& path, const Decision& decision) {
 
 std::optional<QSize> ReadImageSizeCheaply(const QString& path) { return HeaderSize(path, DecisionFor(path)); }
 
+SourceFacts ReadSourceFacts(const QString& path) {
+  const Decision decision = DecisionFor(path);
+  std::optional<SourceFacts> facts;
+  if (decision.Via == Route::Vips) facts = VipsSourceFacts(path);
+  if (decision.Via == Route::Qt) facts = QtSourceFacts(path);
+  return facts.value_or(SourceFacts{});
+}
+
 std::optional<QSize> ReadImageSize(const QString& path) {
   const Decision decision = DecisionFor(path);
   if (auto size = HeaderSize(path, decision)) return size;

@@ -36,6 +36,15 @@ std::optional<QSize> ReadImageSize(const QString& path);
 // The same, but nullopt rather than a decode where the format has no cheap header read.
 std::optional<QSize> ReadImageSizeCheaply(const QString& path);
 
+// What the file holds beyond the one 8-bit picture the program shows and saves: its pages
+// (or frames) and its bits per channel, as its header states them; one page of 8 bits
+// where the header says nothing (or the file is read by the helper).
+struct SourceFacts {
+  int Pages = 1;
+  int BitsPerChannel = 8;
+};
+SourceFacts ReadSourceFacts(const QString& path);
+
 // Decodes at a reduced size, fitting within the box, using shrink-on-load where the
 // format has it (JPEG, WebP, HEIF), for thumbnails and fitted display.
 struct FittingLoad {

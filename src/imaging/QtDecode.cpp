@@ -5,6 +5,7 @@
 #include "base/FileNames.h"
 
 #include <QImageReader>
+#include <algorithm>
 
 namespace imaging {
 
@@ -15,6 +16,14 @@ std::optional<QSize> QtHeaderSize(const QString& path) {
   const QSize size = reader.size();
   if (!size.isValid()) return std::nullopt;
   return size;
+}
+
+std::optional<SourceFacts> QtSourceFacts(const QString& path) {
+  QFile file;
+  if (!base::OpenForReading(file, path)) return std::nullopt;
+  QImageReader reader(&file);
+  if (!reader.canRead()) return std::nullopt;
+  return SourceFacts{std::max(1, reader.imageCount()), 8};
 }
 
 namespace {

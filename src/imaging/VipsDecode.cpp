@@ -7,6 +7,7 @@
 #include <QFile>
 
 #include <unistd.h>
+#include <algorithm>
 
 namespace imaging {
 
@@ -73,6 +74,18 @@ std::optional<QSize> VipsHeaderSize(const QString& path) {
     const vips::VImage image = vips::VImage::new_from_source(SourceOf(path), "");
     const bool swapped = vips_image_get_orientation_swap(image.get_image());
     return swapped ? QSize(image.height(), image.width()) : QSize(image.width(), image.height());
+  } catch (const vips::VError&) {
+    vips_error_clear();
+    return std::nullopt;
+  }
+}
+
+std::optional<SourceFacts> VipsSourceFacts(const QString& path) {
+  Initialize();
+  try {
+    const vips::VImage image = vips::VImage::new_from_source(SourceOf(path), "");
+    return SourceFacts{std::max(1, vips_image_get_n_pages(image.get_image())),
+                       int(vips_format_sizeof(image.format())) * 8};
   } catch (const vips::VError&) {
     vips_error_clear();
     return std::nullopt;

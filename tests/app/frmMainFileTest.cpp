@@ -49,6 +49,27 @@ TEST_F(frmMainFileTest, AGifIsNeverSavedOverSaveOffersSaveAs) {
   EXPECT_EQ(ReadAll(gif), before);
 }
 
+// Saving over a file of three 16-bit pages says what goes first; Save As is offered.
+TEST_F(frmMainFileTest, SavingOverPagesAndDeepColourAsksFirst) {
+  const QString tiff = pictures_.File(QStringLiteral("scan.tif"));
+  ASSERT_EQ(QProcess::execute(QStringLiteral("convert"), {"-size", "16x12", "xc:red", "xc:green", "xc:blue", "-depth", "16", tiff}), 0);
+  const QByteArray before = ReadAll(tiff);
+  Start(tiff);
+  Trigger("mnuColorsNegative");
+  {
+    DialogAnswerer cancel(QMessageBox::Cancel);
+    Trigger("mnuFileSave");
+    EXPECT_EQ(cancel.LastText(), QStringLiteral("scan.tif has 3 pages and 16 bits per channel. Saving over it keeps "
+                                                "the first page only, at 8 bits per channel."));
+  }
+  EXPECT_EQ(ReadAll(tiff), before);
+  DialogAnswerer saveAs(QMessageBox::SaveAll);
+  Trigger("mnuFileSave");
+  EXPECT_EQ(requests_.size(), 1u);  // the Save As dialog, which the test cancels
+  EXPECT_EQ(ReadAll(tiff), before);
+  EXPECT_TRUE(Doc().IsChanged());
+}
+
 // Undoing every edit leaves nothing to ask about when moving on.
 TEST_F(frmMainFileTest, AnImageUndoneToItsFileIsNotAskedAbout) {
   WriteGradient(pictures_, QStringLiteral("a.png"));
