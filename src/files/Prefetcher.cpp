@@ -36,6 +36,8 @@ std::optional<LoadedImage> Prefetcher::Take(const QString& path) {
   }
   if (taken) {
     Entry& entry = *taken;
+    int waiting = Waiting;
+    if (entry.State->compare_exchange_strong(waiting, Claimed)) return decode_(path);  // not begun: no wait
     if (Unchanged(entry, path)) {
       Outcome outcome = entry.Result.result();
       if (!outcome.OverBudget) return std::move(outcome.Loaded);
@@ -71,8 +73,13 @@ void Prefetcher::Prefetch(const QStringList& paths) {
     }
     const QFileInfo info(path);
     if (!info.isFile()) continue;
-    kept.emplace(path, Entry{QtConcurrent::run(&pool_, [this, path, share] { return DecodeWithin(path, share); }),
-                             info.lastModified(), info.size()});
+    Entry entry{{}, info.lastModified(), info.size()};
+    entry.Result = QtConcurrent::run(&pool_, [this, path, share, state = entry.State] {
+      int waiting = Waiting;
+      if (!state->compare_exchange_strong(waiting, Began)) return Outcome{true, {}};  // taken meanwhile
+      return DecodeWithin(path, share);
+    });
+    kept.emplace(path, std::move(entry));
   }
   for (auto& [path, dropped] : entries_) dropped.Result.cancel();  // a queued decode never starts
   entries_ = std::move(kept);

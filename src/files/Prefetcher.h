@@ -3,7 +3,8 @@
 // thread, within a memory budget, so that stepping to them shows them at once. `Take` is
 // the loader the session uses: a finished (or running) prefetch of the same unchanged
 // file is handed over, anything else is decoded on the spot, so what is shown is exactly
-// what a fresh load would show.
+// what a fresh load would show. A prefetch still waiting its turn is taken back and done on
+// the spot, so stepping back never waits for the image ahead to finish.
 
 #include "files/LoadImageFile.h"
 
@@ -13,7 +14,9 @@
 #include <QThreadPool>
 
 #include <functional>
+#include <atomic>
 #include <map>
+#include <memory>
 #include <mutex>
 
 namespace files {
@@ -43,10 +46,13 @@ class Prefetcher {
     bool OverBudget = false;
     std::optional<LoadedImage> Loaded;
   };
+  // Who got to the file first: the worker (Began) or Take while it waited (Claimed).
+  enum Claim : int { Waiting, Began, Claimed };
   struct Entry {
     QFuture<Outcome> Result;
     QDateTime Modified;
     qint64 Size = 0;
+    std::shared_ptr<std::atomic_int> State = std::make_shared<std::atomic_int>(Waiting);
   };
   static bool Unchanged(const Entry& entry, const QString& path);
   Outcome DecodeWithin(const QString& path, qint64 share) const;

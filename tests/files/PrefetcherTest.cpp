@@ -5,10 +5,13 @@
 #include "support/TestFiles.h"
 
 #include <QImage>
+#include <QThread>
 
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <chrono>
+#include <future>
 
 namespace {
 
@@ -45,6 +48,32 @@ TEST_F(PrefetcherTest, APrefetchedFileIsHandedOverWithoutASecondDecodeUnlessItCh
   ASSERT_TRUE(changed);
   EXPECT_EQ(changed->Picture.Width(), 12);
   EXPECT_EQ(decodes_, 3);
+}
+
+// Stepping back while the image ahead is still being decoded: the one behind, still
+// waiting its turn, is decoded on the spot at once.
+TEST_F(PrefetcherTest, AFileStillWaitingItsTurnIsDecodedOnTheSpot) {
+  const QString ahead = folder_.WritePng(QStringLiteral("ahead.png"), 30, 20);
+  const QString behind = folder_.WritePng(QStringLiteral("behind.png"), 20, 10);
+  std::atomic_bool aheadBegan{false}, release{false};
+  files::Prefetcher prefetcher([&](const QString& path) {
+    if (path == ahead) {
+      aheadBegan = true;
+      while (!release) QThread::msleep(1);
+    }
+    return files::LoadImageFile(path, {});
+  }, 1 << 20);
+  prefetcher.Prefetch({ahead, behind});
+  while (!aheadBegan) QThread::msleep(1);
+  auto taken = std::async(std::launch::async, [&] { return prefetcher.Take(behind); });
+  const bool atOnce = taken.wait_for(std::chrono::seconds(5)) == std::future_status::ready;
+  release = true;
+  EXPECT_TRUE(atOnce);
+  ASSERT_TRUE(taken.get().has_value());
+  prefetcher.WaitForIdle();
+  const auto aheadImage = prefetcher.Take(ahead);
+  ASSERT_TRUE(aheadImage.has_value());
+  EXPECT_EQ(aheadImage->Picture.Width(), 30);
 }
 
 TEST_F(PrefetcherTest, AnImageOverItsShareOfTheBudgetIsNeverDecodedAhead) {
