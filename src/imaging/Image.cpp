@@ -92,14 +92,23 @@ Image Image::OnWhite() const {
   return FromInternal(Pixels{FlattenedOnWhite(pixels_->image).copy_memory()});
 }
 
-QImage Image::ToQImage() const {
-  const Image flat = OnWhite();
-  const vips::VImage& image = flat.pixels_->image;
-  // No copy: the QImage holds a reference to the pixels and drops it when it goes.
-  auto* owner = new std::shared_ptr<const Pixels>(flat.pixels_);
-  const qsizetype stride = static_cast<qsizetype>(image.width()) * 3;
-  return QImage(static_cast<const uchar*>(image.data()), image.width(), image.height(), stride, QImage::Format_RGB888,
-                [](void* info) { delete static_cast<std::shared_ptr<const Pixels>*>(info); }, owner);
+namespace {
+
+// No copy: the QImage holds a reference to the pixels and drops it when it goes.
+QImage Wrapped(const std::shared_ptr<const Image::Pixels>& pixels, int bands, QImage::Format format) {
+  const vips::VImage& image = pixels->image;
+  auto* owner = new std::shared_ptr<const Image::Pixels>(pixels);
+  const qsizetype stride = static_cast<qsizetype>(image.width()) * bands;
+  return QImage(static_cast<const uchar*>(image.data()), image.width(), image.height(), stride, format,
+                [](void* info) { delete static_cast<std::shared_ptr<const Image::Pixels>*>(info); }, owner);
+}
+
+}  // namespace
+
+QImage Image::ToQImage() const { return Wrapped(OnWhite().pixels_, 3, QImage::Format_RGB888); }
+
+QImage Image::ToQImageWithAlpha() const {
+  return HasAlpha() ? Wrapped(pixels_, 4, QImage::Format_RGBA8888) : ToQImage();
 }
 
 Image Image::FromQImage(const QImage& source) {

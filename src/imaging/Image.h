@@ -39,6 +39,8 @@ class Image {
 
   // An 8-bit RGB copy for display (alpha composited onto white).
   QImage ToQImage() const;
+  // The same with its alpha kept (RGBA), for drawing over a checkerboard.
+  QImage ToQImageWithAlpha() const;
   QImage ToQImageFitting(int maxWidth, int maxHeight) const { return FitWithin(maxWidth, maxHeight).ToQImage(); }
 
   // An image from Qt's pixels (alpha kept).

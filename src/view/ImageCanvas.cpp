@@ -3,6 +3,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPaintEvent>
+#include <QPixmap>
 
 #include <cmath>
 
@@ -27,20 +28,38 @@ void ImageCanvas::SetZoom(int percentage) {
   update();
 }
 
-// The copy a paint needs, made once and only when it is needed.
+// The copy a paint needs, made once and only when it is needed. A picture with alpha keeps
+// it, to be drawn over a checkerboard.
 const QImage& ImageCanvas::Source() {
+  const bool alpha = image_->HasAlpha();
   if (percentage_ >= 100) {
-    if (full_.isNull()) full_ = image_->ToQImage();
+    if (full_.isNull()) full_ = alpha ? image_->ToQImageWithAlpha() : image_->ToQImage();
     return full_;
   }
   if (reduced_.isNull()) {
     const double factor = percentage_ / 100.0 / pixelsPerImagePixel_;  // one image pixel a device pixel at 100 %
     const int width = std::max(1, int(std::lround(image_->Width() * factor)));
     const int height = std::max(1, int(std::lround(image_->Height() * factor)));
-    reduced_ = image_->ReducedForDisplay(width, height).ToQImage();
+    reduced_ = alpha ? image_->FitWithin(width, height).ToQImageWithAlpha()
+                     : image_->ReducedForDisplay(width, height).ToQImage();
   }
   return reduced_;
 }
+
+namespace {
+
+// Light squares of 8 logical pixels, the usual sign of transparency.
+QBrush Checkerboard() {
+  QPixmap tile(16, 16);
+  tile.fill(Qt::white);
+  QPainter painter(&tile);
+  const QColor grey(204, 204, 204);
+  painter.fillRect(0, 0, 8, 8, grey);
+  painter.fillRect(8, 8, 8, 8, grey);
+  return QBrush(tile);
+}
+
+}  // namespace
 
 void ImageCanvas::SetOutline(const QRect& imagePixels) {
   outline_ = imagePixels;
@@ -49,7 +68,8 @@ void ImageCanvas::SetOutline(const QRect& imagePixels) {
 
 void ImageCanvas::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
-  painter.fillRect(event->rect(), Qt::white);  // the control's own background
+  // The control's own background: white, or the checkerboard under a picture with alpha.
+  painter.fillRect(event->rect(), image_ && image_->HasAlpha() ? Checkerboard() : QBrush(Qt::white));
   if (!image_) return;
   // Logical pixels per image pixel: at 100 % an image pixel is one device pixel.
   const double scale = percentage_ / 100.0 / devicePixelRatioF();

@@ -128,4 +128,19 @@ TEST(ImageCanvas, AStandInFillsThePlaceOfTheWholeImage) {
   }
 }
 
+// Transparency shows as a checkerboard, at 100 % and reduced; an opaque picture is as it is.
+TEST(ImageCanvas, TransparencyIsDrawnOnACheckerboard) {
+  const imaging::Image clear = testing_support::Painted(64, 64, [](int x, int) { return QColor(255, 0, 0, x < 32 ? 0 : 255); }, true);
+  for (const int percentage : {100, 50}) {
+    QWidget parent;
+    view::ImageCanvas canvas(&parent);
+    canvas.SetImage(clear);
+    canvas.SetZoom(percentage);
+    canvas.resize(64 * percentage / 100, 64 * percentage / 100);
+    const QImage shown = canvas.grab().toImage();
+    EXPECT_NE(QColor(shown.pixel(2, 2)), QColor(shown.pixel(10, 2))) << percentage;  // two squares
+    EXPECT_EQ(QColor(shown.pixel(shown.width() - 2, 2)), QColor(Qt::red)) << percentage;
+  }
+}
+
 }  // namespace
