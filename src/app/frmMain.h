@@ -129,6 +129,7 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   void ConnectThumbnails();
   void ShowThumbnails();
   void ShowImage(const imaging::Image* image);
+  void ApplyFitSettings();  // Always Fit and whether fitting enlarges, from the settings
   void RefreshStatusBar(const QString& message);
   void RefreshTitle();
 

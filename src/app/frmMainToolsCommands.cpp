@@ -44,6 +44,8 @@ void frmMain::RunOptions() {
     ShowThumbnails();
   }
   if (options.ViewBarsChanged()) LayOut();
+  ApplyFitSettings();
+  if (state_.Settings.FitToWindow && document_.ImageLoaded()) ZoomTo(picFondo_->FitPercentage(), view::Pending::None);
   commands_.Refresh();
 }
 

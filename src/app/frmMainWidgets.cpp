@@ -67,7 +67,7 @@ void frmMain::ConnectDocument() {
   connect(&document_, &Document::ImageShown, this, &frmMain::ShowImage);
   document_.SetStandInLoader([this](const QString& path) { return files::LoadStandIn(path, state_.Metrics); });
   connect(&document_, &Document::StandInShown, this, [this](const imaging::Image& picture, base::NaturalSize natural) {
-    picFondo_->SetAlwaysFit(state_.Settings.FitToWindow);
+    ApplyFitSettings();
     picFondo_->ShowStandIn(picture, natural, state_.Settings.FitToWindow);
     if (!isVisible()) {  // a large image opened at start-up: the window shows with it
       ArrangePanes();
@@ -119,8 +119,13 @@ void frmMain::ShowThumbnails() {
   picFondoThumbnails_->setFocus();
 }
 
-void frmMain::ShowImage(const imaging::Image* image) {
+void frmMain::ApplyFitSettings() {
   picFondo_->SetAlwaysFit(state_.Settings.FitToWindow);
+  picFondo_->SetFitEnlarges(state_.Settings.EnlargeSmallImages);
+}
+
+void frmMain::ShowImage(const imaging::Image* image) {
+  ApplyFitSettings();
   picFondo_->SetImage(image ? std::optional<imaging::Image>(*image) : std::nullopt, document_.Natural(),
                       state_.Settings.FitToWindow);
 }

@@ -116,6 +116,7 @@ void ReadOptionLines(LineReader& in, Layout layout, SettingsStore& s) {
   s.FitToWindow = in.NextNumber() != 0;
   if (layout != Layout::V41) AssignLong(s.FileTypeIcon, in.NextNumber());
   if (layout == Layout::V61) s.FileTypeIcon = 0;  // that version stored another value there
+  if (layout == Layout::Current) s.EnlargeSmallImages = in.NextNumber() != 0;  // absent before: off
 }
 
 void ReadOldestOptionLines(LineReader& in, SettingsStore& s) {

@@ -41,11 +41,13 @@ struct SettingsStore {
   bool ShowStatusBar = true;
   bool FitToWindow = true;
   std::int32_t FileTypeIcon = 0;
+  bool EnlargeSmallImages = false;  // Fit enlarges pictures smaller than the window
 
   bool operator==(const SettingsStore&) const = default;
 };
 
-// The defaults: the normal rectangle centred on the screen, a 130-pixel list pane.
+// The defaults: the normal rectangle centred on the screen, a 130-pixel list pane, and
+// margins in the user's measurement system (0.7 in, or 1.8 cm where it is metric).
 SettingsStore DefaultSettings(const base::ScreenMetrics& metrics);
 
 // What is open now (LastOpenKind).

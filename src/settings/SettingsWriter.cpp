@@ -56,7 +56,7 @@ QByteArray WriteSettingsText(const SettingsStore& s, const base::ScreenMetrics& 
   lines << Number(s.StartOption) << Flag(s.ImageExtensionsOnly) << Flag(s.RecentEnabled)
         << Flag(s.ConfirmDelete) << Number(s.ColorImage) << Number(s.ColorThumbnails)
         << Number(s.ColorFullScreen) << Flag(s.ShowToolbar) << Flag(s.ShowStatusBar)
-        << Flag(s.FitToWindow) << Number(s.FileTypeIcon);
+        << Flag(s.FitToWindow) << Number(s.FileTypeIcon) << Flag(s.EnlargeSmallImages);
   QByteArray text;
   for (const QString& line : lines) text += line.toUtf8() + "\r\n";
   return text;
@@ -65,7 +65,7 @@ QByteArray WriteSettingsText(const SettingsStore& s, const base::ScreenMetrics& 
 void ReadSettingsFile(const QString& path, const base::ScreenMetrics& metrics, SettingsStore& store) {
   QFile file(path);
   if (!file.open(QIODevice::ReadOnly)) return;
-  constexpr qint64 kLargestSensibleFile = 1 << 20;  // 55 lines of paths; anything larger is not ours
+  constexpr qint64 kLargestSensibleFile = 1 << 20;  // 56 lines of paths; anything larger is not ours
   ReadSettingsText(file.read(kLargestSensibleFile), metrics, store);
 }
 

@@ -117,7 +117,7 @@ void Viewport::ApplyZoom(int percentage, Pending flag) {
 
 int Viewport::FitPercentage() const {
   return view::FitPercentage(float(width()) * TwipsX(), float(height()) * TwipsY(), natural_.WidthTwips,
-                             natural_.HeightTwips);
+                             natural_.HeightTwips, fitEnlarges_);
 }
 
 int Viewport::SelectionFitPercentage() const {

@@ -49,6 +49,8 @@ class Viewport : public QWidget {
 
   // Always Fit (the FitToWindow setting): every layout fits the image first.
   void SetAlwaysFit(bool on) { alwaysFit_ = on; }
+  // Fit enlarges pictures smaller than the panel (the EnlargeSmallImages setting).
+  void SetFitEnlarges(bool on) { fitEnlarges_ = on; }
 
   const SelectionRecord& Selection() const { return selection_; }
   void SelectNone();
@@ -99,6 +101,7 @@ class Viewport : public QWidget {
   base::NaturalSize natural_;
   int percentage_ = 100;
   bool alwaysFit_ = false;
+  bool fitEnlarges_ = false;
   Pending pending_ = Pending::None;
   SelectionRecord selection_;
   bool dragging_ = false;

@@ -32,9 +32,11 @@ int FlooredPercentage(float horizontalRatio, float verticalRatio) {
 
 }  // namespace
 
-int FitPercentage(float panelWidth, float panelHeight, float naturalWidth, float naturalHeight) {
+int FitPercentage(float panelWidth, float panelHeight, float naturalWidth, float naturalHeight, bool enlarge) {
   if (naturalWidth <= 0 || naturalHeight <= 0) return 100;
-  return FlooredPercentage(panelWidth / naturalWidth, panelHeight / naturalHeight);
+  const float ratio = std::min(panelWidth / naturalWidth, panelHeight / naturalHeight);
+  const double floored = numbers::Floor(ratio * 100.0f);
+  return static_cast<int>(std::clamp(floored, double(kMinFit), double(enlarge ? kMaxZoom : 100)));
 }
 
 int SelectionFitPercentage(const SelectionFitInput& in) {

@@ -20,9 +20,11 @@ int ClampZoom(int percentage);
 std::optional<int> ZoomIn(int percentage);
 std::optional<int> ZoomOut(int percentage);
 
-// The smaller of panel / natural on both axes, times 100, floored, clamped to 10..1000;
-// 100 without a natural size. No scroll bar is subtracted.
-int FitPercentage(float panelWidth, float panelHeight, float naturalWidth, float naturalHeight);
+// The smaller of panel / natural on both axes, times 100, floored; 100 without a natural
+// size. No scroll bar is subtracted. A picture smaller than the panel is enlarged (up to
+// 1000 %) only when asked, and a giant one fits below the 10 % of the zoom commands.
+inline constexpr int kMinFit = 1;
+int FitPercentage(float panelWidth, float panelHeight, float naturalWidth, float naturalHeight, bool enlarge);
 
 // The same for a selection, with twice the scroll bars' thickness taken off the panel.
 struct SelectionFitInput {

@@ -92,7 +92,8 @@ QWidget* frmOptions::ViewPage() {
   for (QCheckBox* box : {chkViewToolbar_, chkViewStatusBar_}) {
     connect(box, &QCheckBox::clicked, this, [this] { viewBarsChanged_ = true; });
   }
-  return Page(2, {chkViewToolbar_, chkViewStatusBar_});
+  chkEnlarge_ = Named(new QCheckBox(QStringLiteral("&Enlarge small images to fit the window")), QStringLiteral("chkEnlarge"));
+  return Page(2, {chkViewToolbar_, chkViewStatusBar_, chkEnlarge_});
 }
 
 QWidget* frmOptions::ColoursPage() {
@@ -137,6 +138,7 @@ void frmOptions::Load() {
   optArchivosImagen_[s.ImageExtensionsOnly ? 0 : 1]->setChecked(true);
   chkViewToolbar_->setChecked(s.ShowToolbar);
   chkViewStatusBar_->setChecked(s.ShowStatusBar);
+  chkEnlarge_->setChecked(s.EnlargeSmallImages);
   SetSwatch(0, base::ColorFromBgr(s.ColorImage));
   SetSwatch(1, base::ColorFromBgr(s.ColorThumbnails));
   SetSwatch(2, base::ColorFromBgr(s.ColorFullScreen));
@@ -167,7 +169,7 @@ void frmOptions::Restore() {
   viewBarsChanged_ = true;
   for (int i = 0; i < 3; ++i) SetSwatch(i, kDefaultColours[i]);
   thumbColorChanged_ = true;
-  for (QCheckBox* box : {chkReciente_, chkConfirma_, chkExplorer_}) box->setChecked(false);
+  for (QCheckBox* box : {chkReciente_, chkConfirma_, chkExplorer_, chkEnlarge_}) box->setChecked(false);
 }
 
 void frmOptions::Accept() {
@@ -176,6 +178,7 @@ void frmOptions::Accept() {
   s.ImageExtensionsOnly = optArchivosImagen_[0]->isChecked();
   s.ShowToolbar = chkViewToolbar_->isChecked();
   s.ShowStatusBar = chkViewStatusBar_->isChecked();
+  s.EnlargeSmallImages = chkEnlarge_->isChecked();
   s.ColorImage = base::BgrFromColor(colours_[0]);
   s.ColorThumbnails = base::BgrFromColor(colours_[1]);
   s.ColorFullScreen = base::BgrFromColor(colours_[2]);

@@ -64,6 +64,7 @@ class frmOptions : public QDialog {
   std::array<QRadioButton*, 2> optArchivosImagen_{};
   QCheckBox* chkViewToolbar_ = nullptr;
   QCheckBox* chkViewStatusBar_ = nullptr;
+  QCheckBox* chkEnlarge_ = nullptr;
   std::array<QFrame*, 3> picColor_{};
   std::array<QColor, 3> colours_;
   QCheckBox* chkExplorer_ = nullptr;

@@ -84,7 +84,7 @@ TEST_F(frmMainTest, WritingWhileMaximizedStoresTheRestoredRectangle) {
   ASSERT_TRUE(window.isMaximized());
   window.close();
   const QStringList lines = CrLfLines(ReadAll(SettingsPath()));
-  ASSERT_EQ(lines.size(), 55);
+  ASSERT_EQ(lines.size(), 56);
   EXPECT_EQ(lines.mid(3, 5), QStringList({"40", "50", "700", "500", "1"}));
 }
 

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # The whole program under Xvfb, as a new user would try it:
-# `vistrel <folder>` opens a window; File > Exit writes the 55-line settings file;
+# `vistrel <folder>` opens a window; File > Exit writes the 56-line settings file;
 # with StartOption 1 a second start reopens that folder.
 # Usage: startup_shutdown.sh PATH_TO_VISTREL SAMPLES_FOLDER
 set -euo pipefail
@@ -21,8 +21,8 @@ line() { sed -n "${1}p" "$settings" | tr -d '\r'; }
 
 run_and_exit "$work/vistrel" "$work/My Pictures/" || fail "first run did not open and close (exit $?)"
 [ -f "$settings" ] || fail "no settings file was written"
-[ "$(wc -l < "$settings")" -eq 55 ] || fail "settings file has $(wc -l < "$settings") lines, not 55"
-[ "$(grep -c $'\r$' "$settings")" -eq 55 ] || fail "settings lines are not CRLF"
+[ "$(wc -l < "$settings")" -eq 56 ] || fail "settings file has $(wc -l < "$settings") lines, not 56"
+[ "$(grep -c $'\r$' "$settings")" -eq 56 ] || fail "settings lines are not CRLF"
 [ "$(line 1)" = "Vistrel 6.2" ] || fail "header is '$(line 1)'"
 [ "$(line 12)" = "2" ] || fail "LastOpenKind is '$(line 12)', not 2"
 [ "$(line 13)" = "$work/My Pictures" ] || fail "LastFolder is '$(line 13)'"

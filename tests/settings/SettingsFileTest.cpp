@@ -7,6 +7,8 @@
 
 #include <functional>
 
+#include <QLocale>
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -23,7 +25,7 @@ QByteArray Join(const QStringList& lines) {
   return text;
 }
 
-// The 55 lines written for the defaults, to be edited line by line (1-based).
+// The 56 lines written for the defaults, to be edited line by line (1-based).
 QStringList DefaultLines() {
   const SettingsStore defaults = settings::DefaultSettings(kMetrics);
   return CrLfLines(settings::WriteSettingsText(defaults, kMetrics, settings::PlacementFromSettings(defaults, kMetrics)));
@@ -46,11 +48,11 @@ TEST(SettingsRead, NoFileAnEmptyOneOrAnUnknownHeaderKeepsTheDefaults) {
   EXPECT_EQ(Read(unknown), settings::DefaultSettings(kMetrics));
 }
 
-TEST(SettingsWrite, WritesExactly55CrLfLinesWithTheRestoredRectangleInPixels) {
+TEST(SettingsWrite, WritesExactly56CrLfLinesWithTheRestoredRectangleInPixels) {
   const QByteArray text = settings::WriteSettingsText(settings::DefaultSettings(kMetrics), kMetrics,
                                                       {10, 20, 800, 600, true});
-  EXPECT_EQ(text.count("\r\n"), 55);
-  EXPECT_EQ(text.count('\n'), 55);
+  EXPECT_EQ(text.count("\r\n"), 56);
+  EXPECT_EQ(text.count('\n'), 56);
   const QStringList lines = CrLfLines(text);
   EXPECT_EQ(lines[0], QStringLiteral("Vistrel 6.2"));
   EXPECT_EQ(lines.mid(3, 5), QStringList({"10", "20", "800", "600", "1"}));
@@ -124,7 +126,7 @@ TEST(SettingsWrite, APathWithALineBreakIsNotKept) {
   s.StartOption = 1;
   settings::AddRecentFolder(s, QStringLiteral("/tmp/also\rbroken"));
   const QByteArray text = settings::WriteSettingsText(s, kMetrics, {});
-  EXPECT_EQ(CrLfLines(text).size(), 55);
+  EXPECT_EQ(CrLfLines(text).size(), 56);
   SettingsStore back = settings::DefaultSettings(kMetrics);
   settings::ReadSettingsText(text, kMetrics, back);
   EXPECT_EQ(back.LastOpenKind, settings::kOpenNothing);
@@ -138,11 +140,26 @@ TEST(SettingsRead, AKindOutsideZeroToTwoReadsNoPathLineAndShiftsTheRest) {
   lines[14] = QStringLiteral("/first/recent");  // line 15 becomes recent folder 0
   lines[44] = QStringLiteral("1");              // line 45 is read as ImageExtensionsOnly
   lines[45] = QStringLiteral("0");              // line 46 as RecentEnabled
+  lines[40] = QStringLiteral("0.7");            // the last margin, whatever the locale's default
   const SettingsStore s = Read(lines);
   EXPECT_EQ(std::tuple(s.LastOpenKind, s.RecentFolders[0]), std::tuple(7, QStringLiteral("/first/recent")));
   // Line 37 ("Print") reads 0, line 41 (0.7) rounds to 1, line 44 ("Options") reads 0.
   EXPECT_EQ(std::tuple(s.PrintMargins[0], s.PrintUnits, s.StartOption), std::tuple(0.0f, 1, 0));
   EXPECT_EQ(std::tuple(s.ImageExtensionsOnly, s.RecentEnabled), std::tuple(true, false));
+}
+
+// Without a settings file the margins are in the locale's measurement system.
+TEST(SettingsDefaults, MarginsFollowTheLocalesMeasurementSystem) {
+  const std::tuple<QLocale, int, float> cases[] = {{QLocale(QLocale::English, QLocale::UnitedStates), 0, 0.7f},
+                                                   {QLocale(QLocale::German, QLocale::Germany), 1, 1.8f},
+                                                   {QLocale::c(), 0, 0.7f}};
+  const QLocale before;
+  for (const auto& [locale, units, margin] : cases) {
+    QLocale::setDefault(locale);
+    const SettingsStore s = settings::DefaultSettings(kMetrics);
+    EXPECT_EQ(std::tuple(s.PrintUnits, s.PrintMargins[0]), std::tuple(units, margin)) << locale.name().toStdString();
+  }
+  QLocale::setDefault(before);
 }
 
 TEST(SettingsRead, AFileEndingEarlyReparsesItsLastLineForTheRestWhateverItsLineEnds) {

@@ -17,13 +17,17 @@ TEST(ZoomSteps, MoveByTwentyWithinTenToAThousand) {
   }
 }
 
-// Fit takes the smaller ratio, floored, from 10 to 1000; without a natural size it is 100.
-TEST(Fit, TakesTheSmallerRatioWithinTenToAThousand) {
-  const std::tuple<float, float, float, float, int> cases[] = {
-      {7500, 6000, 3000, 2400, 250}, {150000, 150000, 15, 15, 1000}, {1000, 900, 3000, 1000, 33},
-      {10, 10, 100000, 100000, 10},  {1000, 1000, 0, 500, 100},      {1000, 1000, 500, -1, 100}};
-  for (const auto& [panelWidth, panelHeight, naturalWidth, naturalHeight, expected] : cases) {
-    EXPECT_EQ(FitPercentage(panelWidth, panelHeight, naturalWidth, naturalHeight), expected) << naturalWidth;
+// Fit takes the smaller ratio, floored, from 1; it enlarges (to 1000) only when asked.
+// Without a natural size it is 100.
+TEST(Fit, TakesTheSmallerRatioAndEnlargesOnlyWhenAsked) {
+  const std::tuple<float, float, float, float, int, int> cases[] = {
+      // panel, natural, enlarging, not enlarging
+      {7500, 6000, 3000, 2400, 250, 100},  {150000, 150000, 15, 15, 1000, 100}, {1000, 900, 3000, 1000, 33, 33},
+      {15000, 10500, 240000, 180000, 5, 5}, {10, 10, 100000, 100000, 1, 1},     {1000, 1000, 0, 500, 100, 100},
+      {1000, 1000, 500, -1, 100, 100}};
+  for (const auto& [panelWidth, panelHeight, naturalWidth, naturalHeight, enlarged, kept] : cases) {
+    EXPECT_EQ(FitPercentage(panelWidth, panelHeight, naturalWidth, naturalHeight, true), enlarged) << naturalWidth;
+    EXPECT_EQ(FitPercentage(panelWidth, panelHeight, naturalWidth, naturalHeight, false), kept) << naturalWidth;
   }
 }
 
