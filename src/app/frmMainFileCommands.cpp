@@ -31,11 +31,14 @@ QString LowerSuffix(const QString& path) { return QFileInfo(path).suffix().toLow
 // (which the Thumbnails view follows); empty when there is none.
 QString frmMain::CommandFile(int* row) const {
   const settings::SettingsStore& s = state_.Settings;
-  if (s.LastOpenKind == settings::kOpenFile) return s.LastFile;
+  if (s.LastOpenKind == settings::kOpenFile) {
+    if (row) *row = document_.ShownRow();
+    return s.LastFile;
+  }
   const int current = lisLista_->currentIndex().row();
   if (s.LastOpenKind != settings::kOpenFolder || current < 0 || current >= list_.Count()) return {};
   if (row) *row = current;
-  return base::JoinPath(s.LastFolder, list_.Entry(current).FileName);
+  return document_.EntryPath(current);
 }
 
 // Delete: to the Trash, after the question when the settings ask for it; the list then

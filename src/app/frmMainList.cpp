@@ -56,8 +56,7 @@ void frmMain::BuildListView() {
   connect(lisLista_, &QWidget::customContextMenuRequested, this,
           [this](const QPoint& position) { mnuList_->popup(lisLista_->viewport()->mapToGlobal(position)); });
   list_.SetRenameHandler([this](int row, const QString& name) {
-    const QString file = base::JoinPath(state_.Settings.LastFolder, list_.Entry(row).FileName);
-    return TryRename(file, row, name);
+    return TryRename(document_.EntryPath(row), row, name);
   });
   lisLista_->installEventFilter(this);
 }

@@ -144,7 +144,7 @@ void frmMain::RefreshStatusBar(const QString& message) {
   if (image) {
     const QString path = document_.CurrentFilePath();
     facts.DisplayName = base::DisplayName(path);
-    if (state_.Settings.LastOpenKind == settings::kOpenFolder) facts.Row = document_.ShownRow();
+    facts.Row = document_.ShownRow();
     facts.Count = list_.Count();
     facts.Width = image->Width();
     facts.Height = image->Height();

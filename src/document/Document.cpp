@@ -111,14 +111,38 @@ bool Document::OpenSingleFile(const QString& path, bool reportFailure) {
   }
   StartHistory();
   ShowImage();
+  BrowseFolderOfFile();
   return true;
+}
+
+// A file opened on its own brings its folder into the list, with the file current, so
+// that stepping goes through its neighbours as a file manager's "Open With" user expects.
+// A file the scan leaves out (another type) stays alone.
+void Document::BrowseFolderOfFile() {
+  ScanFolder();
+  Follow(list_.RowOfFileName(QFileInfo(state_.Settings.LastFile).fileName()));
+  Q_EMIT ListRowSelected(shownRow_);
+  AnnounceNeighbours();
+}
+
+// The entry shown; a single file open is that entry's file.
+void Document::Follow(int row) {
+  shownRow_ = row;
+  if (row >= 0 && state_.Settings.LastOpenKind == settings::kOpenFile) state_.Settings.LastFile = EntryPath(row);
+}
+
+QString Document::ListFolder() const {
+  const settings::SettingsStore& s = state_.Settings;
+  if (s.LastOpenKind == settings::kOpenFile) return QFileInfo(s.LastFile).absolutePath();
+  return s.LastOpenKind == settings::kOpenFolder ? s.LastFolder : QString();
 }
 
 void Document::ScanFolder() {
   std::vector<browse::FileEntry> entries;
   std::atomic_bool cancel{false};
+  const QString folder = ListFolder();
   const QFuture<void> scan = QtConcurrent::run([&] {
-    entries = scanner_(state_.Settings.LastFolder, state_.Settings.ImageExtensionsOnly, &cancel);
+    entries = scanner_(folder, state_.Settings.ImageExtensionsOnly, &cancel);
   });
   const bool cancelled = widgets::WaitForWork(scan, cancel);
   list_.SetEntries(cancelled ? std::vector<browse::FileEntry>{} : std::move(entries));
@@ -162,7 +186,7 @@ void Document::ShowImage() {
   Q_EMIT StateChanged();
 }
 
-QString Document::EntryPath(int row) const { return base::JoinPath(state_.Settings.LastFolder, list_.Entry(row).FileName); }
+QString Document::EntryPath(int row) const { return base::JoinPath(ListFolder(), list_.Entry(row).FileName); }
 
 void Document::SetViewMode(ViewMode mode) {
   viewMode_ = mode;
@@ -191,7 +215,7 @@ void Document::ClickEntry(int row) {
   ClearCurrentImage();
   shownRow_ = -1;
   Load(EntryPath(row));
-  shownRow_ = row;
+  Follow(row);
   if (image_) {
     StartHistory();  // so that Undo can go back to the image as loaded
     ShowImage();
@@ -213,7 +237,9 @@ void Document::AnnounceNeighbours() {
 }
 
 void Document::StepTo(int row) {
-  if (state_.Settings.LastOpenKind != settings::kOpenFolder || row < 0 || row >= list_.Count() || row == shownRow_) return;
+  const int kind = state_.Settings.LastOpenKind;
+  if (kind == settings::kOpenNothing || (kind == settings::kOpenFile && shownRow_ < 0)) return;
+  if (row < 0 || row >= list_.Count() || row == shownRow_) return;
   direction_ = row < shownRow_ ? -1 : 1;
   Q_EMIT ListRowSelected(row);
   ClickEntry(row);
@@ -221,14 +247,14 @@ void Document::StepTo(int row) {
 
 void Document::EntryRenamed(int row, const QString& name) {
   const int newRow = list_.ReplaceAndResort(row, {base::DisplayName(name), name});
-  if (shownRow_ == row) shownRow_ = newRow;
+  if (shownRow_ == row) Follow(newRow);
   Q_EMIT ListRowSelected(newRow);
   Q_EMIT StatusChanged({});
 }
 
 void Document::FolderChangedKeeping(const QString& fileName) {
   ScanFolder();
-  shownRow_ = list_.RowOfFileName(fileName);
+  Follow(list_.RowOfFileName(fileName));
   Q_EMIT ListRowSelected(shownRow_);
   Q_EMIT StatusChanged({});
 }
@@ -256,9 +282,7 @@ void Document::OpenChosenFolder(const QString& folder) {
 QString Document::CurrentFilePath() const {
   const settings::SettingsStore& s = state_.Settings;
   if (s.LastOpenKind == settings::kOpenFile) return s.LastFile;
-  if (s.LastOpenKind == settings::kOpenFolder && shownRow_ >= 0) {
-    return base::JoinPath(s.LastFolder, list_.Entry(shownRow_).FileName);
-  }
+  if (s.LastOpenKind == settings::kOpenFolder && shownRow_ >= 0) return EntryPath(shownRow_);
   return {};
 }
 

@@ -90,6 +90,8 @@ class Document : public QObject {
   base::NaturalSize Natural() const { return natural_; }
   // The file whose image is shown (or was last chosen), empty when none.
   QString CurrentFilePath() const;
+  // The file of a list entry.
+  QString EntryPath(int row) const;
   bool IsMetafile() const;
 
   // Editing (DocumentHistory.cpp). The history holds packed states; the image shown is
@@ -153,7 +155,10 @@ class Document : public QObject {
   bool AskToSave(bool forgetOnNo);
   void ShowState(const edit::UndoMove& move);
   void ShowImage();
-  QString EntryPath(int row) const;
+  // The folder the list shows: the folder open, or the folder of the single file open.
+  QString ListFolder() const;
+  void BrowseFolderOfFile();
+  void Follow(int row);
 
   AppState& state_;
   browse::FileListModel& list_;

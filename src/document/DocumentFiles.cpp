@@ -54,7 +54,10 @@ void Document::AfterEntryDeleted(int row) {
   ClearCurrentImage();
   ScanFolder();
   Q_EMIT LayoutChanged();
-  if (list_.Count() == 0) return;
+  if (list_.Count() == 0) {
+    if (state_.Settings.LastOpenKind == settings::kOpenFile) CloseFile();
+    return;
+  }
   const int next = std::min(row, list_.Count() - 1);
   Q_EMIT ListRowSelected(next);
   ClickEntry(next);
@@ -86,13 +89,12 @@ void Document::AfterSaveAs(const QString& path) {
   if (s.LastOpenKind == settings::kOpenFolder && !inFolder) {
     s.LastOpenKind = settings::kOpenFile;
     s.LastFolder.clear();
-    list_.Clear();
-    shownRow_ = -1;
     viewMode_ = ViewMode::Image;
     Q_EMIT LayoutChanged();
   }
   if (s.LastOpenKind == settings::kOpenFile) {
     s.LastFile = path;
+    BrowseFolderOfFile();
   } else if (s.LastOpenKind == settings::kOpenFolder) {
     ScanFolder();
     shownRow_ = list_.RowOfFileName(QFileInfo(path).fileName());

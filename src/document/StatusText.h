@@ -12,7 +12,7 @@ namespace document {
 struct StatusFacts {
   QString Message;            // a command's message; when set, nothing else is shown
   QString DisplayName;        // empty when no image is shown
-  int Row = -1;               // the entry shown, -1 outside folder mode
+  int Row = -1;               // the entry shown in the list, -1 when none
   int Count = 0;              // entries in the list
   int Width = 0, Height = 0;  // the image's pixels
   int Percentage = 100;

@@ -5,6 +5,7 @@
 #include "files/FileDialogs.h"
 #include "support/MainWindowTest.h"
 
+#include <QDir>
 #include <QFile>
 #include <QImage>
 #include <QProcess>
@@ -160,7 +161,7 @@ TEST_F(frmMainFileTest, SaveAsInTheFolderSelectsTheNewFileAndOutsideItKeepsTheIm
   EXPECT_TRUE(Doc().IsChanged());
 }
 
-TEST_F(frmMainFileTest, OpenFileAsksAboutTheEditsOnlyOnceAFileIsChosenAndOpensItAlone) {
+TEST_F(frmMainFileTest, OpenFileAsksAboutTheEditsOnlyOnceAFileIsChosenAndOpensItInItsFolder) {
   WriteGradient(pictures_, QStringLiteral("a.png"));
   Start(pictures_.Path());
   Trigger("mnuColorsNegative");
@@ -176,7 +177,9 @@ TEST_F(frmMainFileTest, OpenFileAsksAboutTheEditsOnlyOnceAFileIsChosenAndOpensIt
   EXPECT_EQ(answerer.Count(), 1);
   EXPECT_EQ(window_->State().Settings.LastFile, fileAnswer_.Path);
   EXPECT_EQ(Doc().View(), document::ViewMode::Image);
-  EXPECT_EQ(Child<QTreeView>("lisLista")->model()->rowCount(), 0);
+  const QTreeView* list = Child<QTreeView>("lisLista");
+  EXPECT_EQ(list->currentIndex().data().toString(), QStringLiteral("other.png"));
+  EXPECT_EQ(list->model()->rowCount(), QDir(config_.Path()).entryList({"*.png"}).size());
 }
 
 TEST_F(frmMainFileTest, OpenFolderAsksAboutTheEditsOnlyOnceAFolderIsChosen) {

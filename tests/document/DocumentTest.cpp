@@ -65,12 +65,29 @@ TEST_F(DocumentTest, AQuotedFolderOpensInListAndImageWithItsFirstEntryByItsRealN
   EXPECT_TRUE(document_.ImageLoaded());
 }
 
-TEST_F(DocumentTest, AFileOpensAloneWithItsSizeInTwips) {
-  const QString file = folder_.WritePng(QStringLiteral("my photo.png"), 5, 4);
+// A file opened on its own shows alone in the Image view, with its folder behind it: the
+// steps go through its neighbours and the file open follows them. A file the scan leaves
+// out stays alone.
+TEST_F(DocumentTest, AFileOpensInTheImageViewWithItsFolderToStepThrough) {
+  for (const char* name : {"a.png", "c.png"}) folder_.WritePng(QLatin1String(name));
+  const QString file = folder_.WritePng(QStringLiteral("b.png"), 5, 4);
   document_.OpenAtStartup(file);
   EXPECT_EQ(std::tuple(state_.Settings.LastOpenKind, document_.View()), std::tuple(kOpenFile, ViewMode::Image));
   EXPECT_EQ(document_.Natural(), (base::NaturalSize{75, 60}));  // 15 twips a pixel
+  EXPECT_EQ(std::tuple(list_.Count(), document_.ShownRow()), std::tuple(3, 1));
+  for (const auto& [delta, expected] : {std::pair(1, "c.png"), std::pair(1, "c.png"), std::pair(-1, "b.png"),
+                                        std::pair(-1, "a.png")}) {
+    document_.Step(delta);
+    EXPECT_EQ(state_.Settings.LastFile, folder_.File(QLatin1String(expected))) << delta;
+    EXPECT_EQ(document_.CurrentFilePath(), state_.Settings.LastFile);
+  }
+  EXPECT_EQ(state_.Settings.LastOpenKind, kOpenFile);
   EXPECT_TRUE(prompts_.messages.isEmpty());
+
+  const QString alone = folder_.WritePng(QStringLiteral("alone.notanimage"));
+  ASSERT_TRUE(document_.OpenFile(alone));
+  document_.Step(1);
+  EXPECT_EQ(std::tuple(document_.ShownRow(), state_.Settings.LastFile), std::tuple(-1, alone));
 }
 
 // What is left open after start-up, from the command line or the start option.
