@@ -6,6 +6,7 @@
 #include "print/Printing.h"
 #include "settings/SettingsFile.h"
 
+#include <QPageSize>
 #include <QPrinter>
 #include <QPrinterInfo>
 
@@ -75,6 +76,7 @@ int Print(const QStringList& words, const QString& settingsPath) {
   QPrinter printer(QPrinter::HighResolution);
   if (!request->Pdf.isEmpty()) {
     printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setPageSize(print::LocalePaper());
     printer.setOutputFileName(request->Pdf);
   } else {
     printer.setPrinterName(request->Printer.isEmpty() ? QPrinterInfo::defaultPrinterName() : request->Printer);

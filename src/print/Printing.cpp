@@ -1,7 +1,12 @@
 #include "print/Printing.h"
 
+#include <QPageSize>
 #include <QPainter>
 #include <QPrinter>
+
+#ifdef __GLIBC__
+#include <langinfo.h>
+#endif
 
 #include <algorithm>
 
@@ -43,5 +48,24 @@ PrintOutcome PrintPages(QPrinter& printer, const std::vector<PageSource>& pages,
 }
 
 QString NoRoomReason() { return QStringLiteral("the margins leave no room on the page"); }
+
+// The C library keeps the paper of LC_PAPER as two numbers of millimetres returned in
+// place of the text pointer.
+QPageSize LocalePaper() {
+#ifdef __GLIBC__
+  const auto millimetres = [](nl_item item) {
+    union {
+      const char* text;
+      unsigned int number;
+    } value{nl_langinfo(item)};
+    return value.number;
+  };
+  const unsigned width = millimetres(_NL_PAPER_WIDTH), height = millimetres(_NL_PAPER_HEIGHT);
+  if (width > 0 && height > 0 && width < 10000 && height < 10000) {
+    return QPageSize(QSizeF(width, height), QPageSize::Millimeter, {}, QPageSize::FuzzyMatch);
+  }
+#endif
+  return QPageSize(QPageSize::A4);
+}
 
 }  // namespace print

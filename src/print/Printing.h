@@ -10,6 +10,7 @@
 #include <optional>
 #include <vector>
 
+class QPageSize;
 class QPainter;
 class QPrinter;
 
@@ -35,5 +36,9 @@ PrintOutcome PrintPages(QPrinter& printer, const std::vector<PageSource>& pages,
 
 // "the margins leave no room on the page"
 QString NoRoomReason();
+
+// The paper of the user's locale (Letter in the United States, A4 in most places), for a
+// PDF, which has no printer to say.
+QPageSize LocalePaper();
 
 }  // namespace print

@@ -6,6 +6,7 @@
 #include <QBoxLayout>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QPageSize>
 #include <QFormLayout>
 #include <QLabel>
 #include <QPageSetupDialog>
@@ -146,6 +147,7 @@ int frmImprimir::Copies() const { return spnCopies_->value(); }
 void frmImprimir::ApplyPrinterChoice() {
   if (ToPdf()) {
     printer_.setOutputFormat(QPrinter::PdfFormat);
+    printer_.setPageSize(LocalePaper());
   } else {
     printer_.setOutputFormat(QPrinter::NativeFormat);
     printer_.setPrinterName(cboPrinter_->currentText());
@@ -167,10 +169,18 @@ void frmImprimir::OpenMargins() {
   if (margins.exec() == QDialog::Accepted) RefreshPreview();
 }
 
+// The setup dialog shows the margins printing uses, and what is changed there is kept.
 void frmImprimir::OpenPageSetup() {
+  const bool centimetres = settings_.PrintUnits == 1;
+  const QPageLayout::Unit unit = centimetres ? QPageLayout::Millimeter : QPageLayout::Inch;
+  const double perUnit = centimetres ? 10.0 : 1.0;
+  const auto& m = settings_.PrintMargins;  // left, right, top, bottom
+  printer_.setPageMargins(QMarginsF(m[0], m[2], m[1], m[3]) * perUnit, unit);
   QPageSetupDialog setup(&printer_, this);
   if (setup.exec() == QDialog::Accepted) {
     optOrientation_[printer_.pageLayout().orientation() == QPageLayout::Landscape ? 1 : 0]->setChecked(true);
+    const QMarginsF chosen = printer_.pageLayout().margins(unit) / perUnit;
+    settings_.PrintMargins = {float(chosen.left()), float(chosen.right()), float(chosen.top()), float(chosen.bottom())};
   }
   RefreshPreview();
 }

@@ -1,12 +1,17 @@
 // Margins, the page layout and printing, judged from real PDFs with poppler's tools.
 #include "print/Margins.h"
 #include "print/PrintLayout.h"
+#include "print/frmImprimir.h"
 #include "print/frmMargen.h"
 #include "settings/SettingsFile.h"
 #include "support/DialogAnswerer.h"
 #include "support/TestFiles.h"
 
+#include <QApplication>
+#include <QComboBox>
 #include <QDir>
+#include <QDoubleSpinBox>
+#include <QTimer>
 #include <QFile>
 #include <QThread>
 
@@ -61,10 +66,35 @@ TEST(PrintLayout, PlacesThePictureWithinTheMargins) {
   }
 }
 
+// The printer's page setup shows the stored margins, and a margin changed there is the
+// one printing uses; Cancel keeps them.
+TEST(frmImprimir, ThePageSetupEditsTheStoredMargins) {
+  settings::SettingsStore settings = settings::DefaultSettings({});
+  settings.PrintMargins = {2, 1, 1.5f, 1};
+  settings.PrintUnits = 1;  // centimetres
+  print::frmImprimir dialog(settings, [] { return std::nullopt; }, {});
+  dialog.findChild<QComboBox*>(QStringLiteral("cboPrinter"))->setCurrentText(print::frmImprimir::kPdf);
+  for (const bool accept : {false, true}) {
+    QTimer::singleShot(0, [accept] {
+      auto* setup = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+      ASSERT_NE(setup, nullptr);
+      auto* left = setup->findChild<QDoubleSpinBox*>(QStringLiteral("leftMargin"));
+      ASSERT_NE(left, nullptr);
+      EXPECT_NEAR(left->value(), 20.0, 0.01);  // shown in millimetres
+      left->setValue(30);
+      accept ? setup->accept() : setup->reject();
+    });
+    dialog.findChild<QPushButton*>(QStringLiteral("cmdPageSetup"))->click();
+    EXPECT_NEAR(settings.PrintMargins[0], accept ? 3.0 : 2.0, 0.01) << accept;
+  }
+  EXPECT_NEAR(settings.PrintMargins[2], 1.5, 0.01);
+}
+
 // The margins dialog with real keys: units switch both ways, a bad box is refused at OK.
 TEST(frmMargen, SwitchesUnitsAndRefusesABadValue) {
   settings::SettingsStore settings = settings::DefaultSettings({});
   settings.PrintMargins = {1, 1, 1, 1};
+  settings.PrintUnits = 0;  // inches
   print::frmMargen dialog(settings);
   dialog.show();
   auto* left = dialog.findChild<QLineEdit*>(QStringLiteral("txtIzquierda"));
