@@ -9,12 +9,15 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QDateTime>
 #include <QDir>
 #include <QDoubleSpinBox>
 #include <QTimer>
 #include <QFile>
 #include <QThread>
 
+#include <grp.h>
+#include <sys/stat.h>
 #include <unistd.h>
 #include <QLineEdit>
 #include <QProcess>
@@ -173,34 +176,97 @@ TEST(Printing, APdfHoldsEveryCopyAndNoRoomIsRefused) {
   EXPECT_FALSE(QFile::exists(file));
 }
 
-// Printed to a PDF file and through a real CUPS queue (cups-pdf, which writes to ~/PDF),
-// the picture's edges lie at the stored margins, in centimetres and in inches.
-TEST(Printing, TheEdgesLieAtTheStoredMargins) {
-  const bool queue = ::geteuid() == 0 && QProcess::execute(QStringLiteral("sh"), {"-c", "lpstat -r >/dev/null 2>&1 || cupsd"}) == 0 &&
-                     QProcess::execute(QStringLiteral("lpadmin"), {"-p", "vistrel-test-pdf", "-v", "cups-pdf:/", "-E", "-P",
-                                                                  "/usr/share/ppd/cups-pdf/CUPS-PDF_opt.ppd"}) == 0;
+// A CUPS scheduler of the test's own: its configuration, spool and queue live in a
+// temporary folder and go with it; the programs the test starts reach it through
+// CUPS_SERVER. Its one queue is cups-pdf, which writes to ~/PDF. It needs root, as the
+// cups-pdf backend does.
+class PrivateCups {
+ public:
+  static constexpr const char* kQueue = "vistrel-test-pdf";
+
+  PrivateCups() {
+    if (::geteuid() != 0) return;
+    const QString root = folder_.Path();
+    QFile::setPermissions(root, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner | QFile::ReadGroup |
+                                    QFile::ExeGroup | QFile::ReadOther | QFile::ExeOther);
+    for (const char* name : {"spool", "tmp", "cache", "state", "log"}) folder_.MakeFolder(QLatin1String(name));
+    // The filters run as lp and write their temporary files here, as in the system's own spool.
+    if (const group* lp = ::getgrnam("lp")) {
+      for (const char* name : {"spool", "tmp"}) {
+        if (::chown(folder_.File(QLatin1String(name)).toLocal8Bit(), 0, lp->gr_gid) != 0) return;
+      }
+    }
+    ::chmod(folder_.File(QStringLiteral("tmp")).toLocal8Bit(), 01770);
+    ::chmod(folder_.File(QStringLiteral("spool")).toLocal8Bit(), 0710);
+    socket_ = folder_.File(QStringLiteral("cups.sock"));
+    folder_.WriteBytes(QStringLiteral("cupsd.conf"), "Listen " + socket_.toLocal8Bit() +
+                                                         "\nLogLevel warn\nWebInterface No\n"
+                                                         "<Location />\n  Order allow,deny\n  Allow all\n</Location>\n");
+    QByteArray files;
+    for (const auto& [key, name] : {std::pair("ServerRoot", ""), std::pair("RequestRoot", "/spool"), std::pair("TempDir", "/tmp"),
+                                     std::pair("CacheDir", "/cache"), std::pair("StateDir", "/state"),
+                                     std::pair("ErrorLog", "/log/error_log"), std::pair("AccessLog", "/log/access_log"),
+                                     std::pair("PageLog", "/log/page_log")}) {
+      files += QByteArray(key) + ' ' + root.toLocal8Bit() + name + '\n';
+    }
+    folder_.WriteBytes(QStringLiteral("cups-files.conf"), files);
+    scheduler_.start(QStringLiteral("cupsd"), {"-f", "-c", folder_.File(QStringLiteral("cupsd.conf")), "-s",
+                                               folder_.File(QStringLiteral("cups-files.conf"))});
+    for (int i = 0; i < 100 && !QFile::exists(socket_); ++i) QThread::msleep(50);
+    qputenv("CUPS_SERVER", socket_.toLocal8Bit());
+    ready_ = testing_support::Run(QStringLiteral("lpadmin"), {"-p", kQueue, "-v", "cups-pdf:/", "-E", "-P",
+                                                             "/usr/share/ppd/cups-pdf/CUPS-PDF_opt.ppd"}).ExitCode == 0;
+  }
+  ~PrivateCups() {
+    qunsetenv("CUPS_SERVER");
+    scheduler_.terminate();
+    scheduler_.waitForFinished(5000);
+  }
+  bool Ready() const { return ready_; }
+  QString Log() const { return QString::fromUtf8(testing_support::ReadAll(folder_.File(QStringLiteral("log/error_log")))); }
+
+ private:
+  testing_support::TempFolder folder_;
+  QProcess scheduler_;
+  QString socket_;
+  bool ready_ = false;
+};
+
+// The PDF cups-pdf wrote for the job sent at `sent`, once the queue has finished it.
+QString SpooledPdfSince(const QDir& spool, const QDateTime& sent) {
+  for (int i = 0; i < 300; ++i, QThread::msleep(100)) {
+    if (!testing_support::Run(QStringLiteral("lpstat"), {"-o"}).Output.trimmed().isEmpty()) continue;
+    for (const QFileInfo& file : spool.entryInfoList(QDir::Files, QDir::Time)) {
+      if (file.lastModified() >= sent.addSecs(-1)) return file.filePath();
+    }
+  }
+  return {};
+}
+
+// Printed to a PDF file and through a real CUPS queue, the picture's edges lie at the
+// stored margins, in centimetres and in inches, and the queue prints every copy asked for.
+TEST(Printing, TheEdgesLieAtTheStoredMarginsAndTheQueuePrintsEveryCopy) {
+  const PrivateCups cups;
+  if (::geteuid() == 0) {
+    ASSERT_TRUE(cups.Ready()) << cups.Log().toStdString();
+  }
   const QDir spool(QDir::homePath() + QStringLiteral("/PDF"));
-  for (const auto& [margin, units, points] : {std::tuple(2.0f, 1, 56.69), std::tuple(1.0f, 0, 72.0)}) {
+  for (const auto& [margin, units, points, copies] : {std::tuple(2.0f, 1, 56.69, "1"), std::tuple(1.0f, 0, 72.0, "2")}) {
     testing_support::TempFolder folder;
     const QString file = folder.File(QStringLiteral("out.pdf"));
     const QString pdf = PrintWithMargins(folder, margin, units, {"--pdf", file}, [file] { return file; });
     ExpectEdgesAt(PageAndEdges(folder, pdf), points);
-    if (!queue) continue;
-    const QStringList before = spool.entryList(QDir::Files);
-    const QString printed = PrintWithMargins(folder, margin, units, {"--printer", "vistrel-test-pdf"}, [&] {
-      for (int i = 0; i < 300; ++i, QThread::msleep(100)) {
-        for (const QString& name : spool.entryList(QDir::Files, QDir::Time)) {
-          if (!before.contains(name)) return spool.filePath(name);
-        }
-      }
-      return QString();
-    });
-    ASSERT_FALSE(printed.isEmpty()) << "no PDF from the CUPS queue";
-    QThread::msleep(500);  // written whole
+    if (!cups.Ready()) continue;
+    const QDateTime sent = QDateTime::currentDateTime();
+    const QString printed = PrintWithMargins(folder, margin, units, {"--printer", PrivateCups::kQueue, "--copies", copies},
+                                             [&] { return SpooledPdfSince(spool, sent); });
+    ASSERT_FALSE(printed.isEmpty()) << "no PDF from the CUPS queue\n" << cups.Log().toStdString();
     ExpectEdgesAt(PageAndEdges(folder, printed), points);
+    const QString info = testing_support::Run(QStringLiteral("pdfinfo"), {printed}).Output;
+    EXPECT_TRUE(info.contains(QStringLiteral("Pages:           ") + QLatin1String(copies))) << info.toStdString();
     QFile::remove(printed);
   }
-  if (!queue) GTEST_SKIP() << "the CUPS queue needs root to start cupsd and add a printer";
+  if (!cups.Ready()) GTEST_SKIP() << "the CUPS queue needs root, as the cups-pdf backend does";
 }
 
 }  // namespace
