@@ -13,6 +13,7 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMessageBox>
+#include <QStatusBar>
 
 namespace app {
 
@@ -44,6 +45,8 @@ void frmMain::RunCatalogueCommand(const edit::CatalogueCommand& command) {
   }
   widgets::BusyPointerGuard busy;
   picFondo_->SelectNone();
+  RefreshStatusBar(QString::fromUtf8(command.UndoName) + QStringLiteral("..."));  // while it works
+  statusBar()->repaint();
   document_.ApplyEdit(edit::Apply(command, *document_.CurrentImage(), arguments), QString::fromUtf8(command.UndoName));
 }
 

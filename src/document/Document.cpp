@@ -175,6 +175,7 @@ void Document::Load(const QString& path) {
 void Document::ClearCurrentImage() {
   history_.Clear();
   unrecordedBase_.reset();
+  previous_.reset();
   image_.reset();
   natural_ = {};
   ShowImage();

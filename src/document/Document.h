@@ -177,6 +177,9 @@ class Document : public QObject {
   int paletteBits_ = 0;  // the palette depth of the file shown
   History history_;
   std::optional<imaging::Image> unrecordedBase_;  // the base state until an edit packs it
+  // The image shown before the last edit, undo or redo, kept whole so that going back to it
+  // is instant (its packed state hands it back while it lives).
+  std::optional<imaging::Image> previous_;
 };
 
 }  // namespace document

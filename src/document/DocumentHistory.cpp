@@ -3,12 +3,15 @@
 #include "document/Document.h"
 #include "widgets/BusyPointer.h"
 
+#include <utility>
+
 namespace document {
 
 // The base state is packed only when the first edit needs it: opening or saving an image
 // costs nothing more than the image shown, which the history shares until then.
 void Document::StartHistory() {
   history_.Clear();
+  previous_.reset();
   unrecordedBase_ = image_;
   Q_EMIT StateChanged();
 }
@@ -21,6 +24,7 @@ void Document::RecordBase() {
 
 void Document::ApplyEdit(const imaging::Image& edited, const QString& undoName) {
   RecordBase();
+  previous_ = image_;
   image_ = edited;
   natural_ = base::NaturalSize::FromPixels(edited.Width(), edited.Height(), state_.Metrics);
   // With no free slot the edit stays, unrecorded, and the captions do not change.
@@ -33,7 +37,8 @@ void Document::ApplyEdit(const imaging::Image& edited, const QString& undoName) 
 void Document::ShowState(const edit::UndoMove& move) {
   widgets::BusyPointerGuard busy;
   if (const auto& packed = history_.PictureIn(move.Slot)) {
-    image_ = packed->Unpack();
+    imaging::Image restored = packed->Unpack();  // before the image kept whole is let go
+    previous_ = std::exchange(image_, std::move(restored));
     natural_ = base::NaturalSize::FromPixels(image_->Width(), image_->Height(), state_.Metrics);
     Q_EMIT ImageEdited(*image_, move.SizeChanges);
   }

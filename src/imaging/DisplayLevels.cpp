@@ -1,7 +1,8 @@
 // The display's levels: level k is the image on white reduced by 2^k, each made from the
 // one above it ahead of time (WarmDisplayLevels, on the prefetch worker). A reduction for
 // display starts from the smallest level that already exists and is still as large, so a
-// zoom step or the first paint of a prefetched image costs a small reduction. libvips'
+// zoom step or the first paint of a prefetched image costs a small reduction; a reduction
+// smaller than every level is kept as the last one. libvips'
 // `reduce` (its kernels widen with the factor, so nothing aliases) is used throughout: on
 // this libvips it is several times faster than `shrink` for in-memory images.
 #include "imaging/ImageInternal.h"
@@ -54,7 +55,14 @@ Image Image::ReducedForDisplay(int width, int height) const {
         if (smaller.width() >= width && smaller.height() >= height) level = smaller;
       }
     }
-    return FromInternal(Pixels{ReduceTo(level, width, height)});
+    const vips::VImage reduced = ReduceTo(level, width, height);
+    {
+      // Kept as the smallest level: the same view shown again (after an undo, say) is ready.
+      DisplayLevelCache& cache = *pixels_->levels;
+      std::lock_guard lock(cache.mutex);
+      if (reduced.width() < cache.levels.back().width()) cache.levels.push_back(reduced);
+    }
+    return FromInternal(Pixels{reduced});
   } catch (const vips::VError&) {
     vips_error_clear();
     return OnWhite();

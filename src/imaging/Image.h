@@ -51,6 +51,7 @@ class Image {
   static Image FromInternal(Pixels pixels);
 
  private:
+  friend class PackedImage;  // hands back pixels that are still alive elsewhere
   explicit Image(std::shared_ptr<const Pixels> pixels);
   std::shared_ptr<const Pixels> pixels_;
 };

@@ -2,9 +2,15 @@
 
 #include "imaging/ImageInternal.h"
 
+#include <QThread>
+#include <QThreadPool>
+
 #include <zstd.h>
 
+#include <condition_variable>
 #include <cstring>
+#include <mutex>
+#include <optional>
 #include <vector>
 
 namespace imaging {
@@ -46,48 +52,103 @@ void AccumulateRows(Byte* pixels, size_t rowBytes, size_t rows, int bands) {
 
 }  // namespace
 
+struct PackedImage::State {
+  int Width = 0, Height = 0, Bands = 3;
+  std::mutex Lock;
+  std::condition_variable Packed;
+  std::optional<Image> Unpacked;  // until the worker is done
+  std::weak_ptr<const Image::Pixels> Alive;  // the pixels packed, while someone else keeps them
+  QByteArray Data;
+  bool Compressed = true;  // false only if Zstandard failed: the pixels are kept as they are
+};
+
+namespace {
+
+void PackInto(PackedImage::State& state, const Image& image) {
+  const vips::VImage& pixels = image.Internal().image;
+  const size_t rowBytes = size_t(state.Width) * size_t(state.Bands);
+  const size_t size = rowBytes * size_t(state.Height);
+  std::vector<unsigned char> filtered(size);
+  std::memcpy(filtered.data(), pixels.data(), size);
+  DifferenceRows(filtered.data(), rowBytes, size_t(state.Height), state.Bands);
+
+  ZSTD_CCtx* context = ZSTD_createCCtx();
+  ZSTD_CCtx_setParameter(context, ZSTD_c_compressionLevel, kLevel);
+  ZSTD_CCtx_setParameter(context, ZSTD_c_nbWorkers, 0);  // one core: the other paints
+  QByteArray data(qsizetype(ZSTD_compressBound(size)), Qt::Uninitialized);
+  const size_t written = ZSTD_compress2(context, data.data(), size_t(data.size()), filtered.data(), size);
+  ZSTD_freeCCtx(context);
+  const bool compressed = !ZSTD_isError(written);
+  if (compressed) {
+    data.resize(qsizetype(written));
+    data.squeeze();
+  } else {
+    data = QByteArray(reinterpret_cast<const char*>(pixels.data()), qsizetype(size));
+  }
+  const std::lock_guard lock(state.Lock);
+  state.Data = std::move(data);
+  state.Compressed = compressed;
+  state.Unpacked.reset();
+  state.Packed.notify_all();
+}
+
+// Packing waits for idle cores (SCHED_IDLE on Linux): the edit's own work and its paint
+// come first, and a state is held whole a moment longer meanwhile.
+QThreadPool& PackingPool() {
+  static QThreadPool* pool = [] {
+    auto* made = new QThreadPool;
+    made->setMaxThreadCount(1);
+    made->setThreadPriority(QThread::IdlePriority);
+    return made;
+  }();
+  return *pool;
+}
+
+}  // namespace
+
 PackedImage PackedImage::Pack(const Image& image) {
   PackedImage packed;
   packed.width_ = image.Width();
   packed.height_ = image.Height();
-  packed.bands_ = image.Bands();
-  const vips::VImage& pixels = image.Internal().image;
-  const size_t rowBytes = size_t(packed.width_) * size_t(packed.bands_);
-  const size_t size = rowBytes * size_t(packed.height_);
-  std::vector<unsigned char> filtered(size);
-  std::memcpy(filtered.data(), pixels.data(), size);
-  DifferenceRows(filtered.data(), rowBytes, size_t(packed.height_), packed.bands_);
-
-  ZSTD_CCtx* context = ZSTD_createCCtx();
-  ZSTD_CCtx_setParameter(context, ZSTD_c_compressionLevel, kLevel);
-  ZSTD_CCtx_setParameter(context, ZSTD_c_nbWorkers, 2);
-  packed.data_.resize(qsizetype(ZSTD_compressBound(size)));
-  const size_t written = ZSTD_compress2(context, packed.data_.data(), size_t(packed.data_.size()), filtered.data(), size);
-  ZSTD_freeCCtx(context);
-  if (ZSTD_isError(written)) {
-    packed.data_ = QByteArray(reinterpret_cast<const char*>(pixels.data()), qsizetype(size));
-    packed.compressed_ = false;
-    return packed;
-  }
-  packed.data_.resize(qsizetype(written));
-  packed.data_.squeeze();
+  packed.state_ = std::make_shared<State>();
+  packed.state_->Width = image.Width();
+  packed.state_->Height = image.Height();
+  packed.state_->Bands = image.Bands();
+  packed.state_->Unpacked = image;
+  packed.state_->Alive = image.pixels_;
+  // The worker keeps the state alive, even when the history lets it go first.
+  PackingPool().start([state = packed.state_, image] { PackInto(*state, image); });
   return packed;
 }
 
+qint64 PackedImage::Bytes() const {
+  std::unique_lock lock(state_->Lock);
+  state_->Packed.wait(lock, [this] { return !state_->Unpacked; });
+  return state_->Data.size();
+}
+
 Image PackedImage::Unpack() const {
-  const size_t rowBytes = size_t(width_) * size_t(bands_);
+  QByteArray data;
+  {
+    const std::lock_guard lock(state_->Lock);
+    if (state_->Unpacked) return *state_->Unpacked;
+    if (auto alive = state_->Alive.lock()) return Image(std::move(alive));  // with its display levels
+    data = state_->Data;  // shared, not copied
+  }
+  const int bands = state_->Bands;
+  const size_t rowBytes = size_t(width_) * size_t(bands);
   const size_t size = rowBytes * size_t(height_);
   auto* pixels = static_cast<unsigned char*>(g_malloc(size));  // handed to libvips, which frees it
-  if (!compressed_) {
-    std::memcpy(pixels, data_.constData(), size);
-  } else if (ZSTD_isError(ZSTD_decompress(pixels, size, data_.constData(), size_t(data_.size())))) {
+  if (!state_->Compressed) {
+    std::memcpy(pixels, data.constData(), size);
+  } else if (ZSTD_isError(ZSTD_decompress(pixels, size, data.constData(), size_t(data.size())))) {
     std::memset(pixels, 255, size);  // unreachable for our own data; never show uninitialised memory
   } else {
-    AccumulateRows(pixels, rowBytes, size_t(height_), bands_);
+    AccumulateRows(pixels, rowBytes, size_t(height_), bands);
   }
   // A 3- or 4-band uchar memory image is sRGB by libvips' default interpretation.
   return Image::FromInternal(
-      Image::Pixels{vips::VImage::new_from_memory_steal(pixels, size, width_, height_, bands_, VIPS_FORMAT_UCHAR)});
+      Image::Pixels{vips::VImage::new_from_memory_steal(pixels, size, width_, height_, bands, VIPS_FORMAT_UCHAR)});
 }
 
 }  // namespace imaging

@@ -10,20 +10,28 @@
 
 #include <QByteArray>
 
+#include <memory>
+
 namespace imaging {
 
+// Packing runs on a worker: Pack returns at once, and until the worker is done the state
+// holds the image itself, so Unpack gives the same pixels at any moment. While the image
+// packed is still held elsewhere (the document keeps the last one it showed), Unpack
+// gives it back as it is, with its display levels. Copies share one state.
 class PackedImage {
  public:
   static PackedImage Pack(const Image& image);
   Image Unpack() const;
-  qint64 Bytes() const { return data_.size(); }
+  // The bytes held once packed (waits for the worker).
+  qint64 Bytes() const;
   int Width() const { return width_; }
   int Height() const { return height_; }
 
+  struct State;
+
  private:
-  QByteArray data_;
-  int width_ = 0, height_ = 0, bands_ = 3;
-  bool compressed_ = true;  // false only if Zstandard failed: the pixels are kept as they are
+  std::shared_ptr<State> state_;
+  int width_ = 0, height_ = 0;
 };
 
 }  // namespace imaging
