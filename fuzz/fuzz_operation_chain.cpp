@@ -27,7 +27,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
       const edit::Parameter& p = step.Command->Parameters[k];
       if (step.Values[k] < p.Minimum || step.Values[k] > p.Maximum) std::abort();
     }
-    if (i < 2 && edit::Apply(*step.Command, small, step.Values).Width() < 1) std::abort();
+    if (i < 2) {
+      const edit::Applied applied = edit::TryApply(*step.Command, small, step.Values);
+      if (applied.Picture ? applied.Picture->Width() < 1 : applied.Failure.isEmpty()) std::abort();
+    }
   }
   return 0;
 }

@@ -106,7 +106,10 @@ bool ApplyStreaming(const QString& input, const QString& output, const edit::Ope
   const imaging::StreamingScope streaming;
   auto image = imaging::OpenForStreaming(input);
   if (!image) return false;
-  for (const edit::OperationStep& step : chain.Steps) image = edit::Apply(*step.Command, *image, step.Values);
+  for (const edit::OperationStep& step : chain.Steps) {
+    image = edit::TryApply(*step.Command, *image, step.Values).Picture;  // a failure is told by the other path
+    if (!image) return false;
+  }
   return imaging::SaveStreaming(*image, output);
 }
 
@@ -119,7 +122,14 @@ int Apply(const QString& input, const QString& output, const QStringList& words)
   if (ApplyStreaming(input, output, chain)) return 0;
   auto image = imaging::LoadFile(input);
   if (!image) return CantOpen(input);
-  for (const edit::OperationStep& step : chain.Steps) image = edit::Apply(*step.Command, *image, step.Values);
+  for (const edit::OperationStep& step : chain.Steps) {
+    const edit::Applied applied = edit::TryApply(*step.Command, *image, step.Values);
+    if (!applied.Picture) {
+      Complain(QStringLiteral("Can't apply %1: %2").arg(QString::fromUtf8(step.Command->UndoName), applied.Failure));
+      return 1;
+    }
+    image = applied.Picture;
+  }
   return Save(*image, output);
 }
 

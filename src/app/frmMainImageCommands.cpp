@@ -47,7 +47,14 @@ void frmMain::RunCatalogueCommand(const edit::CatalogueCommand& command) {
   picFondo_->SelectNone();
   RefreshStatusBar(QString::fromUtf8(command.UndoName) + QStringLiteral("..."));  // while it works
   statusBar()->repaint();
-  document_.ApplyEdit(edit::Apply(command, *document_.CurrentImage(), arguments), QString::fromUtf8(command.UndoName));
+  const QString undoName = QString::fromUtf8(command.UndoName);
+  const edit::Applied applied = edit::TryApply(command, *document_.CurrentImage(), arguments);
+  if (!applied.Picture) {  // nothing changes and nothing is recorded
+    RefreshStatusBar({});
+    ShowExclamation(QStringLiteral("Can't apply %1").arg(undoName), applied.Failure);
+    return;
+  }
+  document_.ApplyEdit(*applied.Picture, undoName);
 }
 
 // The parameter dialog with a live preview; the chosen values, or the ones the dialog

@@ -148,6 +148,14 @@ Image Apply(const CatalogueCommand& command, const Image& image, const Arguments
   return command.Run(image, values);
 }
 
+Applied TryApply(const CatalogueCommand& command, const Image& image, const Arguments& values) {
+  try {
+    return {Apply(command, image, values), {}};
+  } catch (const imaging::ops::OperationFailed& failure) {
+    return {std::nullopt, QString::fromUtf8(failure.what())};
+  }
+}
+
 bool ReadsSourceInOrder(const CatalogueCommand& command) {
   static const QStringList kRandomAccess = {"mnuImageFlip",   "mnuImageRotate", "mnuImagePerspective", "mnuImagePinch",
                                             "mnuImageRipple", "mnuImageSwirl",  "mnuImageFiltersDiffuse",
@@ -157,7 +165,7 @@ bool ReadsSourceInOrder(const CatalogueCommand& command) {
 
 Operation PreviewOperation(const CatalogueCommand& command) {
   return [&command](const Image& image, const DialogValues& values) {
-    return Apply(command, image, ArgumentsFrom(command, values));
+    return TryApply(command, image, ArgumentsFrom(command, values)).Picture.value_or(image);  // unchanged on failure
   };
 }
 

@@ -12,6 +12,8 @@
 #include <QRect>
 #include <QStringList>
 
+#include <optional>
+
 #include <vector>
 
 namespace edit {
@@ -52,7 +54,14 @@ Arguments ArgumentsFrom(const CatalogueCommand& command, const DialogValues& val
 Arguments CommandArguments(const CatalogueCommand& command, const DialogValues& chosen, const DialogValues& atLoad,
                            const QRect& selection = {});
 
+// Throws imaging::ops::OperationFailed when the operation cannot be done.
 imaging::Image Apply(const CatalogueCommand& command, const imaging::Image& image, const Arguments& values);
+// The same with a failure as a result: the new image, or why there is none.
+struct Applied {
+  std::optional<imaging::Image> Picture;
+  QString Failure;  // empty when it worked
+};
+Applied TryApply(const CatalogueCommand& command, const imaging::Image& image, const Arguments& values);
 // True for the operations that read their source once, top to bottom (not Flip, Rotate,
 // the warps, Diffuse, Equalize or Red Eye Removal), which imaging's streaming path can run.
 bool ReadsSourceInOrder(const CatalogueCommand& command);

@@ -1,14 +1,21 @@
 // The editing operations' pixels, on libvips. Each takes an image and gives a
 // new one; the input is never changed. Parameters are in the dialogs' units and are
-// clamped to their ranges; a libvips failure gives the input back unchanged (a failing
-// operation is not reported). docs/operations.md gives every definition.
+// clamped to their ranges; an operation that cannot be done (libvips fails, memory runs
+// out) throws OperationFailed, saying why. docs/operations.md gives every definition.
 #pragma once
 
 #include "imaging/Image.h"
 
 #include <QRect>
 
+#include <stdexcept>
+
 namespace imaging::ops {
+
+class OperationFailed : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;  // what(): the reason in a few words, UTF-8
+};
 
 // Colours (ops/Colour.cpp): tone curves applied through one lookup table per band.
 Image Brightness(const Image& image, int amount);      // -100 .. 100: adds amount x 2.55

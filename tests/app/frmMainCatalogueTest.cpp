@@ -12,6 +12,8 @@
 #include <QSlider>
 #include <QtTest/QTest>
 
+#include <vips/vips.h>
+
 namespace {
 
 using testing_support::DialogAnswerer;
@@ -108,6 +110,23 @@ TEST_F(frmMainCatalogueTest, CancellingAnyDialogLeavesImageAndHistoryAlone) {
   EXPECT_EQ(dialogsShown_, 18);
   EXPECT_TRUE(NothingToUndo());
   EXPECT_EQ(MeanAbsoluteDifference(Shown(), before), 0);
+}
+
+// An operation libvips cannot do says so and leaves the picture and the history alone
+// (libvips refuses the lookup table the tone curves go through).
+TEST_F(frmMainCatalogueTest, AnOperationThatFailsSaysWhyAndRecordsNothing) {
+  StartOnPhoto();
+  const imaging::Image before = Shown();
+  vips_operation_block_set("VipsMaplut", TRUE);
+  DialogAnswerer answerer;
+  Trigger("mnuColorsNegative");
+  vips_operation_block_set("VipsMaplut", FALSE);
+  EXPECT_EQ(std::tuple(answerer.Count(), answerer.LastText()), std::tuple(1, QStringLiteral("Can't apply Negative")));
+  EXPECT_TRUE(NothingToUndo());
+  EXPECT_FALSE(Doc().IsChanged());
+  EXPECT_EQ(MeanAbsoluteDifference(Shown(), before), 0);
+  Trigger("mnuColorsNegative");  // and works again once libvips does
+  EXPECT_FALSE(NothingToUndo());
 }
 
 TEST_F(frmMainCatalogueTest, RotateNinetyThroughItsButtonSwapsTheSidesAndTheDesktopsKeysRedoAndZoom) {

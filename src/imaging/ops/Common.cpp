@@ -2,6 +2,8 @@
 
 #include "imaging/Streaming.h"
 
+#include <QStringList>
+
 namespace imaging::ops::detail {
 
 Image Finish(const vips::VImage& result) {
@@ -13,9 +15,13 @@ Image Finish(const vips::VImage& result) {
 Image OnWholeImage(const Image& image, const std::function<vips::VImage(const vips::VImage&)>& pipeline) {
   try {
     return Finish(pipeline(image.Internal().image));
-  } catch (const vips::VError&) {
+  } catch (const vips::VError& error) {
     vips_error_clear();
-    return image;
+    // libvips says which step failed and why, one line each; the last says why.
+    const QStringList lines = QString::fromUtf8(error.what()).split(u'\n', Qt::SkipEmptyParts);
+    throw OperationFailed(lines.isEmpty() ? std::string("libvips failed") : lines.constLast().trimmed().toStdString());
+  } catch (const std::bad_alloc&) {
+    throw OperationFailed("not enough memory");
   }
 }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "imaging/ImageInternal.h"
+#include "imaging/Operations.h"
 
 #include <algorithm>
 #include <functional>
@@ -12,7 +13,8 @@ namespace imaging::ops::detail {
 // The pipeline's result as an Image: 8-bit sRGB, evaluated into memory.
 Image Finish(const vips::VImage& result);
 
-// Runs `pipeline` on the whole image; on a libvips error the image comes back unchanged.
+// Runs `pipeline` on the whole image; a libvips error or a failed allocation throws
+// OperationFailed with the reason.
 Image OnWholeImage(const Image& image, const std::function<vips::VImage(const vips::VImage&)>& pipeline);
 
 // The same on the colour bands only; alpha is carried over untouched.
