@@ -99,8 +99,9 @@ TEST_F(frmMainToolsTest, SlideShowPlaysTheFolderOverItsSetupDialog) {
   EXPECT_TRUE(canvas->isVisible());
 }
 
-// Every option changed and seen at once; Restore then Cancel changes nothing; Restore then
-// OK gives the defaults back (the recent folders, once emptied, stay empty).
+// Every option changed and seen at once (the 30 x 20 picture, fitted, is enlarged once
+// asked); Restore then Cancel changes nothing; Restore then OK gives the defaults back (the
+// recent folders, once emptied, stay empty).
 TEST_F(frmMainToolsTest, OptionsTakeEffectAtOnceAndRestoreGivesTheDefaults) {
   const settings::SettingsStore before = window_->State().Settings;
   const auto runOptions = [this](std::function<void(widgets::frmOptions&)> change, const char* button) {
@@ -118,7 +119,8 @@ TEST_F(frmMainToolsTest, OptionsTakeEffectAtOnceAndRestoreGivesTheDefaults) {
   EXPECT_EQ(window_->State().Settings, before);
   window_->SetColourChooser([](QWidget*, const QColor&) { return std::optional<QColor>(QColor(200, 10, 20)); });
   runOptions([&](widgets::frmOptions& o) {
-    for (const char* name : {"cmdSelect(0)", "chkViewToolbar", "chkViewStatusBar", "chkReciente", "chkConfirma", "optInicio(2)"}) {
+    for (const char* name : {"cmdSelect(0)", "chkViewToolbar", "chkViewStatusBar", "chkReciente", "chkConfirma", "optInicio(2)",
+                             "chkEnlarge"}) {
       click(o, name);
     }
   }, "cmdAceptar");
@@ -129,14 +131,16 @@ TEST_F(frmMainToolsTest, OptionsTakeEffectAtOnceAndRestoreGivesTheDefaults) {
   EXPECT_FALSE(window_->statusBar()->isVisible());
   EXPECT_TRUE(now.RecentFolders[0].isEmpty());
   EXPECT_EQ(std::tuple(now.StartOption, now.ConfirmDelete, now.RecentEnabled), std::tuple(2, false, false));
+  EXPECT_GT(window_->ImageView().Percentage(), 100);
   runOptions([&](widgets::frmOptions& o) { click(o, "cmdInicio"); }, "cmdAceptar");
   const auto options = [](const settings::SettingsStore& s) {
     return std::tuple(s.StartOption, s.ImageExtensionsOnly, s.ShowToolbar, s.ShowStatusBar, s.ColorImage,
-                      s.ColorThumbnails, s.ColorFullScreen, s.ConfirmDelete, s.RecentEnabled);
+                      s.ColorThumbnails, s.ColorFullScreen, s.ConfirmDelete, s.RecentEnabled, s.EnlargeSmallImages);
   };
   EXPECT_EQ(options(now), options(settings::DefaultSettings({})));
   EXPECT_TRUE(Child<QWidget>("ctlToolbar")->isVisible());
   EXPECT_TRUE(now.RecentFolders[0].isEmpty());
+  EXPECT_EQ(window_->ImageView().Percentage(), 100);
 }
 
 // Tools > Associate File Types in the tests' private home, judged by xdg-mime: the ticked
