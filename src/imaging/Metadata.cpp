@@ -83,8 +83,8 @@ QString Joined(const QString& first, const QString& second) {
 std::vector<std::pair<QString, QString>> ReadPhotoMetadata(const QString& path) {
   std::vector<std::pair<QString, QString>> rows;
   try {
-    vips::VImage image =
-        vips::VImage::new_from_source(SourceOf(path), "", vips::VImage::option()->set("access", VIPS_ACCESS_SEQUENTIAL));
+    const vips::VSource source = SourceOf(path);  // first: the options are freed only by the call
+    vips::VImage image = vips::VImage::new_from_source(source, "", vips::VImage::option()->set("access", VIPS_ACCESS_SEQUENTIAL));
     const auto add = [&rows](const char* name, const QString& value) {
       if (!value.isEmpty()) rows.emplace_back(QLatin1String(name), value);
     };

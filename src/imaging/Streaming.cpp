@@ -51,9 +51,9 @@ bool WriteWithVips(const Image& image, const VipsSaveSpec& spec, const QString& 
   }
   const std::string operation = saver;
   try {
-    vips::VImage::call(operation.c_str(), spec.Options()
-                                              ->set("in", PreparedForVipsSave(image, spec))
-                                              ->set("filename", base::EncodeFileName(file).constData()));
+    const vips::VImage prepared = PreparedForVipsSave(image, spec);  // first: the options are freed only by the call
+    vips::VImage::call(operation.c_str(),
+                       spec.Options()->set("in", prepared)->set("filename", base::EncodeFileName(file).constData()));
   } catch (const vips::VError&) {
     vips_error_clear();
     return false;

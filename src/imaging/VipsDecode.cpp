@@ -23,7 +23,8 @@ namespace {
 
 // Opens lazily (header only) and refuses what is over the pixel limit.
 std::optional<vips::VImage> OpenChecked(const QString& path) {
-  vips::VImage image = vips::VImage::new_from_source(SourceOf(path), "", vips::VImage::option()->set("access", "sequential"));
+  const vips::VSource source = SourceOf(path);  // first: the options below are freed only by the call
+  vips::VImage image = vips::VImage::new_from_source(source, "", vips::VImage::option()->set("access", "sequential"));
   if (std::int64_t(image.width()) * image.height() > kMaxPixels) return std::nullopt;
   return image;
 }
@@ -44,8 +45,9 @@ std::optional<Image> DecodeWithVips(const QString& path, int maxWidth, int maxHe
     const auto image = OpenChecked(path);
     if (!image) return std::nullopt;
     if (maxWidth > 0 && maxHeight > 0) {
+      const vips::VSource source = SourceOf(path);  // first: the options are freed only by the call
       auto options = vips::VImage::option()->set("height", maxHeight)->set("size", VIPS_SIZE_DOWN);
-      return Wrap(vips::VImage::thumbnail_source(SourceOf(path), maxWidth, options), onWhite);
+      return Wrap(vips::VImage::thumbnail_source(source, maxWidth, options), onWhite);
     }
     // Upright pixels go in one pass straight into memory; turning them needs random access.
     if (vips_image_get_orientation(image->get_image()) <= 1) return Wrap(*image, onWhite);
