@@ -1,33 +1,8 @@
 #include "widgets/FileChooser.h"
 
-#include <QDir>
 #include <QFileDialog>
-#include <QFileInfo>
-#include <QLineEdit>
-
-#include <memory>
 
 namespace widgets {
-
-namespace {
-
-// Going into another folder keeps the name meant for the file: Qt's dialog replaces it by
-// the folder's name or clears it. The name is the one proposed or the last typed that is
-// not a folder's; typing a folder's name to go there is left alone.
-void KeepNameAcrossFolders(QFileDialog& dialog) {
-  auto* edit = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-  if (!edit) return;
-  auto name = std::make_shared<QString>(edit->text());
-  QObject::connect(edit, &QLineEdit::textEdited, &dialog, [name, &dialog](const QString& text) {
-    if (!QFileInfo(dialog.directory().filePath(text)).isDir()) *name = text;
-  });
-  QObject::connect(&dialog, &QFileDialog::directoryEntered, edit, [edit, name](const QString& folder) {
-    if (name->isEmpty() || QFileInfo(folder).fileName().startsWith(*name)) return;
-    QMetaObject::invokeMethod(edit, [edit, name] { edit->setText(*name); }, Qt::QueuedConnection);
-  });
-}
-
-}  // namespace
 
 FileDialogAnswer ShowFileDialog(QWidget* parent, const FileDialogRequest& request) {
   QFileDialog dialog(parent, request.Title, request.ProposedPath);
@@ -38,10 +13,7 @@ FileDialogAnswer ShowFileDialog(QWidget* parent, const FileDialogRequest& reques
   if (request.SelectedFilter > 0 && request.SelectedFilter <= request.NameFilters.size()) {
     dialog.selectNameFilter(request.NameFilters.at(request.SelectedFilter - 1));
   }
-  if (request.Save) {
-    dialog.selectFile(request.ProposedPath);
-    KeepNameAcrossFolders(dialog);
-  }
+  if (request.Save) dialog.selectFile(request.ProposedPath);
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
   return {dialog.selectedFiles().constFirst(), ChosenFilterIndex(request.NameFilters, dialog.selectedNameFilter())};
 }

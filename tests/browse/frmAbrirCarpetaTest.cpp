@@ -5,12 +5,8 @@
 #include "settings/RecentFolders.h"
 #include "support/DialogAnswerer.h"
 #include "support/TestFiles.h"
-#include "widgets/FileChooser.h"
 
-#include <QApplication>
-#include <QFileDialog>
 #include <QLineEdit>
-#include <QToolButton>
 #include <QListWidget>
 #include <QPushButton>
 #include <QTabWidget>
@@ -123,32 +119,6 @@ TEST_F(frmAbrirCarpetaTest, TheRecentTabOpensRemovesAndClears) {
   DialogAnswerer yes(QMessageBox::Yes);
   EXPECT_TRUE(browse::ConfirmAndClearRecentFolders(nullptr, settings_));
   EXPECT_TRUE(settings::RecentFolderList(settings_).isEmpty());
-}
-
-}  // namespace
-
-namespace {
-
-// Copy To's save dialog: going up a folder keeps the name proposed or typed, not the
-// folder's, and the file chosen is that name in the new folder.
-TEST(SaveDialog, KeepsTheNameWhenGoingToAnotherFolder) {
-  TempFolder root;
-  const QString inner = root.MakeFolder(QStringLiteral("inner"));
-  for (const char* typed : {"", "renamed.png"}) {
-    QTimer::singleShot(0, [typed] {
-      auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-      ASSERT_NE(dialog, nullptr);
-      auto* name = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-      if (*typed) testing_support::Retype(name, QLatin1String(typed));
-      dialog->findChild<QToolButton*>(QStringLiteral("toParentButton"))->click();
-      QApplication::processEvents();
-      QMetaObject::invokeMethod(dialog, "accept");
-    });
-    const widgets::FileDialogAnswer answer =
-        widgets::ShowFileDialog(nullptr, {QStringLiteral("Copy To"), {QStringLiteral("All files (*)")}, 1,
-                                          inner + QStringLiteral("/photo.jpg"), true});
-    EXPECT_EQ(answer.Path, root.File(QLatin1String(*typed ? typed : "photo.jpg")));
-  }
 }
 
 }  // namespace
