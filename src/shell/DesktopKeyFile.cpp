@@ -21,25 +21,30 @@ DesktopKeyFile::DesktopKeyFile(const QByteArray& text) {
   if (!lines_.isEmpty() && lines_.last().isEmpty()) lines_.removeLast();
 }
 
-qsizetype DesktopKeyFile::GroupLine(const QString& group) const {
-  const QByteArray header = '[' + group.toUtf8() + ']';
-  for (qsizetype i = 0; i < lines_.size(); ++i) {
-    if (lines_[i].trimmed() == header) return i;
-  }
-  return -1;
+qsizetype DesktopKeyFile::GroupEnd(qsizetype header) const {
+  qsizetype i = header + 1;
+  while (i < lines_.size() && !IsGroupHeader(lines_[i])) ++i;
+  return i;
 }
 
-qsizetype DesktopKeyFile::KeyLine(const QString& group, const QString& key, qsizetype* end) const {
-  const qsizetype header = GroupLine(group);
+// A group may stand more than once; GLib reads the repeats as one group, so the key is
+// looked for in each. `end` is where the first one ends (where a new key goes), and
+// `header` the header of the group that holds the key.
+qsizetype DesktopKeyFile::KeyLine(const QString& group, const QString& key, qsizetype* end, qsizetype* header) const {
+  const QByteArray title = '[' + group.toUtf8() + ']', name = key.toUtf8();
   if (end) *end = -1;
-  if (header < 0) return -1;
-  qsizetype i = header + 1;
-  qsizetype found = -1;
-  for (; i < lines_.size() && !IsGroupHeader(lines_[i]); ++i) {
-    if (found < 0 && KeyOf(lines_[i]) == key.toUtf8()) found = i;
+  for (qsizetype i = 0; i < lines_.size(); ++i) {
+    if (lines_[i].trimmed() != title) continue;
+    const qsizetype groupEnd = GroupEnd(i);
+    if (end && *end < 0) *end = groupEnd;
+    for (qsizetype k = i + 1; k < groupEnd; ++k) {
+      if (KeyOf(lines_[k]) != name) continue;
+      if (header) *header = i;
+      return k;
+    }
+    i = groupEnd - 1;
   }
-  if (end) *end = i;
-  return found;
+  return -1;
 }
 
 std::optional<QString> DesktopKeyFile::Value(const QString& group, const QString& key) const {
@@ -66,12 +71,11 @@ void DesktopKeyFile::SetValue(const QString& group, const QString& key, const QS
 
 // A group left with nothing in it goes too, with the blank line that set it apart.
 void DesktopKeyFile::Remove(const QString& group, const QString& key) {
-  qsizetype end = -1;
-  const qsizetype line = KeyLine(group, key, &end);
+  qsizetype first = -1;
+  const qsizetype line = KeyLine(group, key, nullptr, &first);
   if (line < 0) return;
   lines_.removeAt(line);
-  --end;
-  qsizetype first = GroupLine(group);
+  const qsizetype end = GroupEnd(first);
   for (qsizetype i = first + 1; i < end; ++i) {
     if (!lines_[i].trimmed().isEmpty()) return;
   }

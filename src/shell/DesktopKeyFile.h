@@ -26,10 +26,10 @@ class DesktopKeyFile {
   QByteArray Text() const;
 
  private:
-  // The index of the group's header line, or -1.
-  qsizetype GroupLine(const QString& group) const;
-  // The index of the key's line within the group, or -1; `end` is where the group ends.
-  qsizetype KeyLine(const QString& group, const QString& key, qsizetype* end = nullptr) const;
+  // The line after the group whose header is at `header`: the next header, or the end.
+  qsizetype GroupEnd(qsizetype header) const;
+  // The index of the key's line within the group, or -1.
+  qsizetype KeyLine(const QString& group, const QString& key, qsizetype* end = nullptr, qsizetype* header = nullptr) const;
 
   QList<QByteArray> lines_;
   bool endsWithNewline_ = true;

@@ -105,6 +105,11 @@ TEST(DesktopKeyFile, ChangesOnlyTheLinesItIsAskedTo) {
   file.Remove(QStringLiteral("Default Applications"), QStringLiteral("x"));  // an emptied group goes
   file.Remove(QStringLiteral("New"), QStringLiteral("k"));
   EXPECT_EQ(file.Text(), QByteArray("# comment\n[Added Associations]\nimage/gif=b.desktop;\n"));
+  // A group that stands twice is one group, as GLib reads it (found by the fuzzer).
+  shell::DesktopKeyFile twice("[Default Applications]\n[Default Applications]\nimage/png=a.desktop;\n");
+  EXPECT_EQ(twice.Value(QStringLiteral("Default Applications"), QStringLiteral("image/png")), QStringLiteral("a.desktop;"));
+  twice.Remove(QStringLiteral("Default Applications"), QStringLiteral("image/png"));
+  EXPECT_FALSE(twice.Value(QStringLiteral("Default Applications"), QStringLiteral("image/png")).has_value());
 }
 
 }  // namespace
