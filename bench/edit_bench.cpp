@@ -47,9 +47,8 @@ double OkToPainted(app::frmMain& window, const char* command, const char* value)
   return MillisecondsSince(ok);
 }
 
-double OperationAlone(const imaging::Image& image, const char* command, const edit::Arguments& values) {
-  const edit::CatalogueCommand* found = edit::FindCatalogueCommand(QLatin1String(command));
-  return bench::BestMilliseconds(3, [&] { (void)edit::Apply(*found, image, values); });
+double OperationAlone(const imaging::Image& image, edit::OperationId id, const edit::Arguments& values) {
+  return bench::BestMilliseconds(3, [&] { (void)edit::Apply(edit::CommandFor(id), image, values); });
 }
 
 }  // namespace
@@ -86,8 +85,8 @@ int main(int argc, char** argv) {
     Paint(window);
     undoPacked = std::min(undoPacked, MillisecondsSince(again));
   }
-  const double brightnessAlone = OperationAlone(original, "mnuColorsBrightness", {20});
-  const double medianAlone = OperationAlone(original, "mnuImageFiltersMedian", {});
+  const double brightnessAlone = OperationAlone(original, edit::OperationId::Brightness, {20});
+  const double medianAlone = OperationAlone(original, edit::OperationId::Median, {});
   std::printf("edit_source: 6000x4000 jpeg at Fit, window 1280x800\n");
   bench::PrintFigure("brightness_operation_alone", brightnessAlone, "ms");
   bench::PrintFigure("brightness_ok_to_painted", brightness, "ms");

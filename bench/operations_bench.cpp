@@ -61,7 +61,7 @@ const Case kCases[] = {
 };
 
 bool HasPreview(const edit::CatalogueCommand& command) {
-  return edit::ParseDialogDescription(edit::DialogDescriptionFor(QLatin1String(command.Command))).HasPreview();
+  return edit::ParseDialogDescription(edit::DialogDescriptionFor(command.Id)).HasPreview();
 }
 
 QStringList Words(const char* text) { return QString::fromLatin1(text).split(u' ', Qt::SkipEmptyParts); }

@@ -17,7 +17,7 @@ QIcon ThemedIcon(const char* name) {
 }  // namespace
 
 QAction* CommandTable::Declare(const Command& command, CommandRules rules) {
-  auto* action = new QAction(QLatin1String(command.Caption), owner_);
+  auto* action = new QAction(QString::fromUtf8(command.Caption), owner_);
   action->setObjectName(QLatin1String(command.Name));
   QList<QKeySequence> shortcuts;
   for (const QKeyCombination key : {command.Shortcut, command.AlternateShortcut}) {
@@ -26,8 +26,8 @@ QAction* CommandTable::Declare(const Command& command, CommandRules rules) {
   action->setShortcuts(shortcuts);
   if (command.Icon) action->setIcon(ThemedIcon(command.Icon));
   if (command.ButtonCaption) {
-    action->setIconText(QLatin1String(command.ButtonCaption));
-    action->setToolTip(QLatin1String(command.ButtonCaption));
+    action->setIconText(QString::fromUtf8(command.ButtonCaption));
+    action->setToolTip(QString::fromUtf8(command.ButtonCaption));
   }
   if (rules.Checked) action->setCheckable(true);
   if (!rules.Run) {

@@ -101,7 +101,7 @@ int Thumbnail(const QString& input, const QString& output, const QString& boxTex
 // it did not (nothing written), so the caller takes the in-memory path.
 bool ApplyStreaming(const QString& input, const QString& output, const edit::OperationChain& chain) {
   for (const edit::OperationStep& step : chain.Steps) {
-    if (!edit::ReadsSourceInOrder(*step.Command)) return false;
+    if (!step.Command->ReadsSourceInOrder()) return false;
   }
   const imaging::StreamingScope streaming;
   auto image = imaging::OpenForStreaming(input);
@@ -125,7 +125,7 @@ int Apply(const QString& input, const QString& output, const QStringList& words)
   for (const edit::OperationStep& step : chain.Steps) {
     const edit::Applied applied = edit::TryApply(*step.Command, *image, step.Values);
     if (!applied.Picture) {
-      Complain(QStringLiteral("Can't apply %1: %2").arg(QString::fromUtf8(step.Command->UndoName), applied.Failure));
+      Complain(QStringLiteral("Can't apply %1: %2").arg(step.Command->Undo(), applied.Failure));
       return 1;
     }
     image = applied.Picture;

@@ -21,46 +21,6 @@ namespace {
 
 using document::ViewMode;
 
-// The editing operations, in their menus' order; what they do is in edit::Catalogue.
-constexpr Command kImageCommands[] = {
-    {"mnuColorsBrightness", "&Brightness..."},
-    {"mnuColorsContrast", "&Contrast..."},
-    {"mnuColorsGamma", "&Gamma..."},
-    {"mnuColorsHSL", "&Hue / Saturation / Luminance..."},
-    {"mnuColorsRGB", "&Red / Green / Blue..."},
-    {"mnuColorsSolarize", "&Solarize..."},
-    {"mnuColorsEqualize", "&Equalize"},
-    {"mnuColorsNegative", "&Negative"},
-    {"mnuColorsGrayScale", "Gr&ay Scale"},
-    {"mnuColorsColorDepth1Bit", "&1 Bit (2 Colors)"},
-    {"mnuColorsColorDepth4Bits", "&4 Bits (16 Colors)"},
-    {"mnuColorsColorDepth8Bits", "&8 Bits (256 Colors)"},
-    {"mnuColorsColorDepth24Bits", "&24 Bits (True Color)"},
-    {"mnuColorsConcaveParabolic", "Conca&ve Parabolic"},
-    {"mnuColorsConvexParabolic", "Conve&x Parabolic"},
-    {"mnuColorsRedEye", "Red E&ye Removal"},
-    {"mnuImageFlip", "F&lip"},
-    {"mnuImageMirror", "&Mirror"},
-    {"mnuImageRotate", "&Rotate..."},
-    {"mnuImageResize", "Re&size..."},
-    {"mnuImageCrop", "&Crop"},
-    {"mnuImagePerspective", "Perspecti&ve..."},
-    {"mnuImagePinch", "P&inch..."},
-    {"mnuImageRipple", "Ri&pple..."},
-    {"mnuImageSwirl", "S&wirl..."},
-    {"mnuImageFiltersBlend", "&Blend..."},
-    {"mnuImageFiltersBlur", "B&lur"},
-    {"mnuImageFiltersDiffuse", "&Diffuse"},
-    {"mnuImageFiltersDilate", "D&ilate"},
-    {"mnuImageFiltersErode", "&Erode"},
-    {"mnuImageFiltersMedian", "Medi&an"},
-    {"mnuImageFiltersMosaic", "&Mosaic..."},
-    {"mnuImageFiltersMotionBlur", "Mo&tion Blur..."},
-    {"mnuImageFiltersNoise", "&Noise..."},
-    {"mnuImageFiltersSharpen", "&Sharpen..."},
-    {"mnuImageFiltersSoften", "S&often..."},
-};
-
 }  // namespace
 
 void frmMain::DeclareCommands() {
@@ -166,11 +126,9 @@ void frmMain::DeclareViewCommands() {
 }
 
 void frmMain::DeclareImageCommands() {
-  for (const Command& command : kImageCommands) {
-    const edit::CatalogueCommand* operation = edit::FindCatalogueCommand(QLatin1String(command.Name));
-    if (!operation) continue;
-    commands_.Declare(command, {[this, operation] { RunCatalogueCommand(*operation); },
-                                [this] { return CanRunImageCommand(); }});
+  for (const edit::CatalogueCommand& operation : edit::Catalogue()) {
+    commands_.Declare({operation.Command, operation.MenuCaption},
+                      {[this, &operation] { RunCatalogueCommand(operation); }, [this] { return CanRunImageCommand(); }});
   }
 }
 

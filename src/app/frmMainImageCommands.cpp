@@ -32,11 +32,11 @@ void frmMain::RunCatalogueCommand(const edit::CatalogueCommand& command) {
   if (!document_.CurrentImage()) return;
   const QRect selection = SelectionPixels();
   if (*command.SelectionMessage && selection.isEmpty()) {
-    QMessageBox::warning(this, QLatin1String(command.UndoName), QLatin1String(command.SelectionMessage));
+    QMessageBox::warning(this, command.Undo(), QString::fromUtf8(command.SelectionMessage));
     return;
   }
   edit::Arguments arguments;
-  if (*command.DialogClass) {
+  if (command.HasDialog()) {
     const auto chosen = AskParameters(command);
     if (!chosen) return;
     arguments = *chosen;
@@ -45,22 +45,22 @@ void frmMain::RunCatalogueCommand(const edit::CatalogueCommand& command) {
   }
   widgets::BusyPointerGuard busy;
   picFondo_->SelectNone();
-  RefreshStatusBar(QString::fromUtf8(command.UndoName) + QStringLiteral("..."));  // while it works
+  const QString undoName = command.Undo();
+  RefreshStatusBar(undoName + QStringLiteral("..."));  // while it works
   statusBar()->repaint();
-  const QString undoName = QString::fromUtf8(command.UndoName);
   const edit::Applied applied = edit::TryApply(command, *document_.CurrentImage(), arguments);
   if (!applied.Picture) {  // nothing changes and nothing is recorded
     RefreshStatusBar({});
     ShowExclamation(QStringLiteral("Can't apply %1").arg(undoName), applied.Failure);
     return;
   }
-  document_.ApplyEdit(*applied.Picture, undoName);
+  document_.ApplyEdit(*applied.Picture, undoName, command.ChangesGeometry());
 }
 
 // The parameter dialog with a live preview; the chosen values, or the ones the dialog
 // showed when it opened where a box does not hold a number. Nothing on Cancel.
 std::optional<edit::Arguments> frmMain::AskParameters(const edit::CatalogueCommand& command) {
-  const QString description = edit::DialogDescriptionFor(QLatin1String(command.Command));
+  const QString description = edit::DialogDescriptionFor(command.Id);
   base::ScreenMetrics logical = state_.Metrics;  // the dialog gives the size in image pixels
   logical.DevicePixelRatio = 1;
   const imaging::Image& image = *document_.CurrentImage();

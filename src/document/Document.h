@@ -100,7 +100,7 @@ class Document : public QObject {
   bool IsChanged() const { return history_.IsChanged(); }
   bool CanEdit() const { return viewMode_ != ViewMode::Thumbnails && ImageLoaded(); }
   // An edit's result becomes the image, recorded as a step named `undoName`.
-  void ApplyEdit(const imaging::Image& edited, const QString& undoName);
+  void ApplyEdit(const imaging::Image& edited, const QString& undoName, bool changesGeometry = false);
   void Undo();
   void Redo();
 

@@ -22,13 +22,13 @@ void Document::RecordBase() {
   unrecordedBase_.reset();
 }
 
-void Document::ApplyEdit(const imaging::Image& edited, const QString& undoName) {
+void Document::ApplyEdit(const imaging::Image& edited, const QString& undoName, bool changesGeometry) {
   RecordBase();
   previous_ = image_;
   image_ = edited;
   natural_ = base::NaturalSize::FromPixels(edited.Width(), edited.Height(), state_.Metrics);
   // With no free slot the edit stays, unrecorded, and the captions do not change.
-  history_.Push(imaging::PackedImage::Pack(edited), undoName);
+  history_.Push(imaging::PackedImage::Pack(edited), undoName, changesGeometry);
   Q_EMIT ImageEdited(*image_, false);
   Q_EMIT StatusChanged({});
   Q_EMIT StateChanged();

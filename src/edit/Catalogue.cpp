@@ -11,6 +11,7 @@ namespace edit {
 namespace {
 
 namespace ops = imaging::ops;
+using Id = OperationId;
 using imaging::Image;
 
 int N(const Arguments& a, size_t i) { return static_cast<int>(std::lround(a[i])); }
@@ -25,84 +26,84 @@ const std::vector<Parameter> kSelection = {{"left", 0, INT_MAX, Source::Selectio
 
 std::vector<CatalogueCommand> MakeCatalogue() {
   return {
-      {"mnuColorsBrightness", "Brightness", "Brightness", "", false, kPercent,
+      {Id::Brightness, "mnuColorsBrightness", "&Brightness...", "Brightness", "Brightness", "", kNoTrait, kPercent,
        [](const Image& i, const Arguments& a) { return ops::Brightness(i, N(a, 0)); }},
-      {"mnuColorsContrast", "Contrast", "Contrast", "", false, kPercent,
+      {Id::Contrast, "mnuColorsContrast", "&Contrast...", "Contrast", "Contrast", "", kNoTrait, kPercent,
        [](const Image& i, const Arguments& a) { return ops::Contrast(i, N(a, 0)); }},
-      {"mnuColorsGamma", "Gamma", "Gamma", "", false, {{"value in hundredths", 1, 1000}},
+      {Id::Gamma, "mnuColorsGamma", "&Gamma...", "Gamma", "Gamma", "", kNoTrait, {{"value in hundredths", 1, 1000}},
        [](const Image& i, const Arguments& a) { return ops::Gamma(i, a[0] / 100.0); }},
-      {"mnuColorsHSL", "Hsl", "Hue / Saturation / Luminance", "", false,
+      {Id::Hsl, "mnuColorsHSL", "&Hue / Saturation / Luminance...", "Hsl", "Hue / Saturation / Luminance", "", kNoTrait,
        {{"hue", -100, 100, Source::TextBox, 1}, {"saturation", -100, 100, Source::TextBox, 2},
         {"luminance", -100, 100, Source::TextBox, 3}},
        [](const Image& i, const Arguments& a) { return ops::HueSaturationLuminance(i, N(a, 0), N(a, 1), N(a, 2)); }},
-      {"mnuColorsRGB", "Rgb", "Red / Green / Blue", "", false,
+      {Id::Rgb, "mnuColorsRGB", "&Red / Green / Blue...", "Rgb", "Red / Green / Blue", "", kNoTrait,
        {{"red", -100, 100, Source::TextBox, 1}, {"green", -100, 100, Source::TextBox, 2},
         {"blue", -100, 100, Source::TextBox, 3}},
        [](const Image& i, const Arguments& a) { return ops::RedGreenBlue(i, N(a, 0), N(a, 1), N(a, 2)); }},
-      {"mnuColorsSolarize", "Solarize", "Solarize", "", false, {{"value", 0, 255}},
+      {Id::Solarize, "mnuColorsSolarize", "&Solarize...", "Solarize", "Solarize", "", kNoTrait, {{"value", 0, 255}},
        [](const Image& i, const Arguments& a) { return ops::Solarize(i, N(a, 0)); }},
-      {"mnuColorsEqualize", "", "Equalize", "", false, {}, [](const Image& i, const Arguments&) { return ops::Equalize(i); }},
-      {"mnuColorsNegative", "", "Negative", "", false, {}, [](const Image& i, const Arguments&) { return ops::Negative(i); }},
-      {"mnuColorsGrayScale", "", "Gray Scale", "", false, {},
+      {Id::Equalize, "mnuColorsEqualize", "&Equalize", "", "Equalize", "", kRandomAccess, {}, [](const Image& i, const Arguments&) { return ops::Equalize(i); }},
+      {Id::Negative, "mnuColorsNegative", "&Negative", "", "Negative", "", kNoTrait, {}, [](const Image& i, const Arguments&) { return ops::Negative(i); }},
+      {Id::GrayScale, "mnuColorsGrayScale", "Gr&ay Scale", "", "Gray Scale", "", kNoTrait, {},
        [](const Image& i, const Arguments&) { return ops::GrayScale(i); }},
-      {"mnuColorsColorDepth1Bit", "", "Color Depth", "", false, {},
+      {Id::ColorDepth1, "mnuColorsColorDepth1Bit", "&1 Bit (2 Colors)", "", "Color Depth", "", kNoTrait, {},
        [](const Image& i, const Arguments&) { return ops::ColorDepth(i, 1); }, 1},
-      {"mnuColorsColorDepth4Bits", "", "Color Depth", "", false, {},
+      {Id::ColorDepth4, "mnuColorsColorDepth4Bits", "&4 Bits (16 Colors)", "", "Color Depth", "", kNoTrait, {},
        [](const Image& i, const Arguments&) { return ops::ColorDepth(i, 4); }, 4},
-      {"mnuColorsColorDepth8Bits", "", "Color Depth", "", false, {},
+      {Id::ColorDepth8, "mnuColorsColorDepth8Bits", "&8 Bits (256 Colors)", "", "Color Depth", "", kNoTrait, {},
        [](const Image& i, const Arguments&) { return ops::ColorDepth(i, 8); }, 8},
-      {"mnuColorsColorDepth24Bits", "", "Color Depth", "", false, {},
+      {Id::ColorDepth24, "mnuColorsColorDepth24Bits", "&24 Bits (True Color)", "", "Color Depth", "", kNoTrait, {},
        [](const Image& i, const Arguments&) { return ops::ColorDepth(i, 24); }, 24},
-      {"mnuColorsConcaveParabolic", "", "Concave Parabolic", "", false, {},
+      {Id::ConcaveParabolic, "mnuColorsConcaveParabolic", "Conca&ve Parabolic", "", "Concave Parabolic", "", kNoTrait, {},
        [](const Image& i, const Arguments&) { return ops::Parabolic(i, true); }},
-      {"mnuColorsConvexParabolic", "", "Convex Parabolic", "", false, {},
+      {Id::ConvexParabolic, "mnuColorsConvexParabolic", "Conve&x Parabolic", "", "Convex Parabolic", "", kNoTrait, {},
        [](const Image& i, const Arguments&) { return ops::Parabolic(i, false); }},
-      {"mnuColorsRedEye", "", "Red Eye Removal", "Select an area to apply red eye removal", false, kSelection,
+      {Id::RedEye, "mnuColorsRedEye", "Red E&ye Removal", "", "Red Eye Removal", "Select an area to apply red eye removal", kRandomAccess, kSelection,
        [](const Image& i, const Arguments& a) { return ops::RedEyeRemoval(i, Area(a)); }},
-      {"mnuImageFiltersBlend", "Blend", "Blend", "", false, {{"value", 0, 100}},
-       [](const Image& i, const Arguments& a) { return ops::Blend(i, N(a, 0)); }},
-      {"mnuImageFiltersBlur", "", "Blur", "", false, {}, [](const Image& i, const Arguments&) { return ops::Blur(i); }},
-      {"mnuImageFiltersDiffuse", "", "Diffuse", "", false, {}, [](const Image& i, const Arguments&) { return ops::Diffuse(i); }},
-      {"mnuImageFiltersDilate", "", "Dilate", "", false, {}, [](const Image& i, const Arguments&) { return ops::Dilate(i); }},
-      {"mnuImageFiltersErode", "", "Erode", "", false, {}, [](const Image& i, const Arguments&) { return ops::Erode(i); }},
-      {"mnuImageFiltersMedian", "", "Median", "", false, {}, [](const Image& i, const Arguments&) { return ops::Median(i); }},
-      {"mnuImageFiltersMosaic", "Mosaic", "Mosaic", "", false, {{"block size", 1, 63}},
-       [](const Image& i, const Arguments& a) { return ops::Mosaic(i, N(a, 0)); }},
-      {"mnuImageFiltersMotionBlur", "MotionBlur", "Motion Blur", "", false,
-       {{"horizontal speed", -10, 10, Source::TextBox, 1}, {"vertical speed", -10, 10, Source::TextBox, 2},
-        {"intensity", 1, 25, Source::TextBox, 3}},
-       [](const Image& i, const Arguments& a) { return ops::MotionBlur(i, N(a, 0), N(a, 1), N(a, 2)); }},
-      {"mnuImageFiltersNoise", "Noise", "Noise", "", false,
-       {{"frequency", 1, 20, Source::TextBox, 1}, {"intensity", 1, 128, Source::TextBox, 2}},
-       [](const Image& i, const Arguments& a) { return ops::Noise(i, N(a, 0), N(a, 1)); }},
-      {"mnuImageFiltersSharpen", "Sharpen", "Sharpen", "", false, kLevel,
-       [](const Image& i, const Arguments& a) { return ops::Sharpen(i, N(a, 0)); }},
-      {"mnuImageFiltersSoften", "Soften", "Soften", "", false, kLevel,
-       [](const Image& i, const Arguments& a) { return ops::Soften(i, N(a, 0)); }},
-      {"mnuImageFlip", "", "Flip", "", false, {}, [](const Image& i, const Arguments&) { return ops::Flip(i); }},
-      {"mnuImageMirror", "", "Mirror", "", false, {}, [](const Image& i, const Arguments&) { return ops::Mirror(i); }},
-      {"mnuImagePerspective", "Perspective", "Perspective", "", false,
+      {Id::Flip, "mnuImageFlip", "F&lip", "", "Flip", "", kRandomAccess, {}, [](const Image& i, const Arguments&) { return ops::Flip(i); }},
+      {Id::Mirror, "mnuImageMirror", "&Mirror", "", "Mirror", "", kNoTrait, {}, [](const Image& i, const Arguments&) { return ops::Mirror(i); }},
+      {Id::Rotate, "mnuImageRotate", "&Rotate...", "Rotate", "Rotate", "", kChangesGeometry | kRandomAccess, {{"angle", -180, 180, Source::TextBox, 1, true}},
+       [](const Image& i, const Arguments& a) { return ops::Rotate(i, a[0]); }},
+      {Id::Resize, "mnuImageResize", "Re&size...", "Resize", "Resize", "", kChangesGeometry,
+       {{"new width", 1, 2048, Source::TextBox, 3}, {"new height", 1, 2048, Source::TextBox, 4}},
+       [](const Image& i, const Arguments& a) { return ops::Resize(i, N(a, 0), N(a, 1)); }},
+      {Id::Crop, "mnuImageCrop", "&Crop", "", "Crop", "Select an area before cropping", kChangesGeometry, kSelection,
+       [](const Image& i, const Arguments& a) { return ops::Crop(i, Area(a)); }},
+      {Id::Perspective, "mnuImagePerspective", "Perspecti&ve...", "Perspective", "Perspective", "", kRandomAccess,
        {{"value", 0, 100, Source::TextBox, 1}, {"direction", 1, 4, Source::Option}},
        [](const Image& i, const Arguments& a) {
          return ops::Perspective(i, static_cast<ops::PerspectiveDirection>(N(a, 1) - 1), N(a, 0));
        }},
-      {"mnuImagePinch", "Pinch", "Pinch", "", false, kPercent,
+      {Id::Pinch, "mnuImagePinch", "P&inch...", "Pinch", "Pinch", "", kRandomAccess, kPercent,
        [](const Image& i, const Arguments& a) { return ops::Pinch(i, N(a, 0)); }},
-      {"mnuImageRipple", "Ripple", "Ripple", "", false,
+      {Id::Ripple, "mnuImageRipple", "Ri&pple...", "Ripple", "Ripple", "", kRandomAccess,
        {{"frequency", 1, 100, Source::TextBox, 1}, {"intensity", 1, 100, Source::TextBox, 2},
         {"direction", 1, 2, Source::Option}},
        [](const Image& i, const Arguments& a) {
          return ops::Ripple(i, N(a, 0), N(a, 1), static_cast<ops::RippleDirection>(N(a, 2) - 1));
        }},
-      {"mnuImageSwirl", "Swirl", "Swirl", "", false, {{"angle", -1000, 1000}},
+      {Id::Swirl, "mnuImageSwirl", "S&wirl...", "Swirl", "Swirl", "", kRandomAccess, {{"angle", -1000, 1000}},
        [](const Image& i, const Arguments& a) { return ops::Swirl(i, N(a, 0)); }},
-      {"mnuImageRotate", "Rotate", "Rotate", "", true, {{"angle", -180, 180, Source::TextBox, 1, true}},
-       [](const Image& i, const Arguments& a) { return ops::Rotate(i, a[0]); }},
-      {"mnuImageResize", "Resize", "Resize", "", true,
-       {{"new width", 1, 2048, Source::TextBox, 3}, {"new height", 1, 2048, Source::TextBox, 4}},
-       [](const Image& i, const Arguments& a) { return ops::Resize(i, N(a, 0), N(a, 1)); }},
-      {"mnuImageCrop", "", "Crop", "Select an area before cropping", true, kSelection,
-       [](const Image& i, const Arguments& a) { return ops::Crop(i, Area(a)); }},
+      {Id::Blend, "mnuImageFiltersBlend", "&Blend...", "Blend", "Blend", "", kNoTrait, {{"value", 0, 100}},
+       [](const Image& i, const Arguments& a) { return ops::Blend(i, N(a, 0)); }},
+      {Id::Blur, "mnuImageFiltersBlur", "B&lur", "", "Blur", "", kNoTrait, {}, [](const Image& i, const Arguments&) { return ops::Blur(i); }},
+      {Id::Diffuse, "mnuImageFiltersDiffuse", "&Diffuse", "", "Diffuse", "", kRandomAccess, {}, [](const Image& i, const Arguments&) { return ops::Diffuse(i); }},
+      {Id::Dilate, "mnuImageFiltersDilate", "D&ilate", "", "Dilate", "", kNoTrait, {}, [](const Image& i, const Arguments&) { return ops::Dilate(i); }},
+      {Id::Erode, "mnuImageFiltersErode", "&Erode", "", "Erode", "", kNoTrait, {}, [](const Image& i, const Arguments&) { return ops::Erode(i); }},
+      {Id::Median, "mnuImageFiltersMedian", "Medi&an", "", "Median", "", kNoTrait, {}, [](const Image& i, const Arguments&) { return ops::Median(i); }},
+      {Id::Mosaic, "mnuImageFiltersMosaic", "&Mosaic...", "Mosaic", "Mosaic", "", kNoTrait, {{"block size", 1, 63}},
+       [](const Image& i, const Arguments& a) { return ops::Mosaic(i, N(a, 0)); }},
+      {Id::MotionBlur, "mnuImageFiltersMotionBlur", "Mo&tion Blur...", "MotionBlur", "Motion Blur", "", kNoTrait,
+       {{"horizontal speed", -10, 10, Source::TextBox, 1}, {"vertical speed", -10, 10, Source::TextBox, 2},
+        {"intensity", 1, 25, Source::TextBox, 3}},
+       [](const Image& i, const Arguments& a) { return ops::MotionBlur(i, N(a, 0), N(a, 1), N(a, 2)); }},
+      {Id::Noise, "mnuImageFiltersNoise", "&Noise...", "Noise", "Noise", "", kNoTrait,
+       {{"frequency", 1, 20, Source::TextBox, 1}, {"intensity", 1, 128, Source::TextBox, 2}},
+       [](const Image& i, const Arguments& a) { return ops::Noise(i, N(a, 0), N(a, 1)); }},
+      {Id::Sharpen, "mnuImageFiltersSharpen", "&Sharpen...", "Sharpen", "Sharpen", "", kNoTrait, kLevel,
+       [](const Image& i, const Arguments& a) { return ops::Sharpen(i, N(a, 0)); }},
+      {Id::Soften, "mnuImageFiltersSoften", "S&often...", "Soften", "Soften", "", kNoTrait, kLevel,
+       [](const Image& i, const Arguments& a) { return ops::Soften(i, N(a, 0)); }},
   };
 }
 
@@ -123,11 +124,9 @@ const std::vector<CatalogueCommand>& Catalogue() {
   return catalogue;
 }
 
-const CatalogueCommand* FindCatalogueCommand(const QString& menuCommand) {
-  for (const CatalogueCommand& c : Catalogue()) {
-    if (menuCommand == QLatin1String(c.Command)) return &c;
-  }
-  return nullptr;
+const CatalogueCommand& CommandFor(OperationId id) {
+  const auto& catalogue = Catalogue();
+  return *std::find_if(catalogue.begin(), catalogue.end(), [id](const CatalogueCommand& c) { return c.Id == id; });
 }
 
 Arguments ArgumentsFrom(const CatalogueCommand& command, const DialogValues& values, const QRect& selection) {
@@ -154,13 +153,6 @@ Applied TryApply(const CatalogueCommand& command, const Image& image, const Argu
   } catch (const imaging::ops::OperationFailed& failure) {
     return {std::nullopt, QString::fromUtf8(failure.what())};
   }
-}
-
-bool ReadsSourceInOrder(const CatalogueCommand& command) {
-  static const QStringList kRandomAccess = {"mnuImageFlip",   "mnuImageRotate", "mnuImagePerspective", "mnuImagePinch",
-                                            "mnuImageRipple", "mnuImageSwirl",  "mnuImageFiltersDiffuse",
-                                            "mnuColorsEqualize", "mnuColorsRedEye"};
-  return !kRandomAccess.contains(QLatin1String(command.Command));
 }
 
 Operation PreviewOperation(const CatalogueCommand& command) {

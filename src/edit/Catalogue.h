@@ -1,12 +1,14 @@
 #pragma once
-// The editing commands' table: for each Colors, Image and Filters command its dialog class,
-// undo name, selection message, parameters (where the dialog keeps them, their ranges)
-// and the operation. The command (frmMain), the dialog's preview and vistrel-cli's
+// The editing commands' table, one row per command in menu order: its identifier, menu
+// name and caption, dialog class, undo name, selection message, whether it changes the
+// picture's size, whether it reads its source in order, its parameters (where the dialog
+// keeps them, their ranges) and the operation. The command (frmMain), the dialog's preview and vistrel-cli's
 // `apply` all run an operation through Apply, so all three give the same pixels.
 // Edit > Copy exports rather than edits and is frmMain's own.
 
 #include "edit/DialogModel.h"
 #include "edit/Operation.h"
+#include "edit/OperationId.h"
 #include "imaging/Image.h"
 
 #include <QRect>
@@ -32,19 +34,36 @@ struct Parameter {
 // An operation's values in the order of its parameters, in the dialog's units.
 using Arguments = std::vector<double>;
 
+// How a command touches its picture, beyond its pixels.
+enum Trait : unsigned {
+  kNoTrait = 0,
+  kChangesGeometry = 1,  // the size may change: the selection goes and the natural size is read again
+  kRandomAccess = 2,     // reads its source out of order, so the streaming path cannot run it
+};
+
 struct CatalogueCommand {
+  OperationId Id;
   const char* Command;           // the menu command, "mnuColorsBrightness"
+  const char* MenuCaption;       // UTF-8, "&Brightness..."
   const char* DialogClass;       // "" for a command without a dialog
-  const char* UndoName;          // "Brightness"
+  const char* UndoName;          // UTF-8, "Brightness"
   const char* SelectionMessage;  // "" unless the command needs a selection
-  bool ChangesGeometry;          // Rotate, Resize and Crop refresh the natural size
+  unsigned Traits;
   std::vector<Parameter> Parameters;
   imaging::Image (*Run)(const imaging::Image& image, const Arguments& values);
   int Bits = 0;  // the Color Depth commands' depth
+
+  bool ChangesGeometry() const { return (Traits & kChangesGeometry) != 0; }
+  // The operations that read their source once, top to bottom, which imaging's streaming
+  // path can run.
+  bool ReadsSourceInOrder() const { return (Traits & kRandomAccess) == 0; }
+  bool HasDialog() const { return *DialogClass != 0; }
+  QString Undo() const { return QString::fromUtf8(UndoName); }
 };
 
+// Every command, in menu order.
 const std::vector<CatalogueCommand>& Catalogue();
-const CatalogueCommand* FindCatalogueCommand(const QString& menuCommand);
+const CatalogueCommand& CommandFor(OperationId id);
 
 // The operation's values read from the dialog (a text that does not convert reads 0,
 // as in the preview) and the selection in pixels, each clamped into its range.
@@ -62,9 +81,6 @@ struct Applied {
   QString Failure;  // empty when it worked
 };
 Applied TryApply(const CatalogueCommand& command, const imaging::Image& image, const Arguments& values);
-// True for the operations that read their source once, top to bottom (not Flip, Rotate,
-// the warps, Diffuse, Equalize or Red Eye Removal), which imaging's streaming path can run.
-bool ReadsSourceInOrder(const CatalogueCommand& command);
 // The parameter dialog's preview: Apply with the dialog's current values.
 Operation PreviewOperation(const CatalogueCommand& command);
 

@@ -1,6 +1,8 @@
 #pragma once
 // The eighteen dialog descriptions, exactly as the commands store them.
 
+#include "edit/OperationId.h"
+
 #include <QString>
 
 #include <vector>
@@ -8,13 +10,13 @@
 namespace edit {
 
 struct CommandDescription {
-  const char* Command;  // the menu command, e.g. "mnuColorsBrightness"
+  OperationId Command;
   QString Description;
 };
 
 const std::vector<CommandDescription>& DialogDescriptions();
 
-// The description a command stores in DialogDescription; empty for an unknown command.
-QString DialogDescriptionFor(const QString& command);
+// The description a command stores in DialogDescription; empty for a command without a dialog.
+QString DialogDescriptionFor(OperationId command);
 
 }  // namespace edit

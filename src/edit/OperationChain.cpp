@@ -9,13 +9,13 @@ namespace edit {
 
 namespace {
 
-QString Compact(const char* name) { return QString::fromLatin1(name).remove(u' ').toLower(); }
+QString Compact(const char* name) { return QString::fromUtf8(name).remove(u' ').toLower(); }
 
 const CatalogueCommand* ByName(const QString& word, int bits) {
   const QString wanted = word.toLower();
   for (const CatalogueCommand& c : Catalogue()) {
     if (c.Bits != bits) continue;
-    if (Compact(c.UndoName) == wanted || (*c.DialogClass && Compact(c.DialogClass) == wanted)) return &c;
+    if (Compact(c.UndoName) == wanted || (c.HasDialog() && Compact(c.DialogClass) == wanted)) return &c;
   }
   return nullptr;
 }
@@ -50,7 +50,7 @@ std::optional<QString> ReadValue(const QString& name, const Parameter& p, const 
 QString KnownNames() {
   QStringList names;
   for (const CatalogueCommand& c : Catalogue()) {
-    const QString name = QString::fromUtf8(*c.DialogClass ? c.DialogClass : c.UndoName).remove(u' ');
+    const QString name = QString::fromUtf8(c.HasDialog() ? c.DialogClass : c.UndoName).remove(u' ');
     if (!names.contains(name)) names << name;
   }
   return names.join(QStringLiteral(", "));

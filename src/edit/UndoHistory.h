@@ -15,7 +15,7 @@ namespace edit {
 struct UndoMove {
   QString Name;      // Undo: the state left; Redo: the state entered
   int Slot = 0;      // the slot holding the picture to show now
-  bool SizeChanges;  // "crop", "resize" or "rotate": the selection goes first
+  bool SizeChanges;  // a step that may change the size (Crop, Resize, Rotate): the selection goes first
 };
 
 template <typename Picture>
@@ -35,7 +35,7 @@ class UndoHistory {
   // Records a step: a named change, or the unnamed base state (a loaded or saved image,
   // the file's own state). False when no slot is free and nothing was recorded; the image
   // then counts as changed until the next base state.
-  bool Push(Picture picture, const QString& name) {
+  bool Push(Picture picture, const QString& name, bool changesSize = false) {
     const bool full = current_ >= kSlots - 1;
     std::array<bool, kSlots> used{};
     for (int i = full ? 1 : 0; i < count_; ++i) used[static_cast<size_t>(steps_[static_cast<size_t>(i)].Slot)] = true;
@@ -53,7 +53,7 @@ class UndoHistory {
     } else {
       ++current_;
     }
-    steps_[static_cast<size_t>(current_)] = {slot, name};
+    steps_[static_cast<size_t>(current_)] = {slot, name, changesSize};
     count_ = current_ + 1;
     if (name.isEmpty()) {
       cleanStep_ = current_;
@@ -67,16 +67,16 @@ class UndoHistory {
 
   std::optional<UndoMove> Undo() {
     if (!CanUndo()) return std::nullopt;
-    const QString left = steps_[static_cast<size_t>(current_)].Name;
+    const Step& left = steps_[static_cast<size_t>(current_)];
     --current_;
-    return UndoMove{left, steps_[static_cast<size_t>(current_)].Slot, ChangesSize(left)};
+    return UndoMove{left.Name, steps_[static_cast<size_t>(current_)].Slot, left.ChangesSize};
   }
 
   std::optional<UndoMove> Redo() {
     if (!CanRedo()) return std::nullopt;
     ++current_;
     const auto& entered = steps_[static_cast<size_t>(current_)];
-    return UndoMove{entered.Name, entered.Slot, ChangesSize(entered.Name)};
+    return UndoMove{entered.Name, entered.Slot, entered.ChangesSize};
   }
 
   const std::optional<Picture>& PictureIn(int slot) const { return pictures_.at(static_cast<size_t>(slot)); }
@@ -102,12 +102,9 @@ class UndoHistory {
   struct Step {
     int Slot = 0;
     QString Name;
+    bool ChangesSize = false;
   };
 
-  static bool ChangesSize(const QString& name) {
-    const QString lower = name.toLower();
-    return lower == QLatin1String("crop") || lower == QLatin1String("resize") || lower == QLatin1String("rotate");
-  }
   QString UndoName() const { return CanUndo() ? steps_[static_cast<size_t>(current_)].Name : QString(); }
   QString RedoName() const { return CanRedo() ? steps_[static_cast<size_t>(current_ + 1)].Name : QString(); }
   static QString Caption(const QString& command, const QString& name) {

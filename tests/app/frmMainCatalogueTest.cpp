@@ -105,7 +105,7 @@ TEST_F(frmMainCatalogueTest, CancellingAnyDialogLeavesImageAndHistoryAlone) {
     return false;
   };
   for (const edit::CatalogueCommand& command : edit::Catalogue()) {
-    if (*command.DialogClass) Trigger(command.Command);
+    if (command.HasDialog()) Trigger(command.Command);
   }
   EXPECT_EQ(dialogsShown_, 18);
   EXPECT_TRUE(NothingToUndo());

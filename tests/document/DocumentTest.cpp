@@ -244,7 +244,7 @@ class DocumentEditingTest : public DocumentTest {
 
 TEST_F(DocumentEditingTest, UndoingASizeChangeRestoresTheSizeAndRemovesTheSelectionFirst) {
   QSignalSpy edited(&document_, &Document::ImageEdited);
-  document_.ApplyEdit(imaging::Image::FromQImage(Shown().ToQImage().copy(5, 5, 10, 8)), QStringLiteral("Crop"));
+  document_.ApplyEdit(imaging::Image::FromQImage(Shown().ToQImage().copy(5, 5, 10, 8)), QStringLiteral("Crop"), true);
   document_.Undo();
   EXPECT_TRUE(edited.last().at(1).toBool());
   EXPECT_EQ(document_.Natural(), (base::NaturalSize{600, 450}));

@@ -10,20 +10,21 @@
 namespace {
 
 using edit::Catalogue;
-using edit::FindCatalogueCommand;
+using edit::CommandFor;
+using Id = edit::OperationId;
 using edit::ParseOperationChain;
 
 QStringList Words(const char* text) { return QString::fromLatin1(text).split(u' ', Qt::SkipEmptyParts); }
 
-edit::DialogValues AtLoad(const char* command, const edit::DialogContext& context = {800 * 15, 600 * 15, 15, 15}) {
-  edit::DialogModel model(edit::ParseDialogDescription(edit::DialogDescriptionFor(QLatin1String(command))), context);
+edit::DialogValues AtLoad(Id command, const edit::DialogContext& context = {800 * 15, 600 * 15, 15, 15}) {
+  edit::DialogModel model(edit::ParseDialogDescription(edit::DialogDescriptionFor(command)), context);
   model.Initialize();
   return model.Values();
 }
 
 TEST(Catalogue, DialogCommandsAreExactlyThoseWithADescriptionOfTheirClass) {
   for (const edit::CatalogueCommand& c : Catalogue()) {
-    const QString description = edit::DialogDescriptionFor(QLatin1String(c.Command));
+    const QString description = edit::DialogDescriptionFor(c.Id);
     EXPECT_EQ(description.isEmpty(), *c.DialogClass == 0) << c.Command;
     if (!description.isEmpty()) {
       EXPECT_EQ(edit::ParseDialogDescription(description).DialogClass, QLatin1String(c.DialogClass)) << c.Command;
@@ -33,7 +34,7 @@ TEST(Catalogue, DialogCommandsAreExactlyThoseWithADescriptionOfTheirClass) {
 
 TEST(Catalogue, EachBoxsRangeIsItsOwnSlidersRange) {
   for (const edit::CatalogueCommand& c : Catalogue()) {
-    const edit::DialogLayout layout = edit::ParseDialogDescription(edit::DialogDescriptionFor(QLatin1String(c.Command)));
+    const edit::DialogLayout layout = edit::ParseDialogDescription(edit::DialogDescriptionFor(c.Id));
     for (const edit::Parameter& p : c.Parameters) {
       if (p.From != edit::Source::TextBox) continue;
       const edit::DialogControl* slider = layout.Find(edit::ControlKind::Slider, p.Index);
@@ -45,19 +46,19 @@ TEST(Catalogue, EachBoxsRangeIsItsOwnSlidersRange) {
 }
 
 TEST(Catalogue, ArgumentsComeFromTheBoxesTheOptionAndTheSelectionWithinTheRange) {
-  edit::DialogValues values = AtLoad("mnuImagePerspective");
+  edit::DialogValues values = AtLoad(Id::Perspective);
   values.Numbers = {40};
   values.SelectedOption = 3;
-  EXPECT_EQ(edit::ArgumentsFrom(*FindCatalogueCommand(QStringLiteral("mnuImagePerspective")), values), (edit::Arguments{40, 3}));
-  EXPECT_EQ(edit::ArgumentsFrom(*FindCatalogueCommand(QStringLiteral("mnuImageResize")), AtLoad("mnuImageResize")),
+  EXPECT_EQ(edit::ArgumentsFrom(CommandFor(Id::Perspective), values), (edit::Arguments{40, 3}));
+  EXPECT_EQ(edit::ArgumentsFrom(CommandFor(Id::Resize), AtLoad(Id::Resize)),
             (edit::Arguments{800, 600}));
-  EXPECT_EQ(edit::ArgumentsFrom(*FindCatalogueCommand(QStringLiteral("mnuImageCrop")), {}, QRect(3, 4, 5, 6)),
+  EXPECT_EQ(edit::ArgumentsFrom(CommandFor(Id::Crop), {}, QRect(3, 4, 5, 6)),
             (edit::Arguments{3, 4, 5, 6}));
-  EXPECT_EQ(edit::ArgumentsFrom(*FindCatalogueCommand(QStringLiteral("mnuColorsGamma")), AtLoad("mnuColorsGamma")),
+  EXPECT_EQ(edit::ArgumentsFrom(CommandFor(Id::Gamma), AtLoad(Id::Gamma)),
             (edit::Arguments{100}));
   edit::DialogValues emptied;  // Gamma's box, emptied, reads 0: the preview clamps it into the range
   emptied.Numbers = {0};
-  EXPECT_EQ(edit::ArgumentsFrom(*FindCatalogueCommand(QStringLiteral("mnuColorsGamma")), emptied), (edit::Arguments{1}));
+  EXPECT_EQ(edit::ArgumentsFrom(CommandFor(Id::Gamma), emptied), (edit::Arguments{1}));
 }
 
 TEST(Catalogue, AValueThatDoesNotConvertGivesTheTablesFallbacks) {
@@ -65,18 +66,18 @@ TEST(Catalogue, AValueThatDoesNotConvertGivesTheTablesFallbacks) {
   typed.Numbers = {0, 0};
   typed.SelectedOption = 2;
   typed.AllConverted = false;
-  const auto fallback = [&typed](const char* command) {
-    return edit::CommandArguments(*FindCatalogueCommand(QLatin1String(command)), typed, AtLoad(command));
+  const auto fallback = [&typed](Id command) {
+    return edit::CommandArguments(CommandFor(command), typed, AtLoad(command));
   };
-  EXPECT_EQ(fallback("mnuColorsBrightness"), (edit::Arguments{0}));
-  EXPECT_EQ(fallback("mnuImagePerspective"), (edit::Arguments{0, 1}));    // "0, 0": amount 0, direction code 0
-  EXPECT_EQ(fallback("mnuImageRipple"), (edit::Arguments{1, 1, 1}));      // "1, 1, 0"
-  EXPECT_EQ(fallback("mnuImageRotate"), (edit::Arguments{0}));
-  EXPECT_EQ(fallback("mnuImageFiltersMotionBlur"), (edit::Arguments{0, 0, 1}));  // the sliders' defaults
+  EXPECT_EQ(fallback(Id::Brightness), (edit::Arguments{0}));
+  EXPECT_EQ(fallback(Id::Perspective), (edit::Arguments{0, 1}));    // "0, 0": amount 0, direction code 0
+  EXPECT_EQ(fallback(Id::Ripple), (edit::Arguments{1, 1, 1}));      // "1, 1, 0"
+  EXPECT_EQ(fallback(Id::Rotate), (edit::Arguments{0}));
+  EXPECT_EQ(fallback(Id::MotionBlur), (edit::Arguments{0, 0, 1}));  // the sliders' defaults
   typed.AllConverted = true;
   typed.Numbers = {30};
-  EXPECT_EQ(edit::CommandArguments(*FindCatalogueCommand(QStringLiteral("mnuColorsBrightness")), typed,
-                                   AtLoad("mnuColorsBrightness")),
+  EXPECT_EQ(edit::CommandArguments(CommandFor(Id::Brightness), typed,
+                                   AtLoad(Id::Brightness)),
             (edit::Arguments{30}));
 }
 
@@ -85,16 +86,16 @@ TEST(OperationChain, ReadsSeveralOperationsByUndoNameOrClassInAnyCase) {
       Words("Brightness 20 negative Rotate 12.5 Resize 800 600 Crop 10 10 100 50 hsl 1 2 3 Hue/Saturation/Luminance 4 5 6"));
   ASSERT_TRUE(chain.Error.isEmpty()) << chain.Error.toStdString();
   ASSERT_EQ(chain.Steps.size(), 7u);
-  EXPECT_STREQ(chain.Steps[1].Command->Command, "mnuColorsNegative");
+  EXPECT_EQ(chain.Steps[1].Command->Id, Id::Negative);
   EXPECT_EQ(chain.Steps[2].Values, (edit::Arguments{12.5}));
   EXPECT_EQ(chain.Steps[4].Values, (edit::Arguments{10, 10, 100, 50}));
-  EXPECT_STREQ(chain.Steps[5].Command->Command, "mnuColorsHSL");
-  EXPECT_STREQ(chain.Steps[6].Command->Command, "mnuColorsHSL");
+  EXPECT_EQ(chain.Steps[5].Command->Id, Id::Hsl);
+  EXPECT_EQ(chain.Steps[6].Command->Id, Id::Hsl);
 }
 
 TEST(OperationChain, ColorDepthPicksTheCommandOfItsBits) {
-  EXPECT_STREQ(ParseOperationChain(Words("ColorDepth 4")).Steps.at(0).Command->Command, "mnuColorsColorDepth4Bits");
-  EXPECT_STREQ(ParseOperationChain(Words("colordepth 24")).Steps.at(0).Command->Command, "mnuColorsColorDepth24Bits");
+  EXPECT_EQ(ParseOperationChain(Words("ColorDepth 4")).Steps.at(0).Command->Id, Id::ColorDepth4);
+  EXPECT_EQ(ParseOperationChain(Words("colordepth 24")).Steps.at(0).Command->Id, Id::ColorDepth24);
   EXPECT_EQ(ParseOperationChain(Words("ColorDepth 5")).Error, QStringLiteral("ColorDepth takes 1 value: bits (1, 4, 8 or 24)"));
 }
 

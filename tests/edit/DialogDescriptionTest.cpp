@@ -107,9 +107,8 @@ TEST(ParseDialogDescription, ControlsAreNumberedPerKindAndTabbedInClauseOrder) {
 TEST(DialogDescriptions, EachDescribesAWholeUsableDialog) {
   ASSERT_EQ(edit::DialogDescriptions().size(), 18u);
   for (const auto& entry : edit::DialogDescriptions()) {
-    const QString command = QLatin1String(entry.Command);
-    SCOPED_TRACE(command.toStdString());
-    const edit::DialogLayout layout = edit::ParseDialogDescription(edit::DialogDescriptionFor(command));
+    SCOPED_TRACE(static_cast<int>(entry.Command));
+    const edit::DialogLayout layout = edit::ParseDialogDescription(entry.Description);
     EXPECT_FALSE(layout.DialogClass.isEmpty());
     ASSERT_TRUE(layout.Title && layout.WindowWidth && layout.WindowHeight);
     EXPECT_FALSE(layout.Title->isEmpty());

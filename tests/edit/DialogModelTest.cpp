@@ -8,8 +8,8 @@ namespace {
 
 using edit::DialogModel;
 
-DialogModel Dialog(const char* command, edit::DialogContext context = {}) {
-  DialogModel model(edit::ParseDialogDescription(edit::DialogDescriptionFor(QLatin1String(command))), context);
+DialogModel Dialog(edit::OperationId command, edit::DialogContext context = {}) {
+  DialogModel model(edit::ParseDialogDescription(edit::DialogDescriptionFor(command)), context);
   model.Initialize();
   return model;
 }
@@ -18,7 +18,7 @@ DialogModel Dialog(const char* command, edit::DialogContext context = {}) {
 const edit::DialogContext k800x600{800 * 15, 600 * 15, 15, 15};
 
 TEST(DialogModel, TypingAboveTheMaximumWritesTheMaximum) {
-  DialogModel brightness = Dialog("mnuColorsBrightness");
+  DialogModel brightness = Dialog(edit::OperationId::Brightness);
   EXPECT_TRUE(brightness.TextChanged(1, QStringLiteral("250")));
   EXPECT_EQ(std::tuple(brightness.Text(1), brightness.SliderValue(1)), std::tuple(QStringLiteral("100"), 100));
   brightness.TextChanged(1, QStringLiteral("-250"));
@@ -26,7 +26,7 @@ TEST(DialogModel, TypingAboveTheMaximumWritesTheMaximum) {
 }
 
 TEST(DialogModel, AnEmptyBoxMovesTheSliderToItsMinimumAndOkAsksForAValue) {
-  DialogModel brightness = Dialog("mnuColorsBrightness");
+  DialogModel brightness = Dialog(edit::OperationId::Brightness);
   brightness.TextChanged(1, QString());
   EXPECT_EQ(std::tuple(brightness.Text(1), brightness.SliderValue(1)), std::tuple(QString(), -100));
   const auto failure = brightness.Validate();
@@ -39,7 +39,7 @@ TEST(DialogModel, AnEmptyBoxMovesTheSliderToItsMinimumAndOkAsksForAValue) {
 }
 
 TEST(DialogModel, MotionBlursIntensityBoxDrivesTheVerticalSpeedSlider) {
-  DialogModel blur = Dialog("mnuImageFiltersMotionBlur");
+  DialogModel blur = Dialog(edit::OperationId::MotionBlur);
   blur.TextChanged(3, QStringLiteral("7"));
   EXPECT_EQ(std::tuple(blur.SliderValue(2), blur.SliderValue(3)), std::tuple(7, 1));
   blur.SliderChanged(3, 20);
@@ -49,7 +49,7 @@ TEST(DialogModel, MotionBlursIntensityBoxDrivesTheVerticalSpeedSlider) {
 // Resize shows the size with only the new size editable; what the other box of the new size
 // holds after typing into one, aspect locked or not.
 TEST(DialogModel, ResizeKeepsTheAspectWhenLocked) {
-  DialogModel shown = Dialog("mnuImageResize", k800x600);
+  DialogModel shown = Dialog(edit::OperationId::Resize, k800x600);
   EXPECT_EQ(std::tuple(shown.Text(1), shown.Text(2)), std::tuple(QStringLiteral("800"), QStringLiteral("600")));
   EXPECT_FALSE(shown.TextEnabled(1) || shown.TextEnabled(2));
   EXPECT_TRUE(shown.TextEnabled(3) && shown.Checked(1));
@@ -71,12 +71,12 @@ TEST(DialogModel, ResizeKeepsTheAspectWhenLocked) {
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.what);
-    DialogModel resize = Dialog("mnuImageResize", {c.width * 15.0, c.height * 15.0, 15, 15});
+    DialogModel resize = Dialog(edit::OperationId::Resize, {c.width * 15.0, c.height * 15.0, 15, 15});
     if (!c.locked) resize.CheckClicked(1, false);
     resize.TextChanged(c.box, QLatin1String(c.typed));
     EXPECT_EQ(resize.Text(7 - c.box), QLatin1String(c.other));
   }
-  DialogModel relocked = Dialog("mnuImageResize", k800x600);
+  DialogModel relocked = Dialog(edit::OperationId::Resize, k800x600);
   relocked.CheckClicked(1, false);
   relocked.TextChanged(3, QStringLiteral("400"));
   relocked.CheckClicked(1, true);  // switching the lock on recomputes the height
@@ -84,12 +84,12 @@ TEST(DialogModel, ResizeKeepsTheAspectWhenLocked) {
 }
 
 TEST(DialogModel, RotateButtonsPutTheirAngleInTheBox) {
-  DialogModel rotate = Dialog("mnuImageRotate");
+  DialogModel rotate = Dialog(edit::OperationId::Rotate);
   EXPECT_TRUE(rotate.ButtonClicked(1));
   EXPECT_EQ(std::tuple(rotate.Text(1), rotate.SliderValue(1)), std::tuple(QStringLiteral("-90"), -90));
   rotate.ButtonClicked(3);
   EXPECT_EQ(rotate.SliderValue(1), 180);
-  DialogModel brightness = Dialog("mnuColorsBrightness");
+  DialogModel brightness = Dialog(edit::OperationId::Brightness);
   EXPECT_FALSE(brightness.ButtonClicked(1));
 }
 

@@ -1,6 +1,7 @@
 // The parameter dialog on the offscreen platform, driven by real key and mouse events, and
 // its preview off the UI thread: a fresh reduced copy, the operation with the current
 // values, and only the latest request shown.
+#include "edit/Catalogue.h"
 #include "edit/DialogDescriptions.h"
 #include "edit/PreviewRenderer.h"
 #include "edit/frmDiseno.h"
@@ -25,12 +26,12 @@ using edit::frmDiseno;
 
 const edit::DialogContext k800x600{800 * 15, 600 * 15, 15, 15};
 
-QString Description(const char* command) { return edit::DialogDescriptionFor(QLatin1String(command)); }
+QString Description(edit::OperationId command) { return edit::DialogDescriptionFor(command); }
 
 // Every dialog lays its controls out inside its window, clear of OK and Cancel.
 TEST(frmDiseno, EveryDialogKeepsItsControlsInsideAndClearOfItsButtons) {
   for (const auto& entry : edit::DialogDescriptions()) {
-    SCOPED_TRACE(entry.Command);
+    SCOPED_TRACE(edit::CommandFor(entry.Command).Command);
     frmDiseno dialog(entry.Description, k800x600, std::nullopt, {});
     const QRect ok = Child<QPushButton>(dialog, "cmdAceptar")->geometry();
     const QRect cancel = Child<QPushButton>(dialog, "cmdCancelar")->geometry();
@@ -49,7 +50,7 @@ TEST(frmDiseno, EveryDialogKeepsItsControlsInsideAndClearOfItsButtons) {
 }
 
 TEST(frmDiseno, TypingIntoABoxMovesItsSliderThroughTheKeyFilter) {
-  frmDiseno dialog(Description("mnuColorsBrightness"), k800x600, std::nullopt, {});
+  frmDiseno dialog(Description(edit::OperationId::Brightness), k800x600, std::nullopt, {});
   dialog.show();
   auto* box = Child<QLineEdit>(dialog, "txtTexto(1)");
   Retype(box, QStringLiteral("-a3x"));
@@ -59,7 +60,7 @@ TEST(frmDiseno, TypingIntoABoxMovesItsSliderThroughTheKeyFilter) {
 
 TEST(frmDiseno, EnterActsAsOkAndEscapeAsCancel) {
   for (const auto& [key, result] : {std::pair(Qt::Key_Return, QDialog::Accepted), std::pair(Qt::Key_Escape, QDialog::Rejected)}) {
-    frmDiseno dialog(Description("mnuColorsBrightness"), k800x600, std::nullopt, {});
+    frmDiseno dialog(Description(edit::OperationId::Brightness), k800x600, std::nullopt, {});
     dialog.show();
     QTest::keyClick(Child<QLineEdit>(dialog, "txtTexto(1)"), key);
     EXPECT_EQ(dialog.result(), result);
@@ -68,7 +69,7 @@ TEST(frmDiseno, EnterActsAsOkAndEscapeAsCancel) {
 }
 
 TEST(frmDiseno, ResizeRefusesOutside1To2048WithTheTextSelected) {
-  frmDiseno dialog(Description("mnuImageResize"), k800x600, std::nullopt, {});
+  frmDiseno dialog(Description(edit::OperationId::Resize), k800x600, std::nullopt, {});
   dialog.show();
   auto* width = Child<QLineEdit>(dialog, "txtTexto(3)");
   for (const auto& [typed, message] : {std::pair{"2049", "Please enter a value smaller than 2049"},
@@ -89,7 +90,7 @@ TEST(frmDiseno, ResizeRefusesOutside1To2048WithTheTextSelected) {
 TEST(frmDiseno, F1AsksForTheMenuGroupsHelpTopic) {
   QString asked;
   widgets::SetHelpHandler([&](const QString& topic) { asked = topic; });
-  frmDiseno dialog(Description("mnuImageFiltersNoise"), k800x600, std::nullopt, {});
+  frmDiseno dialog(Description(edit::OperationId::Noise), k800x600, std::nullopt, {});
   dialog.show();
   QTest::keyClick(&dialog, Qt::Key_F1);
   widgets::SetHelpHandler({});
@@ -140,7 +141,7 @@ TEST(PreviewRenderer, WithoutAnOperationShowsTheImageUnchanged) {
 TEST(frmDisenoPreview, ShowsTheOperationOnACopyReducedToThePanel) {
   QAtomicInt runs;
   const imaging::Image photo = Solid(800, 600, Qt::white);
-  frmDiseno dialog(Description("mnuColorsSolarize"), k800x600, photo, SlowMarker(runs));
+  frmDiseno dialog(Description(edit::OperationId::Solarize), k800x600, photo, SlowMarker(runs));
   dialog.show();
   auto* preview = dialog.findChild<QLabel*>(QStringLiteral("picPreview"));
   ASSERT_TRUE(QTest::qWaitFor([&] { return dialog.PreviewIdle() && !preview->pixmap().isNull(); }, 5000));

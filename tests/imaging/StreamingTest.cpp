@@ -32,7 +32,7 @@ TEST(Streaming, EveryOperationThatReadsInOrderGivesTheInMemoryPixels) {
   testing_support::TempFolder folder;
   int streamed = 0;
   for (const edit::CatalogueCommand& command : edit::Catalogue()) {
-    if (!edit::ReadsSourceInOrder(command)) continue;
+    if (!command.ReadsSourceInOrder()) continue;
     const edit::Arguments values = ValuesFor(command);
     const QString out = folder.File(QLatin1String(command.Command) + QStringLiteral(".png"));
     {
