@@ -1,6 +1,6 @@
 #pragma once
-// The settings file "Ini.in": a positional text file of 55 CRLF lines,
-// read back by position, with three older layouts migrated on read.
+// The settings file "Ini.in": a positional text file of CRLF lines (SettingsSchema.h
+// declares each), read back by position, with three older layouts migrated on read.
 
 #include "settings/SettingsStore.h"
 
@@ -28,7 +28,7 @@ WindowPlacement PlacementFromSettings(const SettingsStore& store, const base::Sc
 // Never fails: whatever the bytes, `store` stays usable.
 void ReadSettingsText(const QByteArray& bytes, const base::ScreenMetrics& metrics, SettingsStore& store);
 
-// The 55 lines of the current format, each ended by CR LF.
+// The lines of the current format, each ended by CR LF.
 QByteArray WriteSettingsText(const SettingsStore& store, const base::ScreenMetrics& metrics,
                              const WindowPlacement& placement);
 

@@ -1,5 +1,6 @@
 // Writing "Ini.in" and where it lives.
 #include "settings/SettingsFile.h"
+#include "settings/SettingsSchema.h"
 #include "base/NumberRules.h"
 #include "base/Paths.h"
 
@@ -10,21 +11,10 @@
 #include <QSaveFile>
 #include <QStandardPaths>
 
-#include <charconv>
 
 namespace settings {
 
 namespace {
-
-QString Number(std::int64_t value) { return QString::number(value); }
-QString Flag(bool value) { return value ? QStringLiteral("1") : QStringLiteral("0"); }
-
-// The shortest decimal form of a Single, with a point: 0.7f is written "0.7".
-QString SingleText(float value) {
-  char buffer[32];
-  const auto result = std::to_chars(buffer, buffer + sizeof buffer, value);
-  return QString::fromLatin1(buffer, result.ptr - buffer);
-}
 
 int Pixels(float twips, float twipsPerPixel) { return numbers::RoundToInt32(twips / twipsPerPixel).value_or(0); }
 
@@ -39,26 +29,8 @@ WindowPlacement PlacementFromSettings(const SettingsStore& s, const base::Screen
 }
 
 QByteArray WriteSettingsText(const SettingsStore& s, const base::ScreenMetrics& m, const WindowPlacement& w) {
-  QStringList lines = {QStringLiteral("Vistrel 6.2"), {}, QStringLiteral("Window")};
-  lines << Number(w.Left) << Number(w.Top) << Number(w.Width) << Number(w.Height) << Flag(w.Maximized);
-  lines << Number(numbers::RoundedDiv(s.SplitterPos, m.TwipsPerPixelX).value_or(0));
-  const QString openPath = s.LastOpenKind == kOpenFile     ? s.LastFile
-                           : s.LastOpenKind == kOpenFolder ? s.LastFolder
-                                                           : QString();
-  // A path with a line break would shift every later line: it is not kept.
-  const bool openPathFits = FitsOnALine(openPath);
-  lines << QString() << QStringLiteral("File") << Number(openPathFits ? s.LastOpenKind : kOpenNothing);
-  lines << (openPathFits ? openPath : QString()) << QString() << QStringLiteral("Recent folders");
-  for (const QString& folder : s.RecentFolders) lines << (FitsOnALine(folder) ? folder : QString());
-  lines << QString() << QStringLiteral("Print");
-  for (const float margin : s.PrintMargins) lines << SingleText(margin);
-  lines << Number(s.PrintUnits) << QString() << QStringLiteral("Options");
-  lines << Number(s.StartOption) << Flag(s.ImageExtensionsOnly) << Flag(s.RecentEnabled)
-        << Flag(s.ConfirmDelete) << Number(s.ColorImage) << Number(s.ColorThumbnails)
-        << Number(s.ColorFullScreen) << Flag(s.ShowToolbar) << Flag(s.ShowStatusBar)
-        << Flag(s.FitToWindow) << Number(s.FileTypeIcon) << Flag(s.EnlargeSmallImages);
   QByteArray text;
-  for (const QString& line : lines) text += line.toUtf8() + "\r\n";
+  for (const SettingsLine& line : SettingsLines()) text += line.Write(s, m, w).toUtf8() + "\r\n";
   return text;
 }
 

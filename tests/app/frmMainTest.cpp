@@ -1,6 +1,7 @@
 // The main window on the offscreen platform: start-up, placement, shut-down and its menus.
 #include "settings/SettingsFile.h"
 #include "app/frmMain.h"
+#include "settings/SettingsSchema.h"
 #include "support/MainWindowTest.h"
 
 #include <QAction>
@@ -84,8 +85,8 @@ TEST_F(frmMainTest, WritingWhileMaximizedStoresTheRestoredRectangle) {
   ASSERT_TRUE(window.isMaximized());
   window.close();
   const QStringList lines = CrLfLines(ReadAll(SettingsPath()));
-  ASSERT_EQ(lines.size(), 56);
-  EXPECT_EQ(lines.mid(3, 5), QStringList({"40", "50", "700", "500", "1"}));
+  ASSERT_EQ(lines.size(), qsizetype(settings::SettingsLines().size()));
+  EXPECT_EQ(lines.mid(settings::LineIndex(QStringLiteral("WindowLeft")), 5), QStringList({"40", "50", "700", "500", "1"}));
 }
 
 // A normal window opens at its stored rectangle, or comes back onto a screen when that

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # The whole program under Xvfb, as a new user would try it:
-# `vistrel <folder>` opens a window; File > Exit writes the 56-line settings file;
+# `vistrel <folder>` opens a window; File > Exit writes the settings file;
 # with StartOption 1 a second start reopens that folder.
 # Usage: startup_shutdown.sh PATH_TO_VISTREL SAMPLES_FOLDER
 set -euo pipefail
@@ -17,26 +17,32 @@ fail() { echo "FAIL: $*"; exit 1; }
 
 source "$(dirname "$0")/window.sh"
 
-line() { sed -n "${1}p" "$settings" | tr -d '\r'; }
+# The line `offset` places after the section title `title` ("File" 1 is the kind of what
+# was open); `entry TITLE OFFSET VALUE` rewrites it.
+entry() {
+  awk -v t="$1" -v n="$2" -v v="${3-}" 'BEGIN { k = -1 }
+    { sub(/\r$/, "") } $0 == t && k < 0 { k = NR + n }
+    NR == k && v == "" { print; exit } { if (v != "") printf "%s\r\n", (NR == k ? v : $0) }' "$settings"
+}
+set_entry() { entry "$1" "$2" "$3" > "$settings.new" && mv "$settings.new" "$settings"; }
 
 run_and_exit "$work/vistrel" "$work/My Pictures/" || fail "first run did not open and close (exit $?)"
 [ -f "$settings" ] || fail "no settings file was written"
-[ "$(wc -l < "$settings")" -eq 56 ] || fail "settings file has $(wc -l < "$settings") lines, not 56"
-[ "$(grep -c $'\r$' "$settings")" -eq 56 ] || fail "settings lines are not CRLF"
-[ "$(line 1)" = "Vistrel 6.2" ] || fail "header is '$(line 1)'"
-[ "$(line 12)" = "2" ] || fail "LastOpenKind is '$(line 12)', not 2"
-[ "$(line 13)" = "$work/My Pictures" ] || fail "LastFolder is '$(line 13)'"
-[ "$(line 16)" = "$work/My Pictures" ] || fail "recent folder 0 is '$(line 16)'"
+[ "$(grep -c $'\r$' "$settings")" -eq "$(wc -l < "$settings")" ] || fail "settings lines are not CRLF"
+[ "$(head -n 1 "$settings" | tr -d '\r')" = "Vistrel 6.2" ] || fail "header is '$(head -n 1 "$settings")'"
+[ "$(entry File 1)" = "2" ] || fail "LastOpenKind is '$(entry File 1)', not 2"
+[ "$(entry File 2)" = "$work/My Pictures" ] || fail "LastFolder is '$(entry File 2)'"
+[ "$(entry "Recent folders" 1)" = "$work/My Pictures" ] || fail "recent folder 0 is '$(entry "Recent folders" 1)'"
 
-sed -i '45s/^.*\r$/1\r/' "$settings"  # StartOption 1: open the last folder
-[ "$(line 45)" = "1" ] || fail "could not set StartOption"
+set_entry Options 1 1  # StartOption 1: open the last folder
+[ "$(entry Options 1)" = "1" ] || fail "could not set StartOption"
 run_and_exit "$work/vistrel" || fail "second run did not open and close (exit $?)"
-[ "$(line 12)" = "2" ] || fail "start option 1 did not reopen the folder (LastOpenKind '$(line 12)')"
-[ "$(line 13)" = "$work/My Pictures" ] || fail "start option 1 reopened '$(line 13)'"
-[ "$(line 45)" = "1" ] || fail "StartOption was not kept"
+[ "$(entry File 1)" = "2" ] || fail "start option 1 did not reopen the folder (LastOpenKind '$(entry File 1)')"
+[ "$(entry File 2)" = "$work/My Pictures" ] || fail "start option 1 reopened '$(entry File 2)'"
+[ "$(entry Options 1)" = "1" ] || fail "StartOption was not kept"
 # A name that is not UTF-8 (Latin-1, from an old disk) opens from the command line.
 latin1="$work/caf"$'\xe9'".png"
 cp "$(ls "$work/My Pictures/"*.png | head -n 1)" "$latin1"
 run_and_exit "$work/vistrel" "$latin1" || fail "a Latin-1 file name did not open and close (exit $?)"
-[ "$(line 12)" = "1" ] || fail "a Latin-1 file name was not opened (LastOpenKind '$(line 12)')"
+[ "$(entry File 1)" = "1" ] || fail "a Latin-1 file name was not opened (LastOpenKind '$(entry File 1)')"
 echo "e2e startup/shutdown: 1 passed, 0 failed"

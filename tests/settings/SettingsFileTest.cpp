@@ -1,6 +1,7 @@
 // The settings file in its current format, read and written, and the recent folders it keeps.
 #include "settings/RecentFolders.h"
 #include "settings/SettingsFile.h"
+#include "settings/SettingsSchema.h"
 #include "support/TestFiles.h"
 
 #include <QDir>
@@ -25,7 +26,11 @@ QByteArray Join(const QStringList& lines) {
   return text;
 }
 
-// The 56 lines written for the defaults, to be edited line by line (1-based).
+// The place of a named line.
+int At(const char* name) { return settings::LineIndex(QLatin1String(name)); }
+const int kLineCount = static_cast<int>(settings::SettingsLines().size());
+
+// The lines written for the defaults, to be edited line by line.
 QStringList DefaultLines() {
   const SettingsStore defaults = settings::DefaultSettings(kMetrics);
   return CrLfLines(settings::WriteSettingsText(defaults, kMetrics, settings::PlacementFromSettings(defaults, kMetrics)));
@@ -40,7 +45,7 @@ SettingsStore Read(const QStringList& lines) {
 TEST(SettingsRead, NoFileAnEmptyOneOrAnUnknownHeaderKeepsTheDefaults) {
   QStringList unknown = DefaultLines();
   unknown[0] = QStringLiteral("Vistrel 7");
-  unknown[44] = QStringLiteral("2");
+  unknown[At("StartOption")] = QStringLiteral("2");
   SettingsStore store = settings::DefaultSettings(kMetrics);
   settings::ReadSettingsFile(QStringLiteral("/nonexistent/folder/Ini.in"), kMetrics, store);
   EXPECT_EQ(store, settings::DefaultSettings(kMetrics));
@@ -48,14 +53,14 @@ TEST(SettingsRead, NoFileAnEmptyOneOrAnUnknownHeaderKeepsTheDefaults) {
   EXPECT_EQ(Read(unknown), settings::DefaultSettings(kMetrics));
 }
 
-TEST(SettingsWrite, WritesExactly56CrLfLinesWithTheRestoredRectangleInPixels) {
+TEST(SettingsWrite, WritesEveryLineEndedByCrLfWithTheRestoredRectangleInPixels) {
   const QByteArray text = settings::WriteSettingsText(settings::DefaultSettings(kMetrics), kMetrics,
                                                       {10, 20, 800, 600, true});
-  EXPECT_EQ(text.count("\r\n"), 56);
-  EXPECT_EQ(text.count('\n'), 56);
+  EXPECT_EQ(text.count("\r\n"), kLineCount);
+  EXPECT_EQ(text.count('\n'), kLineCount);
   const QStringList lines = CrLfLines(text);
   EXPECT_EQ(lines[0], QStringLiteral("Vistrel 6.2"));
-  EXPECT_EQ(lines.mid(3, 5), QStringList({"10", "20", "800", "600", "1"}));
+  EXPECT_EQ(lines.mid(At("WindowLeft"), 5), QStringList({"10", "20", "800", "600", "1"}));
 }
 
 TEST(SettingsRoundTrip, ReadingWhatWasWrittenGivesTheSameSettings) {
@@ -89,7 +94,7 @@ TEST(SettingsRoundTrip, ReadingWhatWasWrittenGivesTheSameSettings) {
 TEST(SettingsRead, LineByLine) {
   struct Case {
     const char* what;
-    int line;  // 0-based
+    const char* line;  // none: the header
     const char* text;
     std::function<double(const SettingsStore&)> field;
     double expected;
@@ -98,20 +103,20 @@ TEST(SettingsRead, LineByLine) {
   const auto start = [](const SettingsStore& s) { return double(s.StartOption); };
   const auto colour = [](const SettingsStore& s) { return double(s.ColorImage); };
   const Case cases[] = {
-      {"the list pane has at least 30 pixels", 8, "10", splitter, 30 * 15},
-      {"and at most 360", 8, "500", splitter, 360 * 15},
-      {"window pixels become twips", 3, "10", [](const SettingsStore& s) { return double(s.WindowLeft); }, 150},
-      {"a header in capitals with blanks", 0, "   VISTREL 6.2  ", start, 0},
-      {"a number followed by text", 44, "  1 (open last)", start, 1},
-      {"no number reads as false", 45, "yes", [](const SettingsStore& s) { return double(s.ImageExtensionsOnly); }, 0},
-      {"halves round to even", 48, "255.5", colour, 256},
-      {"an overflow keeps the value", 48, "99999999999", colour, settings::RGB(153, 153, 153)},
+      {"the list pane has at least 30 pixels", "SplitterPos", "10", splitter, 30 * 15},
+      {"and at most 360", "SplitterPos", "500", splitter, 360 * 15},
+      {"window pixels become twips", "WindowLeft", "10", [](const SettingsStore& s) { return double(s.WindowLeft); }, 150},
+      {"a header in capitals with blanks", nullptr, "   VISTREL 6.2  ", start, 0},
+      {"a number followed by text", "StartOption", "  1 (open last)", start, 1},
+      {"no number reads as false", "ImageExtensionsOnly", "yes", [](const SettingsStore& s) { return double(s.ImageExtensionsOnly); }, 0},
+      {"halves round to even", "ColorImage", "255.5", colour, 256},
+      {"an overflow keeps the value", "ColorImage", "99999999999", colour, settings::RGB(153, 153, 153)},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.what);
     QStringList lines = DefaultLines();
-    lines[44] = QStringLiteral("0");
-    lines[c.line] = QLatin1String(c.text);
+    lines[At("StartOption")] = QStringLiteral("0");
+    lines[c.line ? At(c.line) : 0] = QLatin1String(c.text);
     EXPECT_EQ(c.field(Read(lines)), c.expected);
   }
 }
@@ -126,7 +131,7 @@ TEST(SettingsWrite, APathWithALineBreakIsNotKept) {
   s.StartOption = 1;
   settings::AddRecentFolder(s, QStringLiteral("/tmp/also\rbroken"));
   const QByteArray text = settings::WriteSettingsText(s, kMetrics, {});
-  EXPECT_EQ(CrLfLines(text).size(), 56);
+  EXPECT_EQ(CrLfLines(text).size(), kLineCount);
   SettingsStore back = settings::DefaultSettings(kMetrics);
   settings::ReadSettingsText(text, kMetrics, back);
   EXPECT_EQ(back.LastOpenKind, settings::kOpenNothing);
@@ -136,14 +141,14 @@ TEST(SettingsWrite, APathWithALineBreakIsNotKept) {
 
 TEST(SettingsRead, AKindOutsideZeroToTwoReadsNoPathLineAndShiftsTheRest) {
   QStringList lines = DefaultLines();
-  lines[11] = QStringLiteral("7");
-  lines[14] = QStringLiteral("/first/recent");  // line 15 becomes recent folder 0
-  lines[44] = QStringLiteral("1");              // line 45 is read as ImageExtensionsOnly
-  lines[45] = QStringLiteral("0");              // line 46 as RecentEnabled
-  lines[40] = QStringLiteral("0.7");            // the last margin, whatever the locale's default
+  lines[At("LastOpenKind")] = QStringLiteral("7");
+  lines[At("RecentFolder0") - 1] = QStringLiteral("/first/recent");  // the title becomes recent folder 0
+  lines[At("StartOption")] = QStringLiteral("1");  // is read as ImageExtensionsOnly
+  lines[At("ImageExtensionsOnly")] = QStringLiteral("0");  // as RecentEnabled
+  lines[At("PrintMargin3")] = QStringLiteral("0.7");  // the last margin, whatever the locale's default
   const SettingsStore s = Read(lines);
   EXPECT_EQ(std::tuple(s.LastOpenKind, s.RecentFolders[0]), std::tuple(7, QStringLiteral("/first/recent")));
-  // Line 37 ("Print") reads 0, line 41 (0.7) rounds to 1, line 44 ("Options") reads 0.
+  // The title "Print" reads 0, the last margin (0.7) rounds to 1, the title "Options" reads 0.
   EXPECT_EQ(std::tuple(s.PrintMargins[0], s.PrintUnits, s.StartOption), std::tuple(0.0f, 1, 0));
   EXPECT_EQ(std::tuple(s.ImageExtensionsOnly, s.RecentEnabled), std::tuple(true, false));
 }
@@ -163,8 +168,8 @@ TEST(SettingsDefaults, MarginsFollowTheLocalesMeasurementSystem) {
 }
 
 TEST(SettingsRead, AFileEndingEarlyReparsesItsLastLineForTheRestWhateverItsLineEnds) {
-  QStringList lines = DefaultLines().mid(0, 46);  // ends with ImageExtensionsOnly "1"
-  lines[44] = QStringLiteral("2");
+  QStringList lines = DefaultLines().mid(0, At("ImageExtensionsOnly") + 1);  // ends with ImageExtensionsOnly "1"
+  lines[At("StartOption")] = QStringLiteral("2");
   const SettingsStore s = Read(lines);
   EXPECT_EQ(std::tuple(s.StartOption, s.ImageExtensionsOnly, s.RecentEnabled), std::tuple(2, true, true));
   EXPECT_EQ(std::tuple(s.ColorImage, s.ColorFullScreen, s.FileTypeIcon), std::tuple(1, 1, 1));
