@@ -132,6 +132,7 @@ void frmMain::closeEvent(QCloseEvent* event) {
   const settings::WindowPlacement placement = CurrentPlacement();
   hide();
   RefreshScreenMetrics();
+  document_.RememberWhatIsOpen(state_.Settings);
   settings::WriteSettingsFile(settingsPath_, settings::WriteSettingsText(state_.Settings, state_.Metrics, placement));
   widgets::RestorePointer();
   event->accept();

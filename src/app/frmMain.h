@@ -58,7 +58,7 @@ bool RunParameterDialog(edit::frmDiseno& dialog);
 // Shows the full-screen view modally over the whole screen.
 void RunFullScreenView(view::frmFull& full);
 // Shows the Open Folder dialog modally: the chosen folder, empty when closed.
-QString RunOpenFolderDialog(QWidget* parent, settings::SettingsStore& settings);
+QString RunOpenFolderDialog(QWidget* parent, settings::SettingsStore& settings, const QString& startFolder);
 
 class frmMain : public QMainWindow, private document::DocumentPrompts {
   Q_OBJECT
@@ -78,7 +78,7 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   // Tests answer the open and save dialogs through this.
   void SetFileChooser(widgets::FileChooser chooser) { chooseFile_ = std::move(chooser); }
   // ... the Open Folder dialog through this: the chosen folder, empty when closed ...
-  using FolderChooser = std::function<QString(QWidget* parent, settings::SettingsStore& settings)>;
+  using FolderChooser = std::function<QString(QWidget* parent, settings::SettingsStore& settings, const QString& startFolder)>;
   void SetFolderChooser(FolderChooser chooser) { chooseFolder_ = std::move(chooser); }
   // ... the full-screen view through this ...
   using FullScreenRunner = std::function<void(view::frmFull& full)>;

@@ -40,7 +40,7 @@ void frmMain::DeclareFileCommands() {
             {[this] {
                if (document_.ConfirmSaveChanges()) document_.CloseFile();
              },
-             [this] { return state_.Settings.LastOpenKind != settings::kOpenNothing; }});
+             [this] { return document_.SomethingOpen(); }});
   t.Declare({"mnuFileSave", "&Save", Qt::CTRL | Qt::Key_S, "document-save", "Save"},
             {[this] { RunSave(); }, [this] { return CanSave(); }});
   t.Declare({"mnuFileSaveAs", "Save &As...", Qt::CTRL | Qt::SHIFT | Qt::Key_S}, {[this] { RunSaveAs(); }, [this] { return CanSaveAs(); }});
@@ -92,7 +92,7 @@ void frmMain::DeclareViewCommands() {
                document_.SetViewMode(ViewMode::Thumbnails);
                ShowThumbnails();
              },
-             [this] { return state_.Settings.LastOpenKind == settings::kOpenFolder; },
+             [this] { return document_.FolderOpen(); },
              [this] { return document_.View() == ViewMode::Thumbnails; }});
   // The toolbar's View button: a click swaps Image and List and Image; its arrow drops the modes.
   t.Declare({"mnuViewBoton", "View", {}, "view-list-icons", "View"}, {[this] {

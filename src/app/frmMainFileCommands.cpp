@@ -30,13 +30,12 @@ QString LowerSuffix(const QString& path) { return QFileInfo(path).suffix().toLow
 // The file a file command acts on: the single file open, or the list's current entry
 // (which the Thumbnails view follows); empty when there is none.
 QString frmMain::CommandFile(int* row) const {
-  const settings::SettingsStore& s = state_.Settings;
-  if (s.LastOpenKind == settings::kOpenFile) {
+  if (document_.FileOpen()) {
     if (row) *row = document_.ShownRow();
-    return s.LastFile;
+    return document_.Open().File;
   }
   const int current = lisLista_->currentIndex().row();
-  if (s.LastOpenKind != settings::kOpenFolder || current < 0 || current >= list_.Count()) return {};
+  if (!document_.FolderOpen() || current < 0 || current >= list_.Count()) return {};
   if (row) *row = current;
   return document_.EntryPath(current);
 }
@@ -157,8 +156,8 @@ bool frmMain::CanSave() const {
 
 bool frmMain::CanSaveAs() const { return document_.ImageLoaded() && !document_.CurrentFilePath().isEmpty(); }
 
-QString RunOpenFolderDialog(QWidget* parent, settings::SettingsStore& settings) {
-  browse::frmAbrirCarpeta dialog(settings, parent);
+QString RunOpenFolderDialog(QWidget* parent, settings::SettingsStore& settings, const QString& startFolder) {
+  browse::frmAbrirCarpeta dialog(settings, startFolder, parent);
   dialog.exec();
   return dialog.ChosenFolder();
 }
@@ -171,7 +170,7 @@ bool frmMain::RunOpenFolder() {
     LayOut();
     show();
   }
-  const QString chosen = chooseFolder_(this, state_.Settings);
+  const QString chosen = chooseFolder_(this, state_.Settings, document_.Open().Folder);
   picFondo_->update();
   QCoreApplication::processEvents();
   if (chosen.isEmpty() || !document_.ConfirmSaveChanges()) return false;
@@ -185,9 +184,7 @@ void frmMain::RunOpenFile() {
   widgets::FileDialogRequest request;
   request.Title = QStringLiteral("Open File");
   request.NameFilters = files::QtNameFilters(files::OpenFileFilters());
-  request.ProposedPath = state_.Settings.LastOpenKind == settings::kOpenFile
-                             ? QFileInfo(state_.Settings.LastFile).absolutePath()
-                             : state_.Settings.LastFolder;
+  request.ProposedPath = document_.FileOpen() ? QFileInfo(document_.Open().File).absolutePath() : document_.Open().Folder;
   const widgets::FileDialogAnswer answer = chooseFile_(this, request);
   if (answer.Path.isEmpty() || !document_.ConfirmSaveChanges()) return;
   document_.OpenFile(answer.Path);
@@ -313,8 +310,8 @@ void frmMain::RunPrint() {
   if (!document_.CurrentImage()) return;
   const imaging::Image shown = *document_.CurrentImage();
   std::vector<print::PageSource> folderPages;
-  for (int row = 0; state_.Settings.LastOpenKind == settings::kOpenFolder && row < list_.Count(); ++row) {
-    folderPages.push_back([path = base::JoinPath(state_.Settings.LastFolder, list_.Entry(row).FileName)]() -> std::optional<imaging::Image> {
+  for (int row = 0; document_.FolderOpen() && row < list_.Count(); ++row) {
+    folderPages.push_back([path = document_.EntryPath(row)]() -> std::optional<imaging::Image> {
       auto loaded = files::LoadImageFile(path, {});
       return loaded ? std::optional(loaded->Picture) : std::nullopt;
     });

@@ -39,7 +39,7 @@ void frmMain::RunOptions() {
   if (!accepted) return;
   widgets::BusyPointerGuard busy;
   picFondo_->SetBackground(base::ColorFromBgr(state_.Settings.ColorImage));
-  if (options.ThumbColorChanged() && state_.Settings.LastOpenKind == settings::kOpenFolder &&
+  if (options.ThumbColorChanged() && document_.FolderOpen() &&
       document_.View() == document::ViewMode::Thumbnails) {
     ShowThumbnails();
   }
@@ -62,10 +62,10 @@ void frmMain::RunFileTypes() {
 
 // The setup dialog takes the open folder's list; it stays open while the player runs.
 void frmMain::RunSlideShow() {
-  const bool folderOpen = state_.Settings.LastOpenKind == settings::kOpenFolder;
+  const bool folderOpen = document_.FolderOpen();
   QStringList names;
   for (int i = 0; folderOpen && i < list_.Count(); ++i) names << list_.Entry(i).FileName;
-  slideshow::frmSlideShow setup(folderOpen ? state_.Settings.LastFolder : QString(), names,
+  slideshow::frmSlideShow setup(document_.Open().Folder, names,
                                 lisLista_->currentIndex().isValid() ? lisLista_->currentIndex().row() : -1,
                                 base::ColorFromBgr(state_.Settings.ColorFullScreen), chooseFile_,
                                 [this](const slideshow::PlayerSettings& settings, QWidget* dialog) {
@@ -90,9 +90,8 @@ void frmMain::PlaySlideShow(const slideshow::PlayerSettings& settings, QWidget* 
 
 // An image is shown from an open file or folder; in a folder, a list entry is selected.
 bool frmMain::CanSetWallpaper() const {
-  const int kind = state_.Settings.LastOpenKind;
-  if (!document_.ImageLoaded() || kind == settings::kOpenNothing) return false;
-  return kind != settings::kOpenFolder || lisLista_->currentIndex().isValid();
+  if (!document_.ImageLoaded() || !document_.SomethingOpen()) return false;
+  return !document_.FolderOpen() || lisLista_->currentIndex().isValid();
 }
 
 // The picture as it stands, unsaved edits included, not the file on disk. The desktop's

@@ -112,7 +112,7 @@ void frmMain::ConnectThumbnails() {
 
 // The page that holds the entry shown, in the thumbnails colour.
 void frmMain::ShowThumbnails() {
-  picFondoThumbnails_->SetFolder(state_.Settings.LastFolder);
+  picFondoThumbnails_->SetFolder(document_.Open().Folder);
   picFondoThumbnails_->SetBackground(base::ColorFromBgr(state_.Settings.ColorThumbnails));
   picFondoThumbnails_->ShowPage(browse::PageOfRow(document_.ShownRow()));
   picFondoThumbnails_->SetCurrentRow(document_.ShownRow());

@@ -32,7 +32,7 @@ bool ConfirmAndClearRecentFolders(QWidget* parent, settings::SettingsStore& sett
   return true;
 }
 
-frmAbrirCarpeta::frmAbrirCarpeta(settings::SettingsStore& settings, QWidget* parent)
+frmAbrirCarpeta::frmAbrirCarpeta(settings::SettingsStore& settings, const QString& startFolder, QWidget* parent)
     : QDialog(parent), settings_(settings) {
   setObjectName(QStringLiteral("frmAbrirCarpeta"));
   setWindowTitle(QStringLiteral("Open Folder"));
@@ -46,7 +46,7 @@ frmAbrirCarpeta::frmAbrirCarpeta(settings::SettingsStore& settings, QWidget* par
   layout->addLayout(widgets::OkAndCloseButtons(*this, "cmdCerrar", QStringLiteral("Close"), [this] { AcceptChoice(); }));
   resize(420, 440);
   FillRecentList();
-  ShowInTree(settings_.LastFolder.isEmpty() ? QDir::homePath() : settings_.LastFolder);
+  ShowInTree(startFolder.isEmpty() ? QDir::homePath() : startFolder);
 }
 
 // The tree shows folders as a file manager does by default: hidden ones left out, links

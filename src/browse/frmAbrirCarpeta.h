@@ -24,7 +24,8 @@ class frmAbrirCarpeta : public QDialog {
   Q_OBJECT
 
  public:
-  explicit frmAbrirCarpeta(settings::SettingsStore& settings, QWidget* parent = nullptr);
+  // The tree starts at `startFolder` (the folder open), or at home.
+  explicit frmAbrirCarpeta(settings::SettingsStore& settings, const QString& startFolder = {}, QWidget* parent = nullptr);
 
   // The folder accepted by OK; empty when the dialog was closed without a choice.
   const QString& ChosenFolder() const { return chosen_; }

@@ -53,35 +53,32 @@ StartupEnd Document::OpenAtStartup(const QString& commandLine) {
 }
 
 void Document::ForgetWhatIsOpen() {
-  state_.Settings.LastFile.clear();
-  state_.Settings.LastFolder.clear();
-  state_.Settings.LastOpenKind = settings::kOpenNothing;
+  open_ = {};
   viewMode_ = ViewMode::Image;
 }
 
 void Document::OpenFolderFromCommandLine(const QString& folder) {
-  settings::SettingsStore& s = state_.Settings;
-  s.LastFile.clear();
-  s.LastFolder = folder;
-  s.LastOpenKind = settings::kOpenFolder;
+  open_ = {settings::kOpenFolder, {}, folder};
   viewMode_ = ViewMode::ListAndImage;
-  settings::AddRecentFolder(s, folder);
+  settings::AddRecentFolder(state_.Settings, folder);
   ScanFolder();
   OpenFirstEntry();
 }
 
+// The settings file gives back what was open when it was written.
 void Document::OpenWhatWasOpenLastTime() {
   const settings::SettingsStore& s = state_.Settings;
   viewMode_ = ViewMode::Image;
   if (s.LastOpenKind == settings::kOpenFile) OpenSingleFile(s.LastFile, /*reportFailure=*/false);
-  if (s.LastOpenKind == settings::kOpenFolder) OpenLastFolder();
+  if (s.LastOpenKind == settings::kOpenFolder) OpenLastFolder(s.LastFolder);
 }
 
-void Document::OpenLastFolder() {
-  if (!base::FolderExists(state_.Settings.LastFolder)) {
+void Document::OpenLastFolder(const QString& folder) {
+  if (!base::FolderExists(folder)) {
     ForgetWhatIsOpen();
     return;
   }
+  open_ = {settings::kOpenFolder, {}, folder};
   viewMode_ = ViewMode::ListAndImage;
   ScanFolder();
   OpenFirstEntry();
@@ -94,15 +91,11 @@ void Document::OpenFirstEntry() {
 }
 
 bool Document::OpenSingleFile(const QString& path, bool reportFailure) {
-  settings::SettingsStore& s = state_.Settings;
-  s.LastFile = path;
-  s.LastFolder.clear();
-  s.LastOpenKind = settings::kOpenFile;
+  open_ = {settings::kOpenFile, path, {}};
   viewMode_ = ViewMode::Image;
   Load(path);
   if (!image_) {
-    s.LastFile.clear();
-    s.LastOpenKind = settings::kOpenNothing;
+    open_ = {};
     if (reportFailure) {
       widgets::RestorePointer();
       prompts_.ShowExclamation(QStringLiteral("Can't open file"), files::OpenFailureReason(path));
@@ -120,7 +113,7 @@ bool Document::OpenSingleFile(const QString& path, bool reportFailure) {
 // A file the scan leaves out (another type) stays alone.
 void Document::BrowseFolderOfFile() {
   ScanFolder();
-  Follow(list_.RowOfFileName(QFileInfo(state_.Settings.LastFile).fileName()));
+  Follow(list_.RowOfFileName(QFileInfo(open_.File).fileName()));
   Q_EMIT ListRowSelected(shownRow_);
   AnnounceNeighbours();
 }
@@ -128,13 +121,12 @@ void Document::BrowseFolderOfFile() {
 // The entry shown; a single file open is that entry's file.
 void Document::Follow(int row) {
   shownRow_ = row;
-  if (row >= 0 && state_.Settings.LastOpenKind == settings::kOpenFile) state_.Settings.LastFile = EntryPath(row);
+  if (row >= 0 && FileOpen()) open_.File = EntryPath(row);
 }
 
 QString Document::ListFolder() const {
-  const settings::SettingsStore& s = state_.Settings;
-  if (s.LastOpenKind == settings::kOpenFile) return QFileInfo(s.LastFile).absolutePath();
-  return s.LastOpenKind == settings::kOpenFolder ? s.LastFolder : QString();
+  if (FileOpen()) return QFileInfo(open_.File).absolutePath();
+  return open_.Folder;
 }
 
 void Document::ScanFolder() {
@@ -238,8 +230,7 @@ void Document::AnnounceNeighbours() {
 }
 
 void Document::StepTo(int row) {
-  const int kind = state_.Settings.LastOpenKind;
-  if (kind == settings::kOpenNothing || (kind == settings::kOpenFile && shownRow_ < 0)) return;
+  if (!SomethingOpen() || (FileOpen() && shownRow_ < 0)) return;
   if (row < 0 || row >= list_.Count() || row == shownRow_) return;
   direction_ = row < shownRow_ ? -1 : 1;
   Q_EMIT ListRowSelected(row);
@@ -261,15 +252,13 @@ void Document::FolderChangedKeeping(const QString& fileName) {
 }
 
 void Document::FileRenamed(const QString& path) {
-  state_.Settings.LastFile = path;
+  open_.File = path;
   Q_EMIT StatusChanged({});
 }
 
 void Document::OpenChosenFolder(const QString& folder) {
   widgets::BusyPointerGuard busy;
-  settings::SettingsStore& s = state_.Settings;
-  s.LastFolder = folder;
-  s.LastOpenKind = settings::kOpenFolder;
+  open_ = {settings::kOpenFolder, {}, folder};
   viewMode_ = ViewMode::ListAndImage;
   Q_EMIT StateChanged();
   ClearCurrentImage();
@@ -281,10 +270,15 @@ void Document::OpenChosenFolder(const QString& folder) {
 }
 
 QString Document::CurrentFilePath() const {
-  const settings::SettingsStore& s = state_.Settings;
-  if (s.LastOpenKind == settings::kOpenFile) return s.LastFile;
-  if (s.LastOpenKind == settings::kOpenFolder && shownRow_ >= 0) return EntryPath(shownRow_);
+  if (FileOpen()) return open_.File;
+  if (FolderOpen() && shownRow_ >= 0) return EntryPath(shownRow_);
   return {};
+}
+
+void Document::RememberWhatIsOpen(settings::SettingsStore& settings) const {
+  settings.LastOpenKind = open_.Kind;
+  settings.LastFile = open_.File;
+  settings.LastFolder = open_.Folder;
 }
 
 }  // namespace document

@@ -40,6 +40,13 @@ class DocumentPrompts {
 
 enum class StartupEnd { Normal, OpenFolderDialogWanted };
 
+// What is open: nothing, one file (its folder behind it in the list), or a folder.
+struct WhatIsOpen {
+  settings::OpenKind Kind = settings::kOpenNothing;
+  QString File;    // the single file open
+  QString Folder;  // the folder open
+};
+
 class Document : public QObject {
   Q_OBJECT
 
@@ -80,6 +87,13 @@ class Document : public QObject {
   void AfterEntryDeleted(int row);
   // The file or folder open is closed: nothing is open afterwards.
   void CloseFile();
+
+  const WhatIsOpen& Open() const { return open_; }
+  bool FolderOpen() const { return open_.Kind == settings::kOpenFolder; }
+  bool FileOpen() const { return open_.Kind == settings::kOpenFile; }
+  bool SomethingOpen() const { return open_.Kind != settings::kOpenNothing; }
+  // What is open, for the settings file, so that the start option can open it again.
+  void RememberWhatIsOpen(settings::SettingsStore& settings) const;
 
   ViewMode View() const { return viewMode_; }
   void SetViewMode(ViewMode mode);
@@ -143,7 +157,7 @@ class Document : public QObject {
  private:
   void OpenFolderFromCommandLine(const QString& folder);
   void OpenWhatWasOpenLastTime();
-  void OpenLastFolder();
+  void OpenLastFolder(const QString& folder);
   bool OpenSingleFile(const QString& path, bool reportFailure);
   void OpenFirstEntry();
   void Load(const QString& path);
@@ -169,6 +183,7 @@ class Document : public QObject {
   Scanner scanner_ = [](const QString& folder, bool imagesOnly, const std::atomic_bool* cancel) {
     return browse::ScanFolder(folder, imagesOnly, cancel);
   };
+  WhatIsOpen open_;
   ViewMode viewMode_ = ViewMode::Image;
   int direction_ = 1;  // of the last step through the folder
   int shownRow_ = -1;  // the entry shown, -1 when none

@@ -22,7 +22,7 @@ bool Document::OfferToSaveChanges() { return AskToSave(/*forgetOnNo=*/false); }
 bool Document::AskToSave(bool forgetOnNo) {
   widgets::RestorePointer();
   const QString file = CurrentFilePath();
-  if (!IsChanged() || state_.Settings.LastOpenKind == settings::kOpenNothing || file.isEmpty()) return true;
+  if (!IsChanged() || !SomethingOpen() || file.isEmpty()) return true;
   switch (prompts_.AskSaveChanges(SaveChangesQuestion(file))) {
     case SaveChangesAnswer::No:
       if (forgetOnNo) history_.ForgetChanges();
@@ -55,7 +55,7 @@ void Document::AfterEntryDeleted(int row) {
   ScanFolder();
   Q_EMIT LayoutChanged();
   if (list_.Count() == 0) {
-    if (state_.Settings.LastOpenKind == settings::kOpenFile) CloseFile();
+    if (FileOpen()) CloseFile();
     return;
   }
   const int next = std::min(row, list_.Count() - 1);
@@ -67,8 +67,7 @@ void Document::CloseFile() {
   ClearCurrentImage();
   list_.Clear();
   shownRow_ = -1;
-  state_.Settings.LastFile.clear();
-  state_.Settings.LastOpenKind = settings::kOpenNothing;
+  open_ = {};
   Q_EMIT StateChanged();
   Q_EMIT LayoutChanged();
 }
@@ -84,18 +83,16 @@ bool Document::SaveImageTo(const QString& path) {
 // Saved outside the folder shown, the image goes on as that single file, so Save and the
 // save question keep applying to what the user sees.
 void Document::AfterSaveAs(const QString& path) {
-  settings::SettingsStore& s = state_.Settings;
-  const bool inFolder = QFileInfo(path).absolutePath() == QFileInfo(s.LastFolder + u'/').absolutePath();
-  if (s.LastOpenKind == settings::kOpenFolder && !inFolder) {
-    s.LastOpenKind = settings::kOpenFile;
-    s.LastFolder.clear();
+  const bool inFolder = QFileInfo(path).absolutePath() == QFileInfo(open_.Folder + u'/').absolutePath();
+  if (FolderOpen() && !inFolder) {
+    open_ = {settings::kOpenFile, path, {}};
     viewMode_ = ViewMode::Image;
     Q_EMIT LayoutChanged();
   }
-  if (s.LastOpenKind == settings::kOpenFile) {
-    s.LastFile = path;
+  if (FileOpen()) {
+    open_.File = path;
     BrowseFolderOfFile();
-  } else if (s.LastOpenKind == settings::kOpenFolder) {
+  } else if (FolderOpen()) {
     ScanFolder();
     shownRow_ = list_.RowOfFileName(QFileInfo(path).fileName());
     Q_EMIT ListRowSelected(shownRow_);

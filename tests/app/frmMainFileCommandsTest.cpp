@@ -220,7 +220,7 @@ TEST_F(frmMainFileCommandsTest, ASingleFileIsClosedAndWithoutTheQuestionWhenTheS
   EXPECT_EQ(answerer.Count(), 0);
   EXPECT_FALSE(QFile::exists(pictures_.File(QStringLiteral("alone.png"))));
   EXPECT_FALSE(Doc().ImageLoaded());
-  EXPECT_EQ(window_->State().Settings.LastOpenKind, settings::kOpenNothing);
+  EXPECT_EQ(window_->CurrentDocument().Open().Kind, settings::kOpenNothing);
 }
 
 TEST_F(frmMainFileCommandsTest, RenameOutcomesInAFolder) {
@@ -245,7 +245,7 @@ TEST_F(frmMainFileCommandsTest, RenameOutcomesInAFolder) {
 TEST_F(frmMainFileCommandsTest, ARenamedSingleFileIsFollowedByItsNewName) {
   Start(pictures_.WritePng(QStringLiteral("photo.png")));
   RenameTo(QStringLiteral("holiday.png"));
-  EXPECT_EQ(window_->State().Settings.LastFile, pictures_.File(QStringLiteral("holiday.png")));
+  EXPECT_EQ(window_->CurrentDocument().Open().File, pictures_.File(QStringLiteral("holiday.png")));
   EXPECT_EQ(Pane("lblStatusName"), QStringLiteral("holiday.png"));
 }
 

@@ -132,7 +132,7 @@ TEST_F(frmMainFileTest, SaveAsProposesTheShownFormatTakesTheChosenOnesExtensionA
   EXPECT_TRUE(request.NameFilters[request.SelectedFilter - 1].endsWith(QStringLiteral("(*.jpg)")));
   const QString saved = pictures_.File(QStringLiteral("copy.tif"));
   ASSERT_TRUE(QFile::exists(saved));
-  EXPECT_EQ(window_->State().Settings.LastFile, saved);
+  EXPECT_EQ(window_->CurrentDocument().Open().File, saved);
   EXPECT_FALSE(Doc().IsChanged());
 }
 
@@ -175,7 +175,7 @@ TEST_F(frmMainFileTest, OpenFileAsksAboutTheEditsOnlyOnceAFileIsChosenAndOpensIt
   DialogAnswerer answerer(QMessageBox::No);
   Trigger("mnuFileOpenFile");
   EXPECT_EQ(answerer.Count(), 1);
-  EXPECT_EQ(window_->State().Settings.LastFile, fileAnswer_.Path);
+  EXPECT_EQ(window_->CurrentDocument().Open().File, fileAnswer_.Path);
   EXPECT_EQ(Doc().View(), document::ViewMode::Image);
   const QTreeView* list = Child<QTreeView>("lisLista");
   EXPECT_EQ(list->currentIndex().data().toString(), QStringLiteral("other.png"));
@@ -186,7 +186,7 @@ TEST_F(frmMainFileTest, OpenFolderAsksAboutTheEditsOnlyOnceAFolderIsChosen) {
   Start(WriteGradient(pictures_, QStringLiteral("photo.png")));
   Trigger("mnuColorsNegative");
   QString chosen;  // the dialog closed without a choice
-  window_->SetFolderChooser([&](QWidget*, settings::SettingsStore&) { return chosen; });
+  window_->SetFolderChooser([&](QWidget*, settings::SettingsStore&, const QString&) { return chosen; });
   {
     DialogAnswerer answerer(QMessageBox::No);
     Trigger("mnuFileOpenFolder");

@@ -56,7 +56,7 @@ TEST_F(DocumentTest, AQuotedFolderOpensInListAndImageWithItsFirstEntryByItsRealN
   folder_.WritePng(QStringLiteral("A.PNG"));
   QSignalSpy selected(&document_, &Document::ListRowSelected);
   document_.OpenAtStartup(u'"' + folder_.Path() + QStringLiteral("/\""));
-  EXPECT_EQ(std::tuple(state_.Settings.LastOpenKind, state_.Settings.LastFolder, state_.Settings.RecentFolders[0]),
+  EXPECT_EQ(std::tuple(document_.Open().Kind, document_.Open().Folder, state_.Settings.RecentFolders[0]),
             std::tuple(kOpenFolder, folder_.Path(), folder_.Path()));
   EXPECT_EQ(document_.View(), ViewMode::ListAndImage);
   EXPECT_EQ(list_.Entry(0).DisplayName, QStringLiteral("A.PNG"));
@@ -72,22 +72,22 @@ TEST_F(DocumentTest, AFileOpensInTheImageViewWithItsFolderToStepThrough) {
   for (const char* name : {"a.png", "c.png"}) folder_.WritePng(QLatin1String(name));
   const QString file = folder_.WritePng(QStringLiteral("b.png"), 5, 4);
   document_.OpenAtStartup(file);
-  EXPECT_EQ(std::tuple(state_.Settings.LastOpenKind, document_.View()), std::tuple(kOpenFile, ViewMode::Image));
+  EXPECT_EQ(std::tuple(document_.Open().Kind, document_.View()), std::tuple(kOpenFile, ViewMode::Image));
   EXPECT_EQ(document_.Natural(), (base::NaturalSize{75, 60}));  // 15 twips a pixel
   EXPECT_EQ(std::tuple(list_.Count(), document_.ShownRow()), std::tuple(3, 1));
   for (const auto& [delta, expected] : {std::pair(1, "c.png"), std::pair(1, "c.png"), std::pair(-1, "b.png"),
                                         std::pair(-1, "a.png")}) {
     document_.Step(delta);
-    EXPECT_EQ(state_.Settings.LastFile, folder_.File(QLatin1String(expected))) << delta;
-    EXPECT_EQ(document_.CurrentFilePath(), state_.Settings.LastFile);
+    EXPECT_EQ(document_.Open().File, folder_.File(QLatin1String(expected))) << delta;
+    EXPECT_EQ(document_.CurrentFilePath(), document_.Open().File);
   }
-  EXPECT_EQ(state_.Settings.LastOpenKind, kOpenFile);
+  EXPECT_EQ(document_.Open().Kind, kOpenFile);
   EXPECT_TRUE(prompts_.messages.isEmpty());
 
   const QString alone = folder_.WritePng(QStringLiteral("alone.notanimage"));
   ASSERT_TRUE(document_.OpenFile(alone));
   document_.Step(1);
-  EXPECT_EQ(std::tuple(document_.ShownRow(), state_.Settings.LastFile), std::tuple(-1, alone));
+  EXPECT_EQ(std::tuple(document_.ShownRow(), document_.Open().File), std::tuple(-1, alone));
 }
 
 // What is left open after start-up, from the command line or the start option.
@@ -128,7 +128,7 @@ TEST_F(DocumentTest, StartUpCases) {
     state_.Settings.LastOpenKind = c.lastKind;
     (c.lastKind == kOpenFile ? state_.Settings.LastFile : state_.Settings.LastFolder) = c.last;
     EXPECT_EQ(fresh.OpenAtStartup(c.commandLine), c.expectedEnd);
-    EXPECT_EQ(state_.Settings.LastOpenKind, c.expectedKind);
+    EXPECT_EQ(fresh.Open().Kind, c.expectedKind);
     EXPECT_EQ(prompts_.messages, c.expectedMessages);
     if (!c.expectedMessages.isEmpty()) {
       EXPECT_EQ(prompts_.details.last(), QStringLiteral("not an image this program reads"));
