@@ -47,8 +47,13 @@ frmMain::frmMain(QString settingsPath, QWidget* parent)
 }
 
 void frmMain::RunStartup(const QString& commandLine) {
+  if (StartUp(commandLine) == document::StartupEnd::OpenFolderDialogWanted) RunOpenFolder();
+}
+
+// Everything up to the first picture, under the busy pointer.
+document::StartupEnd frmMain::StartUp(const QString& commandLine) {
+  widgets::BusyPointerGuard busy;
   state_.StartingUp = true;
-  widgets::ShowBusyPointer();
   RefreshScreenMetrics();
   state_.LoadDefaultSettings();
   settings::ReadSettingsFile(settingsPath_, state_.Metrics, state_.Settings);
@@ -56,18 +61,12 @@ void frmMain::RunStartup(const QString& commandLine) {
   RefreshStatusBar({});
   PlaceWindow();
   picFondo_->SetBackground(base::ColorFromBgr(state_.Settings.ColorImage));
-  if (document_.OpenAtStartup(commandLine) == document::StartupEnd::OpenFolderDialogWanted) {
-    state_.StartingUp = false;
-    LayOut();
-    widgets::RestorePointer();
-    RunOpenFolder();
-    return;
-  }
-  commands_.Refresh();
+  const document::StartupEnd end = document_.OpenAtStartup(commandLine);
+  if (end == document::StartupEnd::Normal) commands_.Refresh();
   state_.StartingUp = false;
   LayOut();
-  show();
-  widgets::RestorePointer();
+  if (end == document::StartupEnd::Normal) show();  // else the Open Folder command shows it
+  return end;
 }
 
 // Twips per pixel follow the screen the window is on; every conversion reads them here.
@@ -126,7 +125,7 @@ void frmMain::closeEvent(QCloseEvent* event) {
     event->ignore();
     return;
   }
-  widgets::ShowBusyPointer();
+  widgets::BusyPointerGuard busy;
   prefetcher_.Prefetch({});
   prefetcher_.WaitForIdle();
   const settings::WindowPlacement placement = CurrentPlacement();
@@ -134,7 +133,6 @@ void frmMain::closeEvent(QCloseEvent* event) {
   RefreshScreenMetrics();
   document_.RememberWhatIsOpen(state_.Settings);
   settings::WriteSettingsFile(settingsPath_, settings::WriteSettingsText(state_.Settings, state_.Metrics, placement));
-  widgets::RestorePointer();
   event->accept();
 }
 

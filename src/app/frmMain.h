@@ -14,6 +14,7 @@
 #include "browse/FileListModel.h"
 #include "document/AppState.h"
 #include "document/Document.h"
+#include "widgets/BusyPointer.h"
 #include "edit/Catalogue.h"
 #include "files/Prefetcher.h"
 #include "settings/SettingsFile.h"
@@ -25,11 +26,12 @@
 #include "shell/Wallpaper.h"
 #include "view/Placing.h"
 #include "widgets/FileChooser.h"
-#include "widgets/frmOptions.h"
+#include "app/frmOptions.h"
 
 #include <QMainWindow>
 
 #include <array>
+#include <deque>
 
 class QLabel;
 class QMenu;
@@ -89,9 +91,9 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   using PlayerRunner = std::function<void(slideshow::frmSlideShow2& player)>;
   void SetPlayerRunner(PlayerRunner runner) { runPlayer_ = std::move(runner); }
   // ... Options and its colour dialog through these ...
-  using OptionsRunner = std::function<int(widgets::frmOptions& options)>;
+  using OptionsRunner = std::function<int(app::frmOptions& options)>;
   void SetOptionsRunner(OptionsRunner runner) { runOptions_ = std::move(runner); }
-  void SetColourChooser(widgets::ColourChooser chooser) { chooseColour_ = std::move(chooser); }
+  void SetColourChooser(app::ColourChooser chooser) { chooseColour_ = std::move(chooser); }
   // ... the print dialog through this ...
   using PrintDialogRunner = std::function<int(print::frmImprimir& dialog)>;
   void SetPrintDialogRunner(PrintDialogRunner runner) { runPrintDialog_ = std::move(runner); }
@@ -114,6 +116,7 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
 
  private:
   // frmMain.cpp
+  document::StartupEnd StartUp(const QString& commandLine);
   void RefreshScreenMetrics();
   void PlaceWindow();
   settings::WindowPlacement CurrentPlacement() const;
@@ -129,7 +132,6 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   void ConnectThumbnails();
   void ShowThumbnails();
   void ShowImage(const imaging::Image* image);
-  void ApplyFitSettings();  // Always Fit and whether fitting enlarges, from the settings
   void RefreshStatusBar(const QString& message);
   void RefreshTitle();
 
@@ -168,11 +170,15 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   bool RunSaveAs();
   bool ConfirmReplace(const QString& path, const QString& title);
   void ShowCantSave(const QString& path, const QString& title);
+  bool SaveUnderBusyPointer(const QString& target);
   int AskAboutWhatSavingDrops(const QString& path);
   static void ShowWarning(QWidget* parent, const QString& title, const QString& text, const QString& detail);
   void ShowExclamation(const QString& text, const QString& detail = {}) override;
   document::SaveChangesAnswer AskSaveChanges(const QString& question) override;
   bool SaveForPrompt() override;
+  void BeginBusy() override;
+  void EndBusy() override;
+  bool WaitFor(const QFuture<void>& work, std::atomic_bool& cancel) override;
 
   // frmMainViewCommands.cpp
   bool CanZoom() const;
@@ -203,6 +209,7 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   document::AppState state_;
   browse::FileListModel list_;
   files::Prefetcher prefetcher_;
+  std::deque<widgets::BusyPointerGuard> documentBusy_;  // the document's busy scopes, innermost last
   document::Document document_;
   CommandTable commands_;
   QTreeView* lisLista_ = nullptr;
@@ -219,10 +226,10 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   ParameterDialogRunner runParameterDialog_ = RunParameterDialog;
   FullScreenRunner runFullScreen_ = RunFullScreenView;
   shell::WallpaperSetter setWallpaper_ = shell::SetDesktopWallpaper;
-  widgets::ColourChooser chooseColour_ = widgets::ChooseColourWithDialog;
+  app::ColourChooser chooseColour_ = ChooseColourWithDialog;
   FileTypesRunner runFileTypes_ = [](shell::frmTiposArchivo& dialog) { return dialog.exec(); };
   PrintDialogRunner runPrintDialog_ = [](print::frmImprimir& dialog) { return dialog.exec(); };
-  OptionsRunner runOptions_ = [](widgets::frmOptions& options) { return options.exec(); };
+  OptionsRunner runOptions_ = [](app::frmOptions& options) { return options.exec(); };
   SlideShowRunner runSlideShow_ = [](slideshow::frmSlideShow& setup) { setup.exec(); };
   PlayerRunner runPlayer_ = [](slideshow::frmSlideShow2& player) {
     player.showFullScreen();

@@ -11,6 +11,7 @@
 #include "browse/frmAbrirCarpeta.h"
 #include "view/Viewport.h"
 #include "widgets/BusyPointer.h"
+#include "widgets/WaitForWork.h"
 
 #include <QDir>
 #include <QCoreApplication>
@@ -122,7 +123,7 @@ void frmMain::RunCopyOrMove(bool move) {
   }
   widgets::BusyPointerGuard busy;
   if (!(move ? files::MoveFileSafely(file, target) : files::CopyFileSafely(file, target))) {
-    widgets::RestorePointer();
+    widgets::NormalPointerGuard normal;
     ShowWarning(this, title, (move ? QStringLiteral("Can't move file") : QStringLiteral("Can't copy file")) +
                                  files::DestinationReadOnlyNote(target),
                 files::WriteFailureReason(target));
@@ -142,7 +143,6 @@ void frmMain::RunProperties() {
   const QString file = CommandFile();
   if (file.isEmpty()) return;
   if (!QFileInfo::exists(file)) {
-    widgets::RestorePointer();
     QMessageBox::warning(this, QStringLiteral("Properties"), QStringLiteral("Can't find file"));
     return;
   }
@@ -172,7 +172,7 @@ bool frmMain::RunOpenFolder() {
   }
   const QString chosen = chooseFolder_(this, state_.Settings, document_.Open().Folder);
   picFondo_->update();
-  QCoreApplication::processEvents();
+  QCoreApplication::processEvents();  // the dialog's area is drawn again before a question or the scan
   if (chosen.isEmpty() || !document_.ConfirmSaveChanges()) return false;
   document_.OpenChosenFolder(chosen);
   lisLista_->setFocus();
@@ -191,7 +191,7 @@ void frmMain::RunOpenFile() {
 }
 
 void frmMain::ShowCantSave(const QString& path, const QString& title) {
-  widgets::RestorePointer();
+  widgets::NormalPointerGuard normal;
   const auto& image = document_.CurrentImage();
   const QSize size = image ? QSize(image->Width(), image->Height()) : QSize();
   ShowWarning(this, title, QStringLiteral("Can't save file") + files::ReadOnlyNote(path), files::SaveFailureReason(path, size));
@@ -210,13 +210,10 @@ bool frmMain::RunSave() {
     case QMessageBox::SaveAll: return RunSaveAs();
     default: return false;
   }
-  widgets::ShowBusyPointer();
-  picFondo_->SelectNone();
-  if (!document_.SaveImageTo(target)) {
+  if (!SaveUnderBusyPointer(target)) {
     ShowCantSave(target, QStringLiteral("Save"));
     return false;
   }
-  widgets::RestorePointer();
   RefreshStatusBar({});
   return true;
 }
@@ -261,15 +258,19 @@ bool frmMain::RunSaveAs() {
   const QString target = files::WithSaveAsExtension(answer.Path, answer.FilterIndex);
   // The dialog asked about the name as typed; a file under the completed name is asked about here.
   if (target != answer.Path && QFileInfo::exists(target) && !ConfirmReplace(target, request.Title)) return false;
-  widgets::ShowBusyPointer();
-  picFondo_->SelectNone();
-  if (!document_.SaveImageTo(target)) {
+  if (!SaveUnderBusyPointer(target)) {
     ShowCantSave(target, QStringLiteral("Save As"));
     return false;
   }
+  widgets::BusyPointerGuard busy;
   document_.AfterSaveAs(target);
-  widgets::RestorePointer();
   return true;
+}
+
+bool frmMain::SaveUnderBusyPointer(const QString& target) {
+  widgets::BusyPointerGuard busy;
+  picFondo_->SelectNone();
+  return document_.SaveImageTo(target);
 }
 
 bool frmMain::ConfirmReplace(const QString& path, const QString& title) {
@@ -281,7 +282,14 @@ bool frmMain::ConfirmReplace(const QString& path, const QString& title) {
 // Yes to the save question.
 bool frmMain::SaveForPrompt() { return RunSave(); }
 
+void frmMain::BeginBusy() { documentBusy_.emplace_back(); }
+
+void frmMain::EndBusy() { documentBusy_.pop_back(); }
+
+bool frmMain::WaitFor(const QFuture<void>& work, std::atomic_bool& cancel) { return widgets::WaitForWork(work, cancel); }
+
 void frmMain::ShowExclamation(const QString& text, const QString& detail) {
+  widgets::NormalPointerGuard normal;
   ShowWarning(isVisible() ? this : nullptr, QStringLiteral("Vistrel"), text, detail);
 }
 
@@ -293,6 +301,7 @@ void frmMain::ShowWarning(QWidget* parent, const QString& title, const QString& 
 }
 
 document::SaveChangesAnswer frmMain::AskSaveChanges(const QString& question) {
+  widgets::NormalPointerGuard normal;
   const auto answer = QMessageBox::warning(this, QStringLiteral("Save Changes"), question,
                                            QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
   if (answer == QMessageBox::Yes) return document::SaveChangesAnswer::Yes;
@@ -331,7 +340,7 @@ void frmMain::RunPrint() {
   widgets::BusyPointerGuard busy;
   const print::PrintOutcome outcome = print::PrintPages(printer, dialog.Pages(), dialog.Options());
   if (outcome != print::PrintOutcome::Printed) {
-    widgets::RestorePointer();
+    widgets::NormalPointerGuard normal;
     ShowWarning(this, QStringLiteral("Print"), QStringLiteral("Can't print"),
                 outcome == print::PrintOutcome::NoRoom ? print::NoRoomReason() : printer.printerName());
   }

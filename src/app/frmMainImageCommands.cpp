@@ -66,7 +66,7 @@ std::optional<edit::Arguments> frmMain::AskParameters(const edit::CatalogueComma
   const imaging::Image& image = *document_.CurrentImage();
   const base::NaturalSize natural = base::NaturalSize::FromPixels(image.Width(), image.Height(), logical);
   const edit::DialogContext context{natural.WidthTwips, natural.HeightTwips, logical.TwipsPerPixelX, logical.TwipsPerPixelY};
-  QCoreApplication::processEvents();
+  QCoreApplication::processEvents();  // the closed menu's area is drawn before the dialog's preview work
   edit::frmDiseno dialog(description, context, document_.CurrentImage(), edit::PreviewOperation(command), this);
   const bool accepted = runParameterDialog_(dialog);
   picFondo_->update();

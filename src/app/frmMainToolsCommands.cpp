@@ -22,7 +22,7 @@ namespace app {
 namespace {
 
 bool AskYesNo(QWidget* parent, const QString& title, const QString& question) {
-  widgets::RestorePointer();
+  widgets::NormalPointerGuard normal;
   return QMessageBox::warning(parent, title, question, QMessageBox::Yes | QMessageBox::No, QMessageBox::No) ==
          QMessageBox::Yes;
 }
@@ -32,10 +32,10 @@ bool AskYesNo(QWidget* parent, const QString& title, const QString& question) {
 // Options: accepted, the window shows the new colours and bars at once. The thumbnails
 // page is drawn again only when its own colour was chosen and it is showing.
 void frmMain::RunOptions() {
-  widgets::frmOptions options(state_.Settings, {shell::FolderEntryExists, shell::SetFolderEntry, shell::FolderEntryUnavailable()},
+  app::frmOptions options(state_.Settings, {shell::FolderEntryExists, shell::SetFolderEntry, shell::FolderEntryUnavailable()},
                               chooseColour_, this);
   const bool accepted = runOptions_(options) == QDialog::Accepted;
-  QCoreApplication::processEvents();
+  QCoreApplication::processEvents();  // the dialog's area is drawn again before the busy work
   if (!accepted) return;
   widgets::BusyPointerGuard busy;
   picFondo_->SetBackground(base::ColorFromBgr(state_.Settings.ColorImage));
@@ -44,7 +44,6 @@ void frmMain::RunOptions() {
     ShowThumbnails();
   }
   if (options.ViewBarsChanged()) LayOut();
-  ApplyFitSettings();
   if (state_.Settings.FitToWindow && document_.ImageLoaded()) ZoomTo(picFondo_->FitPercentage(), view::Pending::None);
   commands_.Refresh();
 }
@@ -77,15 +76,13 @@ void frmMain::RunSlideShow() {
 // The window's picture is hidden while the show covers the screen, so it never redraws
 // behind it.
 void frmMain::PlaySlideShow(const slideshow::PlayerSettings& settings, QWidget* setup) {
-  QCoreApplication::processEvents();
-  QWidget* imaImagen = picFondo_->findChild<QWidget*>(QStringLiteral("imaImagen"));
-  imaImagen->setVisible(false);
-  imaImagen->repaint();
+  QCoreApplication::processEvents();  // the setup dialog finishes drawing before the show covers it
+  picFondo_->SetPictureHidden(true);
   slideshow::frmSlideShow2 player(settings, setup);
   if (const QScreen* screen = this->screen()) player.setGeometry(screen->geometry());  // the window's screen
   runPlayer_(player);
-  imaImagen->setVisible(document_.ImageLoaded());
-  QCoreApplication::processEvents();
+  picFondo_->SetPictureHidden(!document_.ImageLoaded());
+  QCoreApplication::processEvents();  // the window is drawn again before the setup dialog takes the keys
 }
 
 // An image is shown from an open file or folder; in a folder, a list entry is selected.

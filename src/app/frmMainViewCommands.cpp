@@ -26,7 +26,6 @@ void frmMain::StepZoom(int direction) {
 
 void frmMain::ToggleAlwaysFit() {
   state_.Settings.FitToWindow = !state_.Settings.FitToWindow;
-  ApplyFitSettings();
   ZoomTo(state_.Settings.FitToWindow ? picFondo_->FitPercentage() : 100, view::Pending::None);
 }
 

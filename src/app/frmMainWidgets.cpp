@@ -27,6 +27,7 @@ void frmMain::BuildWidgets() {
   BuildListView();
   imagePanels_ = new QStackedWidget(splitter_);
   picFondo_ = new view::Viewport(state_.Metrics, imagePanels_);
+  picFondo_->SetFitRules([this] { return view::Viewport::FitRules{state_.Settings.FitToWindow, state_.Settings.EnlargeSmallImages}; });
   picFondoThumbnails_ = new browse::ThumbnailsView(list_, state_.Metrics, imagePanels_);
   imagePanels_->addWidget(picFondo_);
   imagePanels_->addWidget(picFondoThumbnails_);
@@ -67,7 +68,6 @@ void frmMain::ConnectDocument() {
   connect(&document_, &Document::ImageShown, this, &frmMain::ShowImage);
   document_.SetStandInLoader([this](const QString& path) { return files::LoadStandIn(path, state_.Metrics); });
   connect(&document_, &Document::StandInShown, this, [this](const imaging::Image& picture, base::NaturalSize natural) {
-    ApplyFitSettings();
     picFondo_->ShowStandIn(picture, natural, state_.Settings.FitToWindow);
     if (!isVisible()) {  // a large image opened at start-up: the window shows with it
       ArrangePanes();
@@ -119,13 +119,7 @@ void frmMain::ShowThumbnails() {
   picFondoThumbnails_->setFocus();
 }
 
-void frmMain::ApplyFitSettings() {
-  picFondo_->SetAlwaysFit(state_.Settings.FitToWindow);
-  picFondo_->SetFitEnlarges(state_.Settings.EnlargeSmallImages);
-}
-
 void frmMain::ShowImage(const imaging::Image* image) {
-  ApplyFitSettings();
   picFondo_->SetImage(image ? std::optional<imaging::Image>(*image) : std::nullopt, document_.Natural(),
                       state_.Settings.FitToWindow);
 }

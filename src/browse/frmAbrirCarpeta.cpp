@@ -23,7 +23,7 @@
 namespace browse {
 
 bool ConfirmAndClearRecentFolders(QWidget* parent, settings::SettingsStore& settings) {
-  widgets::RestorePointer();
+  widgets::NormalPointerGuard normal;
   const auto answer = QMessageBox::warning(parent, QStringLiteral("Vistrel"),
                                            QStringLiteral("Are you sure you want to clear the list of recent folders?"),
                                            QMessageBox::Yes | QMessageBox::No, QMessageBox::No);
@@ -135,7 +135,7 @@ void frmAbrirCarpeta::AcceptChoice() {
   widgets::BusyPointerGuard busy;
   const FolderChoice choice = CheckFolderChoice(candidate);
   if (choice.Problem != FolderProblem::None) {
-    widgets::RestorePointer();
+    widgets::NormalPointerGuard normal;
     if (choice.Problem == FolderProblem::NothingChosen) {
       QMessageBox::information(this, windowTitle(), FolderProblemMessage(choice.Problem));
     } else {

@@ -1,7 +1,5 @@
 #include "document/Document.h"
 
-#include "widgets/BusyPointer.h"
-#include "widgets/WaitForWork.h"
 #include "document/CommandLine.h"
 #include "base/NumberRules.h"
 #include "base/Paths.h"
@@ -97,7 +95,6 @@ bool Document::OpenSingleFile(const QString& path, bool reportFailure) {
   if (!image_) {
     open_ = {};
     if (reportFailure) {
-      widgets::RestorePointer();
       prompts_.ShowExclamation(QStringLiteral("Can't open file"), files::OpenFailureReason(path));
     }
     return false;
@@ -136,7 +133,7 @@ void Document::ScanFolder() {
   const QFuture<void> scan = QtConcurrent::run([&] {
     entries = scanner_(folder, state_.Settings.ImageExtensionsOnly, &cancel);
   });
-  const bool cancelled = widgets::WaitForWork(scan, cancel);
+  const bool cancelled = prompts_.WaitFor(scan, cancel);
   list_.SetEntries(cancelled ? std::vector<browse::FileEntry>{} : std::move(entries));
   if (cancelled) Q_EMIT StatusChanged(QStringLiteral("Folder scan cancelled"));
   Q_EMIT ListFilled();
@@ -156,7 +153,7 @@ void Document::Load(const QString& path) {
   if (!loading_.waitForDone(kMomentMs)) {
     if (auto standIn = standIn_ ? standIn_(path) : std::nullopt) Q_EMIT StandInShown(standIn->Picture, standIn->Natural);
     std::atomic_bool ignored{false};
-    widgets::WaitForWork(reading, ignored);
+    prompts_.WaitFor(reading, ignored);
   }
   if (!loaded) return;
   image_ = std::move(loaded->Picture);
@@ -204,7 +201,7 @@ void Document::ClickEntry(int row) {
     Q_EMIT ListRowSelected(shownRow_);
     return;
   }
-  widgets::BusyPointerGuard busy;
+  BusyScope busy(prompts_);
   ClearCurrentImage();
   shownRow_ = -1;
   Load(EntryPath(row));
@@ -257,7 +254,7 @@ void Document::FileRenamed(const QString& path) {
 }
 
 void Document::OpenChosenFolder(const QString& folder) {
-  widgets::BusyPointerGuard busy;
+  BusyScope busy(prompts_);
   open_ = {settings::kOpenFolder, {}, folder};
   viewMode_ = ViewMode::ListAndImage;
   Q_EMIT StateChanged();

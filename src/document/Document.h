@@ -16,6 +16,7 @@
 #include "imaging/Image.h"
 #include "imaging/PackedImage.h"
 
+#include <QFuture>
 #include <QObject>
 #include <QThreadPool>
 #include <QStringList>
@@ -28,6 +29,7 @@ namespace document {
 
 enum class ViewMode : int { Image = 0, ListAndImage = 1, Thumbnails = 2 };
 
+// What the document needs from the user interface: a few questions, and a way to wait.
 class DocumentPrompts {
  public:
   virtual ~DocumentPrompts() = default;
@@ -36,6 +38,27 @@ class DocumentPrompts {
   virtual SaveChangesAnswer AskSaveChanges(const QString& question) = 0;
   // The Save command, for a Yes to the question: false when the write failed.
   virtual bool SaveForPrompt() = 0;
+  // Work the user waits for begins and ends (the busy pointer); the calls nest.
+  virtual void BeginBusy() {}
+  virtual void EndBusy() {}
+  // Waits for work on another thread while the window stays painted; true when the user
+  // asked it to stop (`cancel` is set then). Without a window it just waits.
+  virtual bool WaitFor(const QFuture<void>& work, std::atomic_bool& cancel) {
+    QFuture<void>(work).waitForFinished();
+    return cancel.load();
+  }
+};
+
+// Begin and end of busy work as a scope.
+class BusyScope {
+ public:
+  explicit BusyScope(DocumentPrompts& prompts) : prompts_(prompts) { prompts_.BeginBusy(); }
+  ~BusyScope() { prompts_.EndBusy(); }
+  BusyScope(const BusyScope&) = delete;
+  BusyScope& operator=(const BusyScope&) = delete;
+
+ private:
+  DocumentPrompts& prompts_;
 };
 
 enum class StartupEnd { Normal, OpenFolderDialogWanted };
@@ -73,7 +96,6 @@ class Document : public QObject {
   // opens as a click on it would. Nothing beyond either end.
   void StepTo(int row);
   void Step(int delta) { StepTo(shownRow_ + delta); }
-  bool RenameEntry(int row, const QString& newText);
   // The entry's file now has `name`: the list is sorted again and follows it.
   void EntryRenamed(int row, const QString& name);
   // The single file open now lives at `path`.

@@ -4,7 +4,6 @@
 #include "document/Document.h"
 #include "files/FileDialogs.h"
 #include "imaging/Saver.h"
-#include "widgets/BusyPointer.h"
 
 #include <QFileInfo>
 
@@ -20,7 +19,6 @@ bool Document::ConfirmSaveChanges() { return AskToSave(/*forgetOnNo=*/true); }
 bool Document::OfferToSaveChanges() { return AskToSave(/*forgetOnNo=*/false); }
 
 bool Document::AskToSave(bool forgetOnNo) {
-  widgets::RestorePointer();
   const QString file = CurrentFilePath();
   if (!IsChanged() || !SomethingOpen() || file.isEmpty()) return true;
   switch (prompts_.AskSaveChanges(SaveChangesQuestion(file))) {
@@ -38,7 +36,7 @@ bool Document::AskToSave(bool forgetOnNo) {
 }
 
 bool Document::OpenFile(const QString& path) {
-  widgets::BusyPointerGuard busy;
+  BusyScope busy(prompts_);
   ClearCurrentImage();
   list_.Clear();
   shownRow_ = -1;
@@ -50,7 +48,7 @@ bool Document::OpenFile(const QString& path) {
 }
 
 void Document::AfterEntryDeleted(int row) {
-  widgets::BusyPointerGuard busy;
+  BusyScope busy(prompts_);
   ClearCurrentImage();
   ScanFolder();
   Q_EMIT LayoutChanged();

@@ -1,7 +1,6 @@
 // Editing on the document: the base state of every image shown, each edit recorded,
 // undo and redo restoring a packed state at the current zoom.
 #include "document/Document.h"
-#include "widgets/BusyPointer.h"
 
 #include <utility>
 
@@ -35,7 +34,7 @@ void Document::ApplyEdit(const imaging::Image& edited, const QString& undoName, 
 }
 
 void Document::ShowState(const edit::UndoMove& move) {
-  widgets::BusyPointerGuard busy;
+  BusyScope busy(prompts_);
   if (const auto& packed = history_.PictureIn(move.Slot)) {
     imaging::Image restored = packed->Unpack();  // before the image kept whole is let go
     previous_ = std::exchange(image_, std::move(restored));

@@ -86,7 +86,7 @@ void Viewport::ShowStandIn(const imaging::Image& picture, base::NaturalSize natu
 // An edit that keeps the size keeps the view where it was; one that changes it is placed anew.
 void Viewport::ReplaceImage(const imaging::Image& image, base::NaturalSize natural) {
   const bool sameSize = image_ && image_->Width() == image.Width() && image_->Height() == image.Height();
-  Show(image, natural, alwaysFit_, sameSize ? Pending::ZoomStep : Pending::None);
+  Show(image, natural, fitRules_().AlwaysFit, sameSize ? Pending::ZoomStep : Pending::None);
 }
 
 void Viewport::Show(const std::optional<imaging::Image>& image, base::NaturalSize natural, bool fit, Pending pending) {
@@ -115,9 +115,14 @@ void Viewport::ApplyZoom(int percentage, Pending flag) {
   if (changed) Q_EMIT ZoomChanged(percentage_);
 }
 
+void Viewport::SetPictureHidden(bool hidden) {
+  imaImagen_->setVisible(!hidden);
+  if (hidden) imaImagen_->repaint();
+}
+
 int Viewport::FitPercentage() const {
   return view::FitPercentage(float(width()) * TwipsX(), float(height()) * TwipsY(), natural_.WidthTwips,
-                             natural_.HeightTwips, fitEnlarges_);
+                             natural_.HeightTwips, fitRules_().Enlarge);
 }
 
 int Viewport::SelectionFitPercentage() const {
@@ -176,7 +181,7 @@ void Viewport::Place() {
 void Viewport::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
   lblMessage_->setGeometry(rect());
-  if (alwaysFit_ && image_) {
+  if (image_ && fitRules_().AlwaysFit) {
     ApplyZoom(FitPercentage());
   } else {
     Place();

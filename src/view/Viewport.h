@@ -12,6 +12,7 @@
 #include <QTimer>
 #include <QWidget>
 
+#include <functional>
 #include <optional>
 
 class QLabel;
@@ -47,10 +48,17 @@ class Viewport : public QWidget {
   int FitPercentage() const;
   int SelectionFitPercentage() const;
 
-  // Always Fit (the FitToWindow setting): every layout fits the image first.
-  void SetAlwaysFit(bool on) { alwaysFit_ = on; }
-  // Fit enlarges pictures smaller than the panel (the EnlargeSmallImages setting).
-  void SetFitEnlarges(bool on) { fitEnlarges_ = on; }
+  // How Fit behaves, read afresh each time it is needed: AlwaysFit (every layout fits the
+  // image first) and whether Fit enlarges pictures smaller than the panel.
+  struct FitRules {
+    bool AlwaysFit = false;
+    bool Enlarge = false;
+  };
+  void SetFitRules(std::function<FitRules()> rules) { fitRules_ = std::move(rules); }
+
+  // Hides the picture (while something else covers the screen, so it never redraws
+  // behind it), or shows it again.
+  void SetPictureHidden(bool hidden);
 
   const SelectionRecord& Selection() const { return selection_; }
   void SelectNone();
@@ -100,8 +108,7 @@ class Viewport : public QWidget {
   std::optional<imaging::Image> image_;
   base::NaturalSize natural_;
   int percentage_ = 100;
-  bool alwaysFit_ = false;
-  bool fitEnlarges_ = false;
+  std::function<FitRules()> fitRules_ = [] { return FitRules{}; };
   Pending pending_ = Pending::None;
   SelectionRecord selection_;
   bool dragging_ = false;

@@ -26,8 +26,8 @@ frmFull::frmFull(const imaging::Image& image, base::NaturalSize natural, const b
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(picFondo_);
-  picFondo_->SetAlwaysFit(true);  // every resize fits again
-  picFondo_->SetFitEnlarges(true);  // small pictures fill the screen, up to 1000 %
+  // Every resize fits again, and small pictures fill the screen, up to 1000 %.
+  picFondo_->SetFitRules([] { return Viewport::FitRules{true, true}; });
   picFondo_->SetImage(image, natural, /*fit=*/true);
   // The panel's own keys and clicks (stepping, selecting) do not apply here: they close.
   picFondo_->installEventFilter(this);

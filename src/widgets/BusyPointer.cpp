@@ -10,20 +10,22 @@ bool IsBusyPointer() {
   return cursor && cursor->shape() == Qt::WaitCursor;
 }
 
-void ShowBusyPointer() {
-  if (!IsBusyPointer()) QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-}
-
 void RestorePointer() {
   while (QGuiApplication::overrideCursor()) QGuiApplication::restoreOverrideCursor();
 }
 
-BusyPointerGuard::BusyPointerGuard() : setHere_(!IsBusyPointer()) {
-  if (setHere_) ShowBusyPointer();
+// Qt keeps the pointers set as a stack; restoring an empty one does nothing, so a guard
+// outliving RestorePointer is harmless.
+BusyPointerGuard::BusyPointerGuard() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
+
+BusyPointerGuard::~BusyPointerGuard() { QGuiApplication::restoreOverrideCursor(); }
+
+NormalPointerGuard::NormalPointerGuard() : pushed_(IsBusyPointer()) {
+  if (pushed_) QGuiApplication::setOverrideCursor(Qt::ArrowCursor);
 }
 
-BusyPointerGuard::~BusyPointerGuard() {
-  if (setHere_) RestorePointer();
+NormalPointerGuard::~NormalPointerGuard() {
+  if (pushed_) QGuiApplication::restoreOverrideCursor();
 }
 
 }  // namespace widgets

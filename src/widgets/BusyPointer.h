@@ -1,23 +1,31 @@
 #pragma once
-// ShowBusyPointer / RestorePointer / IsBusyPointer: the hourglass that brackets long work.
+// The busy pointer that brackets long work, as scopes: a BusyPointerGuard shows it while
+// it lives and guards nest; a NormalPointerGuard gives the normal pointer back while the
+// user answers a question in the middle of such work, and the busy one returns after.
 
 namespace widgets {
 
-void ShowBusyPointer();
-void RestorePointer();
 bool IsBusyPointer();
+// Clears every pointer the program set (the window does this when it is activated).
+void RestorePointer();
 
-// Shows the hourglass unless it is already showing, and restores it on leaving
-// only when it was this guard that set it.
 class BusyPointerGuard {
  public:
   BusyPointerGuard();
   ~BusyPointerGuard();
   BusyPointerGuard(const BusyPointerGuard&) = delete;
   BusyPointerGuard& operator=(const BusyPointerGuard&) = delete;
+};
+
+class NormalPointerGuard {
+ public:
+  NormalPointerGuard();
+  ~NormalPointerGuard();
+  NormalPointerGuard(const NormalPointerGuard&) = delete;
+  NormalPointerGuard& operator=(const NormalPointerGuard&) = delete;
 
  private:
-  bool setHere_;
+  bool pushed_;
 };
 
 }  // namespace widgets

@@ -104,21 +104,21 @@ TEST_F(frmMainToolsTest, SlideShowPlaysTheFolderOverItsSetupDialog) {
 // recent folders, once emptied, stay empty).
 TEST_F(frmMainToolsTest, OptionsTakeEffectAtOnceAndRestoreGivesTheDefaults) {
   const settings::SettingsStore before = window_->State().Settings;
-  const auto runOptions = [this](std::function<void(widgets::frmOptions&)> change, const char* button) {
-    window_->SetOptionsRunner([change, button](widgets::frmOptions& options) {
+  const auto runOptions = [this](std::function<void(app::frmOptions&)> change, const char* button) {
+    window_->SetOptionsRunner([change, button](app::frmOptions& options) {
       change(options);
       options.findChild<QPushButton*>(QLatin1String(button))->click();
       return options.result();
     });
     Trigger("mnuToolsOptions");
   };
-  const auto click = [](widgets::frmOptions& options, const char* name) {
+  const auto click = [](app::frmOptions& options, const char* name) {
     options.findChild<QAbstractButton*>(QLatin1String(name))->click();
   };
-  runOptions([&](widgets::frmOptions& o) { click(o, "cmdInicio"); }, "cmdCancelar");
+  runOptions([&](app::frmOptions& o) { click(o, "cmdInicio"); }, "cmdCancelar");
   EXPECT_EQ(window_->State().Settings, before);
   window_->SetColourChooser([](QWidget*, const QColor&) { return std::optional<QColor>(QColor(200, 10, 20)); });
-  runOptions([&](widgets::frmOptions& o) {
+  runOptions([&](app::frmOptions& o) {
     for (const char* name : {"cmdSelect(0)", "chkViewToolbar", "chkViewStatusBar", "chkReciente", "chkConfirma", "optInicio(2)",
                              "chkEnlarge"}) {
       click(o, name);
@@ -132,7 +132,7 @@ TEST_F(frmMainToolsTest, OptionsTakeEffectAtOnceAndRestoreGivesTheDefaults) {
   EXPECT_TRUE(now.RecentFolders[0].isEmpty());
   EXPECT_EQ(std::tuple(now.StartOption, now.ConfirmDelete, now.RecentEnabled), std::tuple(2, false, false));
   EXPECT_GT(window_->ImageView().Percentage(), 100);
-  runOptions([&](widgets::frmOptions& o) { click(o, "cmdInicio"); }, "cmdAceptar");
+  runOptions([&](app::frmOptions& o) { click(o, "cmdInicio"); }, "cmdAceptar");
   const auto options = [](const settings::SettingsStore& s) {
     return std::tuple(s.StartOption, s.ImageExtensionsOnly, s.ShowToolbar, s.ShowStatusBar, s.ColorImage,
                       s.ColorThumbnails, s.ColorFullScreen, s.ConfirmDelete, s.RecentEnabled, s.EnlargeSmallImages);
@@ -204,7 +204,7 @@ namespace {
 // Every topic a dialog asks for opens a page of the manual at a place that exists, and
 // The manual opened with F1 from Options stays open when Options closes.
 TEST_F(frmMainToolsTest, HelpFromOptionsOutlivesTheDialog) {
-  window_->SetOptionsRunner([](widgets::frmOptions& options) {
+  window_->SetOptionsRunner([](app::frmOptions& options) {
     options.setModal(true);
     options.show();
     QTest::keyClick(&options, Qt::Key_F1);

@@ -1,6 +1,8 @@
 #pragma once
-// The document's questions answered without widgets, and what it said recorded.
+// The document's questions answered without dialogs, and what it said recorded; waiting
+// is the window's own, so Esc and the window's timers work as they do there.
 #include "document/Document.h"
+#include "widgets/WaitForWork.h"
 
 #include <QStringList>
 
@@ -27,6 +29,7 @@ class FakePrompts : public document::DocumentPrompts {
     ++saves;
     return saveSucceeds;
   }
+  bool WaitFor(const QFuture<void>& work, std::atomic_bool& cancel) override { return widgets::WaitForWork(work, cancel); }
 };
 
 }  // namespace testing_support

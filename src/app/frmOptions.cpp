@@ -1,4 +1,4 @@
-#include "widgets/frmOptions.h"
+#include "app/frmOptions.h"
 
 #include "base/Colors.h"
 #include "settings/RecentFolders.h"
@@ -16,7 +16,7 @@
 #include <QRadioButton>
 #include <QTabWidget>
 
-namespace widgets {
+namespace app {
 
 namespace {
 
@@ -67,7 +67,7 @@ frmOptions::frmOptions(settings::SettingsStore& settings, FolderEntrySwitch fold
   auto* page = new QVBoxLayout(this);
   page->addWidget(tabs);
   page->addLayout(buttons);
-  ApplyTahomaFont(*this);
+  widgets::ApplyTahomaFont(*this);
   Load();
 }
 
@@ -192,9 +192,9 @@ void frmOptions::Accept() {
 // F1 asks for the "Options" topic; Enter (no shift key) is OK wherever the focus is.
 void frmOptions::keyPressEvent(QKeyEvent* event) {
   const bool plain = !(event->modifiers() & (Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier));
-  if (plain && event->key() == Qt::Key_F1) return ShowHelpTopic(QStringLiteral("Options"));
+  if (plain && event->key() == Qt::Key_F1) return widgets::ShowHelpTopic(QStringLiteral("Options"));
   if (plain && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) return Accept();
   QDialog::keyPressEvent(event);
 }
 
-}  // namespace widgets
+}  // namespace app

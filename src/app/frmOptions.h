@@ -17,7 +17,7 @@ class QCheckBox;
 class QFrame;
 class QRadioButton;
 
-namespace widgets {
+namespace app {
 
 // The file manager's "Open with Vistrel" entry on folders, as the platform offers it.
 struct FolderEntrySwitch {
@@ -72,4 +72,4 @@ class frmOptions : public QDialog {
   QCheckBox* chkReciente_ = nullptr;
 };
 
-}  // namespace widgets
+}  // namespace app
