@@ -1,5 +1,5 @@
 #pragma once
-// The table of image file types: extensions, descriptions and which the scan lists.
+// The folder scan's file types and the list's descriptions, from base::FileFormats().
 
 #include <QString>
 #include <QStringList>

@@ -1,4 +1,5 @@
 #include "browse/FolderChoice.h"
+#include "base/FileFormats.h"
 
 #include "base/NumberRules.h"
 #include "base/Paths.h"
@@ -13,7 +14,7 @@ bool FolderHasImages(const QString& folder) {
   QDirIterator files(folder, QDir::Files | QDir::Hidden);
   while (files.hasNext()) {
     const QString extension = base::FileExtension(files.next());
-    if (IsScanExtension(extension) || extension == QLatin1String("jpe")) return true;
+    if (base::FindFileFormat(extension)) return true;  // every known type, jpe included
   }
   return false;
 }

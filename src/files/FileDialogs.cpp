@@ -1,5 +1,6 @@
 #include "files/FileDialogs.h"
 
+#include "base/FileFormats.h"
 #include "browse/FileTypes.h"
 
 #include <QFileInfo>
@@ -8,59 +9,24 @@ namespace files {
 
 namespace {
 
-struct SaveAsFormat {
-  const char* Description;
-  const char* Extension;
-};
-
-constexpr SaveAsFormat kSaveAsFormats[] = {
-    {"Bitmap (*.bmp)", "bmp"},          {"Paintbrush dcx (*.dcx)", "dcx"},
-    {"Dib (*.dib)", "dib"},             {"Jpeg (*.jpg)", "jpg"},
-    {"Portable bitmap (*.pbm)", "pbm"}, {"Paintbrush pcx (*.pcx)", "pcx"},
-    {"Portable graymap (*.pgm)", "pgm"}, {"Png (*.png)", "png"},
-    {"Portable pixmap (*.ppm)", "ppm"}, {"Targa (*.tga)", "tga"},
-    {"Tiff (*.tif)", "tif"},            {"Word Perfect graphic bitmap (*.wpg)", "wpg"},
-};
-
-// Open File's entries: the type whose description is shown, and the pattern part.
-struct OpenType {
-  const char* Type;
-  const char* Shown;
-  const char* Patterns;
-};
-
-constexpr OpenType kOpenTypes[] = {
-    {"bmp", " (*.bmp)", "*.bmp"},
-    {"cal", " (*.cal)", "*.cal"},
-    {"cur", " (*.cur)", "*.cur"},
-    {"dib", " (*.dib)", "*.dib"},
-    {"gif", " (*.gif)", "*.gif"},
-    {"ico", " (*.ico)", "*.ico"},
-    {"jpg", " (*.jpg, *.jpeg, *.jpe, *.jif)", "*.jpg;*.jpeg;*.jpe;*.jif"},
-    {"pbm", " (*.pbm)", "*.pbm"},
-    {"pcx", " (*.pcx, *.dcx)", "*.pcx;*.dcx"},
-    {"pgm", " (*.pgm)", "*.pgm"},
-    {"png", " (*.png)", "*.png"},
-    {"ppm", " (*.ppm)", "*.ppm"},
-    {"rle", " (*.rle)", "*.rle"},
-    {"tga", " (*.tga)", "*.tga"},
-    {"tif", " (*.tif)", "*.tif"},
-    {"wmf", " (*.wmf, *.emf)", "*.wmf;*.emf"},
-    {"wpg", " (*.wpg)", "*.wpg"},
-};
-
-constexpr const char* kAllImagePatterns =
-    "*.bmp;*.cal;*.cur;*.dcx;*.dib;*.emf;*.gif;*.ico;*.jpe;*.jpg;*.jpeg;*.jif;*.pbm;*.pcx;*.pgm;*.png;*.ppm;*.rle;"
-    "*.tga;*.tif;*.wmf;*.wpg";
-
-QStringList Split(const char* patterns) { return QString::fromLatin1(patterns).split(u';'); }
+QString Patterns(const QStringList& extensions, const QString& prefix, QChar separator) {
+  QStringList patterns;
+  for (const QString& extension : extensions) patterns << prefix + extension;
+  return patterns.join(separator);
+}
 
 }  // namespace
 
+// "All image files" (every known type), one entry per group with its description, "All files".
 std::vector<DialogFilter> OpenFileFilters() {
-  std::vector<DialogFilter> filters{{QStringLiteral("All image files"), Split(kAllImagePatterns)}};
-  for (const OpenType& type : kOpenTypes) {
-    filters.push_back({browse::FileTypeDescription(QLatin1String(type.Type)) + QLatin1String(type.Shown), Split(type.Patterns)});
+  QStringList every;
+  for (const base::FileFormat& format : base::FileFormats()) every << QLatin1String(format.Extension);
+  std::vector<DialogFilter> filters{{QStringLiteral("All image files"), Patterns(every, QStringLiteral("*."), u';').split(u';')}};
+  for (const base::FileFormat* head : base::FormatGroups()) {
+    const QStringList group = base::GroupExtensions(*head);
+    filters.push_back({browse::FileTypeDescription(QLatin1String(head->Extension)) + QStringLiteral(" (") +
+                           Patterns(group, QStringLiteral("*."), u',').replace(u',', QStringLiteral(", ")) + u')',
+                       Patterns(group, QStringLiteral("*."), u';').split(u';')});
   }
   filters.push_back({QStringLiteral("All files"), {QStringLiteral("*.*")}});
   return filters;
@@ -68,23 +34,26 @@ std::vector<DialogFilter> OpenFileFilters() {
 
 std::vector<DialogFilter> SaveAsFilters() {
   std::vector<DialogFilter> filters;
-  for (const SaveAsFormat& format : kSaveAsFormats) {
-    filters.push_back({QLatin1String(format.Description), {QStringLiteral("*.") + QLatin1String(format.Extension)}});
+  for (const base::FileFormat* format : base::SaveAsFormats()) {
+    filters.push_back({QLatin1String(format->SaveAs), {QStringLiteral("*.") + QLatin1String(format->Extension)}});
   }
   return filters;
 }
 
 int SaveAsFilterIndex(const QString& lowerCaseExtension) {
-  if (lowerCaseExtension == QLatin1String("jpeg") || lowerCaseExtension == QLatin1String("jif")) return 4;
-  for (int i = 0; i < int(std::size(kSaveAsFormats)); ++i) {
-    if (lowerCaseExtension == QLatin1String(kSaveAsFormats[i].Extension)) return i + 1;
+  const base::FileFormat* format = base::FindFileFormat(lowerCaseExtension);
+  if (format && format->SavedLike) format = base::FindFileFormat(QLatin1String(format->SavedLike));
+  const auto entries = base::SaveAsFormats();
+  for (size_t i = 0; format && i < entries.size(); ++i) {
+    if (entries[i] == format) return static_cast<int>(i) + 1;
   }
   return 0;
 }
 
 QString WithSaveAsExtension(const QString& path, int filterIndex) {
-  if (!QFileInfo(path).suffix().isEmpty() || filterIndex < 1 || filterIndex > int(std::size(kSaveAsFormats))) return path;
-  return path + u'.' + QLatin1String(kSaveAsFormats[filterIndex - 1].Extension);
+  const auto entries = base::SaveAsFormats();
+  if (!QFileInfo(path).suffix().isEmpty() || filterIndex < 1 || filterIndex > int(entries.size())) return path;
+  return path + u'.' + QLatin1String(entries[static_cast<size_t>(filterIndex - 1)]->Extension);
 }
 
 QStringList QtNameFilters(const std::vector<DialogFilter>& filters) {
@@ -98,10 +67,8 @@ QStringList QtNameFilters(const std::vector<DialogFilter>& filters) {
 }
 
 bool CannotBeWritten(const QString& lowerCaseExtension) {
-  static const QStringList kReadOnlyTypes = {QStringLiteral("cal"), QStringLiteral("cur"), QStringLiteral("emf"),
-                                             QStringLiteral("gif"), QStringLiteral("ico"), QStringLiteral("rle"),
-                                             QStringLiteral("wmf")};
-  return kReadOnlyTypes.contains(lowerCaseExtension);
+  const base::FileFormat* format = base::FindFileFormat(lowerCaseExtension);
+  return format && !format->Writable;
 }
 
 bool IsMarkedReadOnly(const QString& path) {

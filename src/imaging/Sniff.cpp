@@ -1,4 +1,5 @@
 #include "imaging/Sniff.h"
+#include "base/FileFormats.h"
 
 #include "imaging/emf/EmfReader.h"
 
@@ -15,12 +16,8 @@ bool Starts(const QByteArray& head, const char* magic, qsizetype length) {
 }  // namespace
 
 QString HelperCoderForExtension(const QString& ext) {
-  static const QHash<QString, QString> coders = {
-      {"bmp", "BMP"}, {"rle", "BMP"},   {"dib", "DIB"}, {"ico", "ICO"}, {"cur", "CUR"},  {"pcx", "PCX"},
-      {"dcx", "DCX"}, {"cal", "CALS"},  {"tga", "TGA"}, {"wpg", "WPG"}, {"wmf", "WMF"},  {"pbm", "PBM"},
-      {"pgm", "PGM"}, {"ppm", "PPM"}, {"emf", "EMF"},
-  };
-  return coders.value(ext);
+  const base::FileFormat* format = base::FindFileFormat(ext);
+  return format ? QLatin1String(format->HelperCoder) : QString();
 }
 
 Decision ChooseDecoder(const QByteArray& head, const QString& ext) {

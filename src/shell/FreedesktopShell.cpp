@@ -1,4 +1,5 @@
 #include "shell/FreedesktopShell.h"
+#include "base/FileFormats.h"
 
 #include "base/FileNames.h"
 #include "shell/DesktopKeyFile.h"
@@ -56,21 +57,17 @@ QStringList Entries(const std::optional<QString>& value) {
 }  // namespace
 
 const QStringList& FileTypeRows() {
-  static const QStringList kRows = {"bmp", "cal", "cur", "dib", "gif", "ico", "jpg;jpeg;jpe;jif", "pbm", "pcx;dcx",
-                                    "pgm", "png", "ppm", "rle", "tga", "tif", "wmf;emf", "wpg"};
+  static const QStringList kRows = [] {
+    QStringList rows;
+    for (const base::FileFormat* head : base::FormatGroups()) rows << QLatin1String(head->Group);
+    return rows;
+  }();
   return kRows;
 }
 
 QStringList MimeTypesOf(const QString& extension) {
-  static const std::map<QString, QStringList> kTypes = {
-      {"bmp", {"image/bmp"}}, {"dib", {"image/bmp"}}, {"cal", {"image/x-cals"}}, {"cur", {"image/x-win-bitmap"}},
-      {"gif", {"image/gif"}}, {"ico", {"image/vnd.microsoft.icon"}}, {"jpg", {"image/jpeg"}}, {"jpeg", {"image/jpeg"}},
-      {"jpe", {"image/jpeg"}}, {"jif", {"image/jpeg"}}, {"pbm", {"image/x-portable-bitmap"}},
-      {"pcx", {"image/vnd.zbrush.pcx"}}, {"dcx", {"image/x-dcx"}}, {"pgm", {"image/x-portable-graymap"}},
-      {"png", {"image/png"}}, {"ppm", {"image/x-portable-pixmap"}}, {"rle", {"image/rle"}}, {"tga", {"image/x-tga"}},
-      {"tif", {"image/tiff"}}, {"wmf", {"image/wmf"}}, {"emf", {"image/emf"}}, {"wpg", {"application/x-wpg"}}};
-  const auto found = kTypes.find(extension.trimmed().toLower());
-  return found == kTypes.end() ? QStringList() : found->second;
+  const base::FileFormat* format = base::FindFileFormat(extension.trimmed().toLower());
+  return format ? QStringList{QLatin1String(format->MimeType)} : QStringList();
 }
 
 FreedesktopShell::FreedesktopShell(QString program) : program_(std::move(program)) {}

@@ -1,0 +1,67 @@
+#include "base/FileFormats.h"
+
+namespace base {
+
+namespace {
+
+constexpr bool kScanned = true, kNotScanned = false, kWritable = true, kReadOnly = false;
+
+}  // namespace
+
+const std::vector<FileFormat>& FileFormats() {
+  static const std::vector<FileFormat> formats = {
+      {"bmp", "Bitmap image", "image/bmp", "BMP", kScanned, "bmp", "Bitmap (*.bmp)", kWritable},
+      {"cal", "Cals image", "image/x-cals", "CALS", kScanned, "cal", nullptr, kReadOnly},
+      {"cur", "Cursor", "image/x-win-bitmap", "CUR", kScanned, "cur", nullptr, kReadOnly},
+      {"dcx", "Paintbrush dcx image", "image/x-dcx", "DCX", kScanned, nullptr, "Paintbrush dcx (*.dcx)", kWritable},
+      {"dib", "Dib image", "image/bmp", "DIB", kScanned, "dib", "Dib (*.dib)", kWritable},
+      {"emf", "Enhanced metafile image", "image/emf", "EMF", kScanned, nullptr, nullptr, kReadOnly},
+      {"gif", "Gif image", "image/gif", "", kScanned, "gif", nullptr, kReadOnly},
+      {"ico", "Icon", "image/vnd.microsoft.icon", "ICO", kScanned, "ico", nullptr, kReadOnly},
+      {"jpe", "Jpeg image", "image/jpeg", "", kNotScanned, nullptr, nullptr, kWritable},
+      {"jpg", "Jpeg image", "image/jpeg", "", kScanned, "jpg;jpeg;jpe;jif", "Jpeg (*.jpg)", kWritable},
+      {"jpeg", "Jpeg image", "image/jpeg", "", kScanned, nullptr, nullptr, kWritable, "jpg"},
+      {"jif", "Jpeg image", "image/jpeg", "", kScanned, nullptr, nullptr, kWritable, "jpg"},
+      {"pbm", "Portable bitmap image", "image/x-portable-bitmap", "PBM", kScanned, "pbm", "Portable bitmap (*.pbm)", kWritable},
+      {"pcx", "Paintbrush pcx image", "image/vnd.zbrush.pcx", "PCX", kScanned, "pcx;dcx", "Paintbrush pcx (*.pcx)", kWritable},
+      {"pgm", "Portable graymap image", "image/x-portable-graymap", "PGM", kScanned, "pgm", "Portable graymap (*.pgm)", kWritable},
+      {"png", "Png image", "image/png", "", kScanned, "png", "Png (*.png)", kWritable},
+      {"ppm", "Portable pixmap image", "image/x-portable-pixmap", "PPM", kScanned, "ppm", "Portable pixmap (*.ppm)", kWritable},
+      {"rle", "Rle image", "image/rle", "BMP", kScanned, "rle", nullptr, kReadOnly},
+      {"tga", "Targa image", "image/x-tga", "TGA", kScanned, "tga", "Targa (*.tga)", kWritable},
+      {"tif", "Tiff image", "image/tiff", "", kScanned, "tif", "Tiff (*.tif)", kWritable},
+      {"wmf", "Windows metafile image", "image/wmf", "WMF", kScanned, "wmf;emf", nullptr, kReadOnly},
+      {"wpg", "Word Perfect graphic bitmap image", "application/x-wpg", "WPG", kScanned, "wpg",
+       "Word Perfect graphic bitmap (*.wpg)", kWritable},
+  };
+  return formats;
+}
+
+const FileFormat* FindFileFormat(const QString& lowerCaseExtension) {
+  for (const FileFormat& format : FileFormats()) {
+    if (lowerCaseExtension == QLatin1String(format.Extension)) return &format;
+  }
+  return nullptr;
+}
+
+std::vector<const FileFormat*> FormatGroups() {
+  std::vector<const FileFormat*> heads;
+  for (const FileFormat& format : FileFormats()) {
+    if (format.Group) heads.push_back(&format);
+  }
+  return heads;
+}
+
+QStringList GroupExtensions(const FileFormat& head) {
+  return head.Group ? QString::fromLatin1(head.Group).split(u';') : QStringList();
+}
+
+std::vector<const FileFormat*> SaveAsFormats() {
+  std::vector<const FileFormat*> entries;
+  for (const FileFormat& format : FileFormats()) {
+    if (format.SaveAs) entries.push_back(&format);
+  }
+  return entries;
+}
+
+}  // namespace base
