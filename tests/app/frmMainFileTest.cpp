@@ -202,21 +202,6 @@ TEST_F(frmMainFileTest, OpenFolderAsksAboutTheEditsOnlyOnceAFolderIsChosen) {
   EXPECT_EQ(Doc().CurrentFilePath(), config_.File(QStringLiteral("z.png")));
 }
 
-TEST_F(frmMainFileTest, ClearingTheRecentFoldersAsksFirst) {
-  Start(pictures_.Path());
-  settings::SettingsStore& stored = window_->State().Settings;
-  ASSERT_FALSE(stored.RecentFolders[0].isEmpty());  // the folder from the command line
-  {
-    DialogAnswerer no(QMessageBox::No);
-    Trigger("mnuToolsBorrarListaReciente");
-    EXPECT_EQ(no.Count(), 1);
-  }
-  EXPECT_FALSE(stored.RecentFolders[0].isEmpty());
-  DialogAnswerer yes(QMessageBox::Yes);
-  Trigger("mnuToolsBorrarListaReciente");
-  EXPECT_TRUE(stored.RecentFolders[0].isEmpty());
-}
-
 TEST_F(frmMainFileTest, SaveAsAsksBeforeReplacingAFileUnderTheCompletedName) {
   const QString existing = WriteGradient(pictures_, QStringLiteral("b.png"));
   const QByteArray before = ReadAll(existing);

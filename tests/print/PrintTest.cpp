@@ -1,5 +1,4 @@
 // Margins, the page layout and printing, judged from real PDFs with poppler's tools.
-#include "print/Margins.h"
 #include "print/PrintLayout.h"
 #include "print/frmImprimir.h"
 #include "print/frmMargen.h"
@@ -30,18 +29,6 @@
 namespace {
 
 const QSizeF kA4(595.28, 841.89);
-
-TEST(Margins, ConvertWithTwoDecimalsAndTheFactorOf2540003) {
-  const std::tuple<float, bool, float, float> cases[] = {
-      // typed, in centimetres?, inches, centimetres
-      {1.0f, false, 1.0f, 2.54f}, {2.54f, true, 1.0f, 2.54f}, {1.0f, true, 0.39f, 1.0f}, {0.7f, false, 0.7f, 1.78f}};
-  for (const auto& [typed, centimetres, inches, cm] : cases) {
-    const print::MarginValue value = print::MarginValue::From(typed, centimetres);
-    EXPECT_FLOAT_EQ(value.Inches, inches) << typed;
-    EXPECT_FLOAT_EQ(value.Centimetres, cm) << typed;
-  }
-  EXPECT_FLOAT_EQ(print::CentimetresFromInches(print::InchesFromCentimetres(1.0f)), 0.99f);  // there and back
-}
 
 // Where a picture lands on an A4 page, in points.
 TEST(PrintLayout, PlacesThePictureWithinTheMargins) {
