@@ -14,23 +14,21 @@ cp "$binary" "$work/vistrel"
 cp "$photo" "$work/photo.png"
 "$cli" apply "$photo" "$work/expected.png" Negative Rotate 90
 
-xvfb-run -a -s '-screen 0 1280x800x24' bash -c '
+source "$(dirname "$0")/window.sh"
+xvfb-run -a -s '-screen 0 1280x800x24' bash -c "$e2e_helpers"'
   "$1" "$2" 2>/dev/null &
   pid=$!
-  wid=$(timeout 20 xdotool search --sync --onlyvisible --name "Vistrel$" | head -n 1) || { kill $pid; exit 3; }
-  sleep 0.5
+  wid=$(timeout 20 xdotool search --sync --onlyvisible --name "^photo.png - Vistrel$" | head -n 1) || { kill $pid; exit 3; }
   xdotool windowfocus --sync "$wid" key --clearmodifiers alt+c n
-  sleep 0.5
+  until_title "$wid" "photo.png\* - Vistrel" || { kill $pid; exit 6; }  # Negative marks it changed
   xdotool key --clearmodifiers alt+i r
   timeout 10 xdotool search --sync --onlyvisible --name "^Rotate$" >/dev/null || { kill $pid; exit 4; }
   xdotool key --clearmodifiers ctrl+a type 90
   xdotool key --clearmodifiers Return
-  sleep 0.5
+  until_gone "^Rotate$" || { kill $pid; exit 7; }
   xdotool windowfocus --sync "$wid" key --clearmodifiers ctrl+s
-  sleep 0.5
-  xdotool key --clearmodifiers ctrl+q
-  for _ in $(seq 100); do kill -0 $pid 2>/dev/null || break; sleep 0.1; done
-  if kill -0 $pid 2>/dev/null; then kill $pid; exit 5; fi
+  until_title "$wid" "^photo.png - Vistrel$" || { kill $pid; exit 8; }  # saved: the mark goes
+  exit_program "$wid" $pid || { kill $pid; exit 5; }
   wait $pid' _ "$work/vistrel" "$work/photo.png" || { echo "FAIL: the program did not edit, save and close (exit $?)"; exit 1; }
 
 differing=$(compare -metric AE "$work/photo.png" "$work/expected.png" null: 2>&1 || true)
