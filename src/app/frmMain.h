@@ -5,10 +5,14 @@
 //   frmMain.cpp                 construction, start-up, placement and closing, layout
 //   frmMainWidgets.cpp          the widgets, the status bar panes and the document's signals
 //   frmMainCommandTable.cpp     every command declared once, the menus and the toolbar
-//   frmMainFileCommands.cpp     Open Folder, Open File, Save, Save As and the save question
+//   frmMainFileCommands.cpp     Open Folder, Open File, Save, Save As, the file commands
+//                               (Copy To, Move To, Rename, Delete, Properties), the document's
+//                               prompts and Print
+//   frmMainToolsCommands.cpp    Options, file types, the slide show and the wallpaper
 //   frmMainViewCommands.cpp     view modes, zoom and selection
-//   frmMainImageCommands.cpp    the editing operations, Undo, Redo and Copy
+//   frmMainImageCommands.cpp    the editing operations (from edit::Catalogue) and Copy
 //   frmMainList.cpp             the file list `lisLista` and its context menu
+//   frmOptions.cpp              the Options dialog
 
 #include "app/CommandTable.h"
 #include "browse/FileListModel.h"

@@ -159,15 +159,6 @@ TEST_F(frmMainFileCommandsTest, AFailedCopyOrMoveLosesNothing) {
   EXPECT_EQ(answerer.LastText(), QStringLiteral("Can't copy file. Destination file is as marked as read-only"));
 }
 
-TEST_F(frmMainFileCommandsTest, PropertiesOfAFileThatIsGoneSaysSo) {
-  StartOnFolderOf({"a.png", "b.png"});
-  QFile::remove(A());
-  DialogAnswerer answerer;
-  Trigger("mnuFileProperties");
-  EXPECT_EQ(answerer.LastText(), QStringLiteral("Can't find file"));
-  EXPECT_EQ(answerer.LastTitle(), QStringLiteral("Properties"));
-}
-
 // Across file systems a move is a copy checked against the source, then the source removed.
 TEST_F(frmMainFileCommandsTest, MoveToAnotherFileSystemCopiesChecksAndThenRemoves) {
   StartOnFolderOf({"a.png", "b.png"});

@@ -121,7 +121,7 @@ TEST_F(frmMainTest, DraggingTheSplitterStoresTheListWidthWithin30And360Pixels) {
   drag(500);
   EXPECT_EQ(window.State().Settings.SplitterPos, 360 * 15);
   window.close();
-  EXPECT_EQ(CrLfLines(ReadAll(SettingsPath()))[8], QStringLiteral("360"));
+  EXPECT_EQ(CrLfLines(ReadAll(SettingsPath()))[settings::LineIndex(QStringLiteral("SplitterPos"))], QStringLiteral("360"));
 }
 
 // Within each menu every command has its own access key, so a key press always runs it.

@@ -83,16 +83,6 @@ TEST(DialogModel, ResizeKeepsTheAspectWhenLocked) {
   EXPECT_EQ(relocked.Text(4), QStringLiteral("300"));
 }
 
-TEST(DialogModel, RotateButtonsPutTheirAngleInTheBox) {
-  DialogModel rotate = Dialog(edit::OperationId::Rotate);
-  EXPECT_TRUE(rotate.ButtonClicked(1));
-  EXPECT_EQ(std::tuple(rotate.Text(1), rotate.SliderValue(1)), std::tuple(QStringLiteral("-90"), -90));
-  rotate.ButtonClicked(3);
-  EXPECT_EQ(rotate.SliderValue(1), 180);
-  DialogModel brightness = Dialog(edit::OperationId::Brightness);
-  EXPECT_FALSE(brightness.ButtonClicked(1));
-}
-
 TEST(DialogModel, ABoxLinkedToNothingMovesNoSlider) {
   DialogModel model(edit::ParseDialogDescription(QStringLiteral("tex,1,1,4,0,con,1,3,10,0,10,5,1,")), {});
   model.Initialize();
