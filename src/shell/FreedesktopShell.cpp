@@ -78,14 +78,19 @@ QString FreedesktopShell::MimeAppsPath() const {
 
 QString FreedesktopShell::BackupPath() const { return DataHome() + QStringLiteral("/vistrel/defaults-before-vistrel"); }
 
-// An installed program brings its own vistrel.desktop; otherwise one is written for the user.
+// An installed program brings its own vistrel.desktop; otherwise one is written for the
+// user, claiming every type the program knows.
 void FreedesktopShell::EnsureDesktopFile() const {
   if (!QStandardPaths::locate(QStandardPaths::ApplicationsLocation, kDesktopId).isEmpty()) return;
+  QStringList types;
+  for (const base::FileFormat& format : base::FileFormats()) {
+    if (!types.contains(QLatin1String(format.MimeType))) types << QLatin1String(format.MimeType);
+  }
   Write(DataHome() + QStringLiteral("/applications/") + kDesktopId,
         QStringLiteral("[Desktop Entry]\nType=Application\nName=Vistrel\nComment=View and edit images\n"
                        "Exec=%1 %f\nIcon=vistrel\nTerminal=false\nCategories=Graphics;Viewer;\n"
-                       "MimeType=image/bmp;image/gif;image/jpeg;image/png;image/tiff;\n")
-            .arg(ExecProgram(program_))
+                       "MimeType=%2;\n")
+            .arg(ExecProgram(program_), types.join(u';'))
             .toUtf8());
 }
 
