@@ -201,6 +201,7 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   std::optional<edit::Arguments> AskParameters(const edit::CatalogueCommand& command);
   void CopyToClipboard();
   void ShowEditedImage(const imaging::Image& image, bool removeSelection);
+  static QImage InterimFrame(const edit::CatalogueCommand& command, const QImage& shown, const edit::Arguments& arguments);
 
   // frmMainList.cpp
   void BuildListView();
@@ -213,7 +214,8 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   document::AppState state_;
   browse::FileListModel list_;
   files::Prefetcher prefetcher_;
-  std::deque<widgets::BusyPointerGuard> documentBusy_;  // the document's busy scopes, innermost last
+  std::deque<widgets::BusyPointerGuard> documentBusy_;
+  QImage interimFrame_;  // while an edit is recorded: the frame to show until the exact one is made  // the document's busy scopes, innermost last
   document::Document document_;
   CommandTable commands_;
   QTreeView* lisLista_ = nullptr;

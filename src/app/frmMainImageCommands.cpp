@@ -35,6 +35,7 @@ void frmMain::RunCatalogueCommand(const edit::CatalogueCommand& command) {
     QMessageBox::warning(this, command.Undo(), QString::fromUtf8(command.SelectionMessage));
     return;
   }
+  const QImage shownFrame = picFondo_->ReducedFrame();
   edit::Arguments arguments;
   if (command.HasDialog()) {
     const auto chosen = AskParameters(command);
@@ -54,7 +55,17 @@ void frmMain::RunCatalogueCommand(const edit::CatalogueCommand& command) {
     ShowExclamation(QStringLiteral("Can't apply %1").arg(undoName), applied.Failure);
     return;
   }
+  interimFrame_ = InterimFrame(command, shownFrame, arguments);
   document_.ApplyEdit(*applied.Picture, undoName, command.ChangesGeometry());
+  interimFrame_ = QImage();
+}
+
+// A pointwise operation run on the frame shown gives the new frame at once; the exact one
+// follows off the UI thread. Null for the others.
+QImage frmMain::InterimFrame(const edit::CatalogueCommand& command, const QImage& shown, const edit::Arguments& arguments) {
+  if (!command.IsPointwise() || shown.isNull()) return {};
+  const edit::Applied quick = edit::TryApply(command, imaging::Image::FromQImage(shown), arguments);
+  return quick.Picture ? quick.Picture->ToQImage() : QImage();
 }
 
 // The parameter dialog with a live preview; the chosen values, or the ones the dialog
@@ -87,7 +98,7 @@ void frmMain::CopyToClipboard() {
 
 void frmMain::ShowEditedImage(const imaging::Image& image, bool removeSelection) {
   if (removeSelection) picFondo_->SelectNone();
-  picFondo_->ReplaceImage(image, document_.Natural());
+  picFondo_->ReplaceImage(image, document_.Natural(), interimFrame_);
 }
 
 }  // namespace app

@@ -39,6 +39,7 @@ enum Trait : unsigned {
   kNoTrait = 0,
   kChangesGeometry = 1,  // the size may change: the selection goes and the natural size is read again
   kRandomAccess = 2,     // reads its source out of order, so the streaming path cannot run it
+  kPointwise = 4,        // each pixel from itself alone: run on a reduced copy, it gives the reduced result
 };
 
 struct CatalogueCommand {
@@ -58,6 +59,7 @@ struct CatalogueCommand {
   // path can run.
   bool ReadsSourceInOrder() const { return (Traits & kRandomAccess) == 0; }
   bool HasDialog() const { return *DialogClass != 0; }
+  bool IsPointwise() const { return (Traits & kPointwise) != 0; }
   QString Undo() const { return QString::fromUtf8(UndoName); }
 };
 

@@ -1,6 +1,8 @@
 #include "view/ImageCanvas.h"
 
+#include <QFutureWatcher>
 #include <QMouseEvent>
+#include <QtConcurrent/QtConcurrentRun>
 #include <QPainter>
 #include <QPaintEvent>
 #include <QPixmap>
@@ -17,13 +19,19 @@ ImageCanvas::ImageCanvas(QWidget* parent) : QWidget(parent) {
 void ImageCanvas::SetImage(const std::optional<imaging::Image>& image, double pixelsPerImagePixel) {
   image_ = image;
   pixelsPerImagePixel_ = pixelsPerImagePixel;
+  ++generation_;
+  reducing_ = false;
   full_ = QImage();
   reduced_ = QImage();
   update();
 }
 
 void ImageCanvas::SetZoom(int percentage) {
-  if (percentage != percentage_) reduced_ = QImage();
+  if (percentage != percentage_) {
+    reduced_ = QImage();
+    ++generation_;
+    reducing_ = false;
+  }
   percentage_ = percentage;
   update();
 }
@@ -37,13 +45,39 @@ const QImage& ImageCanvas::Source() {
     return full_;
   }
   if (reduced_.isNull()) {
-    const double factor = percentage_ / 100.0 / pixelsPerImagePixel_;  // one image pixel a device pixel at 100 %
-    const int width = std::max(1, int(std::lround(image_->Width() * factor)));
-    const int height = std::max(1, int(std::lround(image_->Height() * factor)));
-    reduced_ = alpha ? image_->FitWithin(width, height).ToQImageWithAlpha()
-                     : image_->ReducedForDisplay(width, height).ToQImage();
+    const QSize size = ReducedSize();
+    reduced_ = alpha ? image_->FitWithin(size.width(), size.height()).ToQImageWithAlpha()
+                     : image_->ReducedForDisplay(size.width(), size.height()).ToQImage();
   }
   return reduced_;
+}
+
+QSize ImageCanvas::ReducedSize() const {
+  const double factor = percentage_ / 100.0 / pixelsPerImagePixel_;  // one image pixel a device pixel at 100 %
+  return {std::max(1, int(std::lround(image_->Width() * factor))), std::max(1, int(std::lround(image_->Height() * factor)))};
+}
+
+void ImageCanvas::ShowInterimFrame(const QImage& frame) {
+  if (!image_ || image_->HasAlpha() || percentage_ >= 100 || frame.size() != ReducedSize()) return;
+  reduced_ = frame;
+  update();
+  ReduceInBackground();
+}
+
+void ImageCanvas::ReduceInBackground() {
+  reducing_ = true;
+  auto* watcher = new QFutureWatcher<QImage>(this);
+  connect(watcher, &QFutureWatcher<QImage>::finished, this, [this, watcher, generation = generation_] {
+    watcher->deleteLater();
+    if (generation != generation_) return;  // another image or zoom since; its own paint reduces it
+    reducing_ = false;
+    reduced_ = watcher->result();
+    update();
+  });
+  const QSize size = ReducedSize();
+  watcher->setFuture(QtConcurrent::run([image = *image_, size] {
+    return image.ReducedForDisplay(size.width(), size.height()).ToQImage();
+  }));
 }
 
 namespace {

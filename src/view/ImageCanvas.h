@@ -24,6 +24,14 @@ class ImageCanvas : public QWidget {
   // of the whole image while that is read.
   void SetImage(const std::optional<imaging::Image>& image, double pixelsPerImagePixel = 1.0);
   void SetZoom(int percentage);
+  // Below 100 %: shows `frame`, the picture at the current zoom made a quicker way (an edit's
+  // operation run on the frame shown before it), at once; the exact reduction is made off
+  // the UI thread and takes its place when ready. A frame of another size is ignored.
+  void ShowInterimFrame(const QImage& frame);
+  // The reduced copy painted now; null at 100 % and above, or before the first paint.
+  const QImage& ReducedFrame() const { return reduced_; }
+  // No exact reduction is on its way.
+  bool FrameExact() const { return !reducing_; }
   // The selection outline, in image pixels; an empty rectangle hides it.
   void SetOutline(const QRect& imagePixels);
 
@@ -42,6 +50,8 @@ class ImageCanvas : public QWidget {
 
  private:
   const QImage& Source();
+  QSize ReducedSize() const;
+  void ReduceInBackground();
 
   std::optional<imaging::Image> image_;
   QImage full_;     // the image at 100 %, for zooms above it
@@ -49,6 +59,8 @@ class ImageCanvas : public QWidget {
   int percentage_ = 100;
   double pixelsPerImagePixel_ = 1.0;
   QRect outline_;
+  int generation_ = 0;  // of the image and zoom; a reduction made for an older one is dropped
+  bool reducing_ = false;
 };
 
 }  // namespace view

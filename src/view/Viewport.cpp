@@ -84,10 +84,15 @@ void Viewport::ShowStandIn(const imaging::Image& picture, base::NaturalSize natu
 }
 
 // An edit that keeps the size keeps the view where it was; one that changes it is placed anew.
-void Viewport::ReplaceImage(const imaging::Image& image, base::NaturalSize natural) {
+void Viewport::ReplaceImage(const imaging::Image& image, base::NaturalSize natural, const QImage& interim) {
   const bool sameSize = image_ && image_->Width() == image.Width() && image_->Height() == image.Height();
   Show(image, natural, fitRules_().AlwaysFit, sameSize ? Pending::ZoomStep : Pending::None);
+  if (!interim.isNull()) imaImagen_->ShowInterimFrame(interim);
 }
+
+const QImage& Viewport::ReducedFrame() const { return imaImagen_->ReducedFrame(); }
+
+bool Viewport::FrameExact() const { return imaImagen_->FrameExact(); }
 
 void Viewport::Show(const std::optional<imaging::Image>& image, base::NaturalSize natural, bool fit, Pending pending) {
   image_ = image;

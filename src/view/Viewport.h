@@ -39,8 +39,13 @@ class Viewport : public QWidget {
   // A reduced picture in the place of an image still being read, at the whole image's
   // size and zoom; SetImage replaces it.
   void ShowStandIn(const imaging::Image& picture, base::NaturalSize natural, bool fit);
-  // An edited, undone or redone image: the zoom and any selection stay.
-  void ReplaceImage(const imaging::Image& image, base::NaturalSize natural);
+  // An edited, undone or redone image: the zoom and any selection stay. `interim`, when
+  // given, is shown at once while the exact frame is made (ImageCanvas::ShowInterimFrame).
+  void ReplaceImage(const imaging::Image& image, base::NaturalSize natural, const QImage& interim = {});
+  // The picture as painted now below 100 % (null otherwise), to make an interim frame from.
+  const QImage& ReducedFrame() const;
+  // No exact frame is being made off the UI thread.
+  bool FrameExact() const;
 
   int Percentage() const { return percentage_; }
   // The apply-zoom sequence: store, size the control, set the pending flag, lay out.

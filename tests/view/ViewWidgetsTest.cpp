@@ -143,4 +143,28 @@ TEST(ImageCanvas, TransparencyIsDrawnOnACheckerboard) {
   }
 }
 
+// An interim frame shows at once and the exact reduction replaces it; one made for a zoom
+// that has changed since never lands, and a frame of the wrong size is ignored.
+TEST(ImageCanvas, AnInterimFrameGivesWayToTheExactOne) {
+  const imaging::Image photo = testing_support::Hopper();
+  QWidget parent;
+  view::ImageCanvas canvas(&parent);
+  canvas.SetImage(photo);
+  canvas.SetZoom(50);
+  canvas.grab();
+  const QImage exact = canvas.ReducedFrame();
+  QImage interim(exact.size(), QImage::Format_RGB32);
+  interim.fill(Qt::green);
+  canvas.ShowInterimFrame(interim.scaled(3, 3));
+  EXPECT_EQ(canvas.ReducedFrame(), exact);
+  canvas.ShowInterimFrame(interim);
+  EXPECT_EQ(QColor(canvas.grab().toImage().pixel(5, 5)), QColor(Qt::green));
+  ASSERT_TRUE(QTest::qWaitFor([&] { return canvas.FrameExact(); }, 5000));
+  EXPECT_EQ(canvas.ReducedFrame().convertToFormat(exact.format()), exact);
+  canvas.ShowInterimFrame(interim);
+  canvas.SetZoom(25);  // before the exact frame for 50 % is made
+  QTest::qWait(200);
+  EXPECT_TRUE(canvas.ReducedFrame().isNull());  // made again at the next paint, for 25 %
+}
+
 }  // namespace
