@@ -42,6 +42,20 @@ vips::VImage& BaseLevel(const Image& image, DisplayLevelCache& cache) {
 
 }  // namespace
 
+std::optional<vips::VImage> SmallestDisplayLevel(const Image& image) {
+  DisplayLevelCache& cache = *image.Internal().levels;
+  std::lock_guard lock(cache.mutex);
+  if (cache.levels.size() < 2) return std::nullopt;
+  return cache.levels.back();
+}
+
+void AdoptDisplayLevel(const Image& image, const vips::VImage& level) {
+  DisplayLevelCache& cache = *image.Internal().levels;
+  std::lock_guard lock(cache.mutex);
+  BaseLevel(image, cache);
+  if (level.width() < cache.levels.back().width()) cache.levels.push_back(level);
+}
+
 Image Image::ReducedForDisplay(int width, int height) const {
   width = std::clamp(width, 1, Width());
   height = std::clamp(height, 1, Height());

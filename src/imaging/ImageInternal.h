@@ -31,6 +31,12 @@ inline vips::VImage FlattenedOnWhite(const vips::VImage& image) {
 vips::VImage RowsIn(void* data, int width, int rows, int bands,
                     VipsInterpretation interpretation = VIPS_INTERPRETATION_sRGB);
 
+// The smallest reduction made for display so far, if any; and a reduction of the same pixels
+// given back to an image made again from them (a packed undo state unpacked), so that the
+// view it was shown at is ready at once.
+std::optional<vips::VImage> SmallestDisplayLevel(const Image& image);
+void AdoptDisplayLevel(const Image& image, const vips::VImage& level);
+
 // Reduced to exactly width x height (each at most the image's) with an adaptive Lanczos-3
 // kernel, in memory.
 vips::VImage ReduceTo(const vips::VImage& image, int width, int height);

@@ -3,6 +3,7 @@
 #include "imaging/ImageInternal.h"
 
 #include <QThread>
+#include <QtConcurrent/QtConcurrentMap>
 #include <QThreadPool>
 
 #include <zstd.h>
@@ -10,6 +11,7 @@
 #include <condition_variable>
 #include <cstring>
 #include <mutex>
+#include <numeric>
 #include <optional>
 #include <vector>
 
@@ -58,36 +60,59 @@ struct PackedImage::State {
   std::condition_variable Packed;
   std::optional<Image> Unpacked;  // until the worker is done
   std::weak_ptr<const Image::Pixels> Alive;  // the pixels packed, while someone else keeps them
-  QByteArray Data;
-  bool Compressed = true;  // false only if Zstandard failed: the pixels are kept as they are
+  // The rows in bands of kBandRows, each compressed on its own so that unpacking runs on
+  // every core; a band Zstandard failed on is kept as it is.
+  std::vector<QByteArray> PackedBands;
+  std::vector<bool> Compressed;
+  std::optional<vips::VImage> Frame;  // the smallest reduction it was shown at, kept whole
 };
 
 namespace {
 
-void PackInto(PackedImage::State& state, const Image& image) {
-  const vips::VImage& pixels = image.Internal().image;
-  const size_t rowBytes = size_t(state.Width) * size_t(state.Bands);
-  const size_t size = rowBytes * size_t(state.Height);
-  std::vector<unsigned char> filtered(size);
-  std::memcpy(filtered.data(), pixels.data(), size);
-  DifferenceRows(filtered.data(), rowBytes, size_t(state.Height), state.Bands);
+constexpr int kBandRows = 256;
 
+struct RowBand {
+  size_t Offset, Bytes, Rows;
+};
+
+std::vector<RowBand> RowBands(size_t rowBytes, int height) {
+  std::vector<RowBand> bands;
+  for (int top = 0; top < height; top += kBandRows) {
+    const size_t rows = size_t(std::min(kBandRows, height - top));
+    bands.push_back({size_t(top) * rowBytes, rows * rowBytes, rows});
+  }
+  return bands;
+}
+
+void PackInto(PackedImage::State& state, const Image& image) {
+  const auto* pixels = static_cast<const Byte*>(image.Internal().image.data());
+  const size_t rowBytes = size_t(state.Width) * size_t(state.Bands);
   ZSTD_CCtx* context = ZSTD_createCCtx();
   ZSTD_CCtx_setParameter(context, ZSTD_c_compressionLevel, kLevel);
   ZSTD_CCtx_setParameter(context, ZSTD_c_nbWorkers, 0);  // one core: the other paints
-  QByteArray data(qsizetype(ZSTD_compressBound(size)), Qt::Uninitialized);
-  const size_t written = ZSTD_compress2(context, data.data(), size_t(data.size()), filtered.data(), size);
-  ZSTD_freeCCtx(context);
-  const bool compressed = !ZSTD_isError(written);
-  if (compressed) {
-    data.resize(qsizetype(written));
-    data.squeeze();
-  } else {
-    data = QByteArray(reinterpret_cast<const char*>(pixels.data()), qsizetype(size));
+  std::vector<QByteArray> packed;
+  std::vector<bool> compressed;
+  std::vector<Byte> filtered;
+  for (const RowBand& band : RowBands(rowBytes, state.Height)) {
+    filtered.assign(pixels + band.Offset, pixels + band.Offset + band.Bytes);
+    DifferenceRows(filtered.data(), rowBytes, band.Rows, state.Bands);
+    QByteArray data(qsizetype(ZSTD_compressBound(band.Bytes)), Qt::Uninitialized);
+    const size_t written = ZSTD_compress2(context, data.data(), size_t(data.size()), filtered.data(), band.Bytes);
+    compressed.push_back(!ZSTD_isError(written));
+    if (compressed.back()) {
+      data.resize(qsizetype(written));
+      data.squeeze();
+    } else {
+      data = QByteArray(reinterpret_cast<const char*>(pixels + band.Offset), qsizetype(band.Bytes));
+    }
+    packed.push_back(std::move(data));
   }
+  ZSTD_freeCCtx(context);
+  std::optional<vips::VImage> frame = SmallestDisplayLevel(image);
   const std::lock_guard lock(state.Lock);
-  state.Data = std::move(data);
-  state.Compressed = compressed;
+  state.Frame = std::move(frame);
+  state.PackedBands = std::move(packed);
+  state.Compressed = std::move(compressed);
   state.Unpacked.reset();
   state.Packed.notify_all();
 }
@@ -124,31 +149,46 @@ PackedImage PackedImage::Pack(const Image& image) {
 qint64 PackedImage::Bytes() const {
   std::unique_lock lock(state_->Lock);
   state_->Packed.wait(lock, [this] { return !state_->Unpacked; });
-  return state_->Data.size();
+  qint64 bytes = 0;
+  for (const QByteArray& band : state_->PackedBands) bytes += band.size();
+  return bytes;
 }
 
 Image PackedImage::Unpack() const {
-  QByteArray data;
+  std::vector<QByteArray> packed;
+  std::vector<bool> compressed;
+  std::optional<vips::VImage> frame;
   {
     const std::lock_guard lock(state_->Lock);
     if (state_->Unpacked) return *state_->Unpacked;
     if (auto alive = state_->Alive.lock()) return Image(std::move(alive));  // with its display levels
-    data = state_->Data;  // shared, not copied
+    packed = state_->PackedBands;  // shared, not copied
+    compressed = state_->Compressed;
+    frame = state_->Frame;
   }
   const int bands = state_->Bands;
   const size_t rowBytes = size_t(width_) * size_t(bands);
   const size_t size = rowBytes * size_t(height_);
-  auto* pixels = static_cast<unsigned char*>(g_malloc(size));  // handed to libvips, which frees it
-  if (!state_->Compressed) {
-    std::memcpy(pixels, data.constData(), size);
-  } else if (ZSTD_isError(ZSTD_decompress(pixels, size, data.constData(), size_t(data.size())))) {
-    std::memset(pixels, 255, size);  // unreachable for our own data; never show uninitialised memory
-  } else {
-    AccumulateRows(pixels, rowBytes, size_t(height_), bands);
-  }
+  auto* pixels = static_cast<Byte*>(g_malloc(size));  // handed to libvips, which frees it
+  const std::vector<RowBand> rowBands = RowBands(rowBytes, height_);
+  std::vector<size_t> order(rowBands.size());
+  std::iota(order.begin(), order.end(), size_t{0});
+  QtConcurrent::blockingMap(order, [&](size_t i) {
+    const RowBand& band = rowBands[i];
+    Byte* target = pixels + band.Offset;
+    if (!compressed[i]) {
+      std::memcpy(target, packed[i].constData(), band.Bytes);
+    } else if (ZSTD_isError(ZSTD_decompress(target, band.Bytes, packed[i].constData(), size_t(packed[i].size())))) {
+      std::memset(target, 255, band.Bytes);  // unreachable for our own data; never show uninitialised memory
+    } else {
+      AccumulateRows(target, rowBytes, band.Rows, bands);
+    }
+  });
   // A 3- or 4-band uchar memory image is sRGB by libvips' default interpretation.
-  return Image::FromInternal(
+  const Image unpacked = Image::FromInternal(
       Image::Pixels{vips::VImage::new_from_memory_steal(pixels, size, width_, height_, bands, VIPS_FORMAT_UCHAR)});
+  if (frame) AdoptDisplayLevel(unpacked, *frame);
+  return unpacked;
 }
 
 }  // namespace imaging

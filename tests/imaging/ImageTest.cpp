@@ -85,7 +85,7 @@ TEST(PackedImage, UnpacksToExactlyThePixelsPacked) {
   EXPECT_LT(packed.Bytes(), qint64(photo.Width()) * photo.Height() * 3);
 }
 
-TEST(PackedImage, KeepsAlphaOddSizesAndASinglePixel) {
+TEST(PackedImage, KeepsAlphaOddSizesASinglePixelAndTallPictures) {
   QImage sprite(7, 3, QImage::Format_ARGB32);
   for (int x = 0; x < 7; ++x) {
     for (int y = 0; y < 3; ++y) sprite.setPixelColor(x, y, QColor(x * 30, y * 80, 200 - x * 20, x * 36));
@@ -98,6 +98,9 @@ TEST(PackedImage, KeepsAlphaOddSizesAndASinglePixel) {
   dot.setPixelColor(0, 0, QColor(1, 2, 3));
   const imaging::Image one = imaging::Image::FromQImage(dot);
   EXPECT_EQ(MeanAbsoluteDifference(PackedAlone(one).Unpack(), one), 0);
+  // Tall enough for several bands of rows, the last one short.
+  const imaging::Image tall = testing_support::Painted(5, 601, [](int x, int y) { return QColor(x * 50, y % 256, (x * y) % 256); });
+  EXPECT_EQ(MeanAbsoluteDifference(PackedAlone(tall).Unpack(), tall), 0);
 }
 
 }  // namespace
