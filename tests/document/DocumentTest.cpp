@@ -51,20 +51,6 @@ class DocumentTest : public ::testing::Test {
   testing_support::TempFolder folder_;
 };
 
-TEST_F(DocumentTest, AQuotedFolderOpensInListAndImageWithItsFirstEntryByItsRealName) {
-  folder_.WritePng(QStringLiteral("b.png"));
-  folder_.WritePng(QStringLiteral("A.PNG"));
-  QSignalSpy selected(&document_, &Document::ListRowSelected);
-  document_.OpenAtStartup(u'"' + folder_.Path() + QStringLiteral("/\""));
-  EXPECT_EQ(std::tuple(document_.Open().Kind, document_.Open().Folder, state_.Settings.RecentFolders[0]),
-            std::tuple(kOpenFolder, folder_.Path(), folder_.Path()));
-  EXPECT_EQ(document_.View(), ViewMode::ListAndImage);
-  EXPECT_EQ(list_.Entry(0).DisplayName, QStringLiteral("A.PNG"));
-  EXPECT_EQ(loaded_, QStringList{folder_.File(QStringLiteral("A.PNG"))});
-  EXPECT_EQ(selected.last().at(0).toInt(), 0);
-  EXPECT_TRUE(document_.ImageLoaded());
-}
-
 // A file opened on its own shows alone in the Image view, with its folder behind it: the
 // steps go through its neighbours and the file open follows them. A file the scan leaves
 // out stays alone.
@@ -137,20 +123,6 @@ TEST_F(DocumentTest, StartUpCases) {
     // Only a folder from the command line joins the recent folders.
     EXPECT_EQ(state_.Settings.RecentFolders[0].isEmpty(), c.commandLine.trimmed().isEmpty() || c.expectedKind != kOpenFolder);
   }
-}
-
-TEST_F(DocumentTest, UndoReturnsAnEntryOpenedFromTheListToItsLoadedPixels) {
-  OpenFolderOf({"a.png", "b.png"});
-  document_.ClickEntry(1);
-  const imaging::Image loaded = *document_.CurrentImage();
-  for (int i = 0; i < 2; ++i) document_.ApplyEdit(imaging::ops::Negative(*document_.CurrentImage()), QStringLiteral("Negative"));
-  document_.Undo();
-  document_.Undo();
-  EXPECT_EQ(MeanAbsoluteDifference(*document_.CurrentImage(), loaded), 0);
-  EXPECT_FALSE(document_.UndoHistory().CanUndo());
-  EXPECT_FALSE(document_.IsChanged());  // back at the file's own state
-  document_.Redo();
-  EXPECT_TRUE(document_.IsChanged());
 }
 
 TEST_F(DocumentTest, SteppingAnnouncesTheNearestNeighboursFirstAndAClickOnTheShownEntryReloadsNothing) {
