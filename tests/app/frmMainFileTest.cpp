@@ -161,45 +161,36 @@ TEST_F(frmMainFileTest, SaveAsInTheFolderSelectsTheNewFileAndOutsideItKeepsTheIm
   EXPECT_TRUE(Doc().IsChanged());
 }
 
-TEST_F(frmMainFileTest, OpenFileAsksAboutTheEditsOnlyOnceAFileIsChosenAndOpensItInItsFolder) {
-  WriteGradient(pictures_, QStringLiteral("a.png"));
-  Start(pictures_.Path());
+// Open File and Open Folder ask about the edits only once something is chosen; a file opens
+// in the Image view with its folder behind it.
+TEST_F(frmMainFileTest, OpenFileAndOpenFolderAskAboutTheEditsOnlyOnceSomethingIsChosen) {
+  Start(WriteGradient(pictures_, QStringLiteral("photo.png")));
+  QString chosen;  // the dialogs closed without a choice (fileAnswer_ is empty too)
+  window_->SetFolderChooser([&](QWidget*, settings::SettingsStore&, const QString&) { return chosen; });
   Trigger("mnuColorsNegative");
-  {
+  for (const char* command : {"mnuFileOpenFile", "mnuFileOpenFolder"}) {
     DialogAnswerer answerer(QMessageBox::No);
-    Trigger("mnuFileOpenFile");  // fileAnswer_ is empty: the user cancels the dialog
-    EXPECT_EQ(answerer.Count(), 0);
-    EXPECT_TRUE(Doc().IsChanged());
+    Trigger(command);
+    EXPECT_EQ(answerer.Count(), 0) << command;
+    EXPECT_TRUE(Doc().IsChanged()) << command;
   }
   fileAnswer_ = {WriteGradient(config_, QStringLiteral("other.png")), 1};
-  DialogAnswerer answerer(QMessageBox::No);
-  Trigger("mnuFileOpenFile");
-  EXPECT_EQ(answerer.Count(), 1);
-  EXPECT_EQ(window_->CurrentDocument().Open().File, fileAnswer_.Path);
-  EXPECT_EQ(Doc().View(), document::ViewMode::Image);
+  {
+    DialogAnswerer answerer(QMessageBox::No);
+    Trigger("mnuFileOpenFile");
+    EXPECT_EQ(answerer.LastText(), QStringLiteral("'photo.png' has changed. Do you want to save changes?"));
+  }
+  EXPECT_EQ(std::pair(Doc().Open().File, Doc().View()), std::pair(fileAnswer_.Path, document::ViewMode::Image));
   const QTreeView* list = Child<QTreeView>("lisLista");
   EXPECT_EQ(list->currentIndex().data().toString(), QStringLiteral("other.png"));
   EXPECT_EQ(list->model()->rowCount(), QDir(config_.Path()).entryList({"*.png"}).size());
-}
-
-TEST_F(frmMainFileTest, OpenFolderAsksAboutTheEditsOnlyOnceAFolderIsChosen) {
-  Start(WriteGradient(pictures_, QStringLiteral("photo.png")));
   Trigger("mnuColorsNegative");
-  QString chosen;  // the dialog closed without a choice
-  window_->SetFolderChooser([&](QWidget*, settings::SettingsStore&, const QString&) { return chosen; });
-  {
-    DialogAnswerer answerer(QMessageBox::No);
-    Trigger("mnuFileOpenFolder");
-    EXPECT_EQ(answerer.Count(), 0);
-    EXPECT_TRUE(Doc().IsChanged());
-  }
-  chosen = config_.Path();
-  WriteGradient(config_, QStringLiteral("z.png"));
+  chosen = pictures_.Path();
   DialogAnswerer answerer(QMessageBox::No);
   Trigger("mnuFileOpenFolder");
-  EXPECT_EQ(answerer.LastText(), QStringLiteral("'photo.png' has changed. Do you want to save changes?"));
+  EXPECT_EQ(answerer.LastText(), QStringLiteral("'other.png' has changed. Do you want to save changes?"));
   EXPECT_EQ(Doc().View(), document::ViewMode::ListAndImage);
-  EXPECT_EQ(Doc().CurrentFilePath(), config_.File(QStringLiteral("z.png")));
+  EXPECT_EQ(Doc().CurrentFilePath(), pictures_.File(QStringLiteral("photo.png")));
 }
 
 TEST_F(frmMainFileTest, SaveAsAsksBeforeReplacingAFileUnderTheCompletedName) {
