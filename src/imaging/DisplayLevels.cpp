@@ -46,7 +46,10 @@ std::optional<vips::VImage> SmallestDisplayLevel(const Image& image) {
   DisplayLevelCache& cache = *image.Internal().levels;
   std::lock_guard lock(cache.mutex);
   if (cache.levels.size() < 2) return std::nullopt;
-  return cache.levels.back();
+  // Kept beside a packed state only while it costs little next to the whole image.
+  const vips::VImage& smallest = cache.levels.back();
+  if (4.0 * smallest.width() * smallest.height() > double(image.Width()) * image.Height()) return std::nullopt;
+  return smallest;
 }
 
 void AdoptDisplayLevel(const Image& image, const vips::VImage& level) {

@@ -31,9 +31,9 @@ inline vips::VImage FlattenedOnWhite(const vips::VImage& image) {
 vips::VImage RowsIn(void* data, int width, int rows, int bands,
                     VipsInterpretation interpretation = VIPS_INTERPRETATION_sRGB);
 
-// The smallest reduction made for display so far, if any; and a reduction of the same pixels
-// given back to an image made again from them (a packed undo state unpacked), so that the
-// view it was shown at is ready at once.
+// The smallest reduction made for display so far, when it is at most a quarter of the image;
+// and such a reduction given back to an image made again from the same pixels (a packed undo
+// state unpacked), so that the view it was shown at is ready at once.
 std::optional<vips::VImage> SmallestDisplayLevel(const Image& image);
 void AdoptDisplayLevel(const Image& image, const vips::VImage& level);
 
