@@ -218,7 +218,7 @@ bool frmMain::RunSave() {
   return true;
 }
 
-// A file of several pages or of more than 8 bits per channel loses them when saved over:
+// A file of several pages, or of more bits per channel than the picture now has, loses them when saved over:
 // the user is told what goes and chooses Save, Save As or Cancel. Save when nothing goes.
 int frmMain::AskAboutWhatSavingDrops(const QString& path) {
   const imaging::SourceFacts facts = imaging::ReadSourceFacts(path);
@@ -227,9 +227,11 @@ int frmMain::AskAboutWhatSavingDrops(const QString& path) {
     had << QStringLiteral("%1 pages").arg(facts.Pages);
     kept << QStringLiteral("the first page only");
   }
-  if (facts.BitsPerChannel > 8) {
+  // A deep picture is written back at 16 bits; one an 8-bit edit made (a palette) is not.
+  const int keptBits = document_.CurrentImage() ? document_.CurrentImage()->BitsPerSample() : 8;
+  if (facts.BitsPerChannel > keptBits) {
     had << QStringLiteral("%1 bits per channel").arg(facts.BitsPerChannel);
-    kept << QStringLiteral("8 bits per channel");
+    kept << QStringLiteral("%1 bits per channel").arg(keptBits);
   }
   if (had.isEmpty()) return QMessageBox::Save;
   QMessageBox box(QMessageBox::Warning, QStringLiteral("Save"),

@@ -36,7 +36,8 @@ vips::VImage ReduceTo(const vips::VImage& image, int width, int height) {
 namespace {
 
 vips::VImage& BaseLevel(const Image& image, DisplayLevelCache& cache) {
-  if (cache.levels.empty()) cache.levels.push_back(image.OnWhite().Internal().image);
+  // A deep image's levels are 8-bit from the start: the screen shows no more.
+  if (cache.levels.empty()) cache.levels.push_back(image.OnWhite().EightBit().Internal().image);
   return cache.levels.front();
 }
 

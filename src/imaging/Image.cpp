@@ -2,6 +2,7 @@
 
 #include "imaging/ImageInternal.h"
 #include "imaging/RowAssembler.h"
+#include "imaging/Streaming.h"
 
 #include <QSize>
 
@@ -25,18 +26,30 @@ void Initialize() {
   });
 }
 
+vips::VImage AsSamples(const vips::VImage& image, VipsBandFormat format) {
+  const vips::VImage cast = image.format() == format ? image : image.cast(format);
+  const auto interpretation = format == VIPS_FORMAT_USHORT ? VIPS_INTERPRETATION_RGB16 : VIPS_INTERPRETATION_sRGB;
+  return cast.copy(vips::VImage::option()->set("interpretation", interpretation));
+}
+
+vips::VImage EightBitOf(const vips::VImage& image) {
+  if (!IsDeep(image)) return image;
+  // v >> 8 gives back exactly the 8-bit value a 16-bit sample was widened from (v * 257).
+  return AsSamples(image >> 8, VIPS_FORMAT_UCHAR);
+}
+
 vips::VImage Normalized(vips::VImage image) {
-  if (image.format() == VIPS_FORMAT_USHORT && image.interpretation() != VIPS_INTERPRETATION_RGB16 &&
-      image.interpretation() != VIPS_INTERPRETATION_GREY16) {
-    image = (image / 256).cast(VIPS_FORMAT_UCHAR);
-  }
-  image = image.colourspace(VIPS_INTERPRETATION_sRGB);
-  if (image.format() != VIPS_FORMAT_UCHAR) image = image.cast(VIPS_FORMAT_UCHAR);
+  const bool deep = image.format() == VIPS_FORMAT_USHORT && (image.interpretation() == VIPS_INTERPRETATION_RGB16 ||
+                                                             image.interpretation() == VIPS_INTERPRETATION_GREY16);
+  if (image.format() == VIPS_FORMAT_USHORT && !deep) image = (image / 256).cast(VIPS_FORMAT_UCHAR);
+  image = image.colourspace(deep ? VIPS_INTERPRETATION_RGB16 : VIPS_INTERPRETATION_sRGB);
+  const VipsBandFormat format = deep ? VIPS_FORMAT_USHORT : VIPS_FORMAT_UCHAR;
+  if (image.format() != format) image = image.cast(format);
   if (image.bands() > 4) image = image.extract_band(0, vips::VImage::option()->set("n", 4));
   const vips::VImage grey = image.extract_band(0);
   if (image.bands() == 1) image = grey.bandjoin({grey, grey});
   if (image.bands() == 2) image = grey.bandjoin({grey, grey, image.extract_band(1)});
-  return image.copy(vips::VImage::option()->set("interpretation", VIPS_INTERPRETATION_sRGB));
+  return AsSamples(image, format);
 }
 
 Image Wrap(vips::VImage image, bool onWhite) {
@@ -58,6 +71,13 @@ double Image::DotsPerInch() const {
 int Image::Width() const { return pixels_->image.width(); }
 int Image::Height() const { return pixels_->image.height(); }
 int Image::Bands() const { return pixels_->image.bands(); }
+int Image::BitsPerSample() const { return IsDeep(pixels_->image) ? 16 : 8; }
+
+Image Image::EightBit() const {
+  if (!IsDeep(pixels_->image)) return *this;
+  const vips::VImage eight = EightBitOf(pixels_->image);
+  return FromInternal(Pixels{StreamingScope::Active() ? eight : eight.copy_memory()});
+}
 
 namespace {
 
@@ -105,10 +125,10 @@ QImage Wrapped(const std::shared_ptr<const Image::Pixels>& pixels, int bands, QI
 
 }  // namespace
 
-QImage Image::ToQImage() const { return Wrapped(OnWhite().pixels_, 3, QImage::Format_RGB888); }
+QImage Image::ToQImage() const { return Wrapped(OnWhite().EightBit().pixels_, 3, QImage::Format_RGB888); }
 
 QImage Image::ToQImageWithAlpha() const {
-  return HasAlpha() ? Wrapped(pixels_, 4, QImage::Format_RGBA8888) : ToQImage();
+  return HasAlpha() ? Wrapped(EightBit().pixels_, 4, QImage::Format_RGBA8888) : ToQImage();
 }
 
 Image Image::FromQImage(const QImage& source) {

@@ -1,6 +1,8 @@
 #pragma once
-// The image value the rest of the program passes around: 8-bit sRGB with 3 bands, or
-// 4 with alpha. Cheap to copy (shared, immutable pixels). Only src/imaging/ sees libvips.
+// The image value the rest of the program passes around: sRGB with 3 bands, or 4 with
+// alpha, at 8 bits per sample, or 16 when it came from a 16-bit PNG or TIFF (edits keep
+// them where they can, saving keeps them where the format can). Cheap to copy (shared,
+// immutable pixels). Only src/imaging/ sees libvips.
 
 #include <QImage>
 #include <QString>
@@ -18,6 +20,10 @@ class Image {
   int Height() const;
   int Bands() const;
   bool HasAlpha() const { return Bands() == 4; }
+  // 8, or 16 for a deep image.
+  int BitsPerSample() const;
+  // The image at 8 bits per sample (itself when it already is).
+  Image EightBit() const;
   // The resolution the file records, in dots per inch; 0 when it records none.
   double DotsPerInch() const;
 

@@ -11,20 +11,30 @@ namespace imaging {
 struct DisplayLevelCache;
 
 struct Image::Pixels {
-  vips::VImage image;  // uchar sRGB, 3 or 4 bands, in memory
+  vips::VImage image;  // uchar sRGB or ushort RGB16, 3 or 4 bands, in memory
   std::shared_ptr<DisplayLevelCache> levels = MakeDisplayLevelCache();
 
   static std::shared_ptr<DisplayLevelCache> MakeDisplayLevelCache();
 };
 
-// Any decoded image to the form an Image holds: sRGB, 8 bits, 3 bands or 4 with alpha.
+// Any decoded image to the form an Image holds: sRGB, 3 bands or 4 with alpha, 16 bits
+// for a 16-bit RGB or grey file and 8 for everything else.
 vips::VImage Normalized(vips::VImage image);
+
+inline bool IsDeep(const vips::VImage& image) { return image.format() == VIPS_FORMAT_USHORT; }
+// The largest sample value: white.
+inline double WhiteOf(const vips::VImage& image) { return IsDeep(image) ? 65535.0 : 255.0; }
+// A pipeline's result labelled as an Image's pixels of that sample format.
+vips::VImage AsSamples(const vips::VImage& image, VipsBandFormat format);
+// The pixels at 8 bits per sample (the high byte of a 16-bit sample), still a pipeline.
+vips::VImage EightBitOf(const vips::VImage& image);
 
 // The image composited onto white (unchanged without alpha), still a pipeline.
 inline vips::VImage FlattenedOnWhite(const vips::VImage& image) {
   if (image.bands() != 4) return image;
-  return image.flatten(vips::VImage::option()->set("background", std::vector<double>{255, 255, 255}))
-      .cast(VIPS_FORMAT_UCHAR);
+  const double white = WhiteOf(image);
+  return image.flatten(vips::VImage::option()->set("background", std::vector<double>{white, white, white}))
+      .cast(image.format());
 }
 
 // Packed 8-bit rows in memory as an image, without a copy; the memory must outlive it.

@@ -25,7 +25,8 @@ using Byte = unsigned char;
 
 // In place: each sample becomes its difference from the same band one pixel to the left;
 // then red and blue become their differences from green, since the bands of a photograph
-// move together (a grey image leaves only zeros there).
+// move together (a grey image leaves only zeros there). A 16-bit image goes through the
+// same byte arithmetic with a pixel's bytes as its "bands": less tight, still exact.
 void DifferenceRows(Byte* pixels, size_t rowBytes, size_t rows, int bands) {
   for (size_t r = 0; r < rows; ++r) {
     Byte* row = pixels + r * rowBytes;
@@ -56,6 +57,8 @@ void AccumulateRows(Byte* pixels, size_t rowBytes, size_t rows, int bands) {
 
 struct PackedImage::State {
   int Width = 0, Height = 0, Bands = 3;
+  VipsBandFormat Format = VIPS_FORMAT_UCHAR;
+  int PixelBytes() const { return Bands * int(vips_format_sizeof(Format)); }
   std::mutex Lock;
   std::condition_variable Packed;
   std::optional<Image> Unpacked;  // until the worker is done
@@ -86,7 +89,7 @@ std::vector<RowBand> RowBands(size_t rowBytes, int height) {
 
 void PackInto(PackedImage::State& state, const Image& image) {
   const auto* pixels = static_cast<const Byte*>(image.Internal().image.data());
-  const size_t rowBytes = size_t(state.Width) * size_t(state.Bands);
+  const size_t rowBytes = size_t(state.Width) * size_t(state.PixelBytes());
   ZSTD_CCtx* context = ZSTD_createCCtx();
   ZSTD_CCtx_setParameter(context, ZSTD_c_compressionLevel, kLevel);
   ZSTD_CCtx_setParameter(context, ZSTD_c_nbWorkers, 0);  // one core: the other paints
@@ -95,7 +98,7 @@ void PackInto(PackedImage::State& state, const Image& image) {
   std::vector<Byte> filtered;
   for (const RowBand& band : RowBands(rowBytes, state.Height)) {
     filtered.assign(pixels + band.Offset, pixels + band.Offset + band.Bytes);
-    DifferenceRows(filtered.data(), rowBytes, band.Rows, state.Bands);
+    DifferenceRows(filtered.data(), rowBytes, band.Rows, state.PixelBytes());
     QByteArray data(qsizetype(ZSTD_compressBound(band.Bytes)), Qt::Uninitialized);
     const size_t written = ZSTD_compress2(context, data.data(), size_t(data.size()), filtered.data(), band.Bytes);
     compressed.push_back(!ZSTD_isError(written));
@@ -139,6 +142,7 @@ PackedImage PackedImage::Pack(const Image& image) {
   packed.state_->Width = image.Width();
   packed.state_->Height = image.Height();
   packed.state_->Bands = image.Bands();
+  packed.state_->Format = image.Internal().image.format();
   packed.state_->Unpacked = image;
   packed.state_->Alive = image.pixels_;
   // The worker keeps the state alive, even when the history lets it go first.
@@ -166,8 +170,8 @@ Image PackedImage::Unpack() const {
     compressed = state_->Compressed;
     frame = state_->Frame;
   }
-  const int bands = state_->Bands;
-  const size_t rowBytes = size_t(width_) * size_t(bands);
+  const int pixelBytes = state_->PixelBytes();
+  const size_t rowBytes = size_t(width_) * size_t(pixelBytes);
   const size_t size = rowBytes * size_t(height_);
   auto* pixels = static_cast<Byte*>(g_malloc(size));  // handed to libvips, which frees it
   const std::vector<RowBand> rowBands = RowBands(rowBytes, height_);
@@ -181,12 +185,11 @@ Image PackedImage::Unpack() const {
     } else if (ZSTD_isError(ZSTD_decompress(target, band.Bytes, packed[i].constData(), size_t(packed[i].size())))) {
       std::memset(target, 255, band.Bytes);  // unreachable for our own data; never show uninitialised memory
     } else {
-      AccumulateRows(target, rowBytes, band.Rows, bands);
+      AccumulateRows(target, rowBytes, band.Rows, pixelBytes);
     }
   });
-  // A 3- or 4-band uchar memory image is sRGB by libvips' default interpretation.
-  const Image unpacked = Image::FromInternal(
-      Image::Pixels{vips::VImage::new_from_memory_steal(pixels, size, width_, height_, bands, VIPS_FORMAT_UCHAR)});
+  const vips::VImage rows = vips::VImage::new_from_memory_steal(pixels, size, width_, height_, state_->Bands, state_->Format);
+  const Image unpacked = Image::FromInternal(Image::Pixels{AsSamples(rows, state_->Format)});
   if (frame) AdoptDisplayLevel(unpacked, *frame);
   return unpacked;
 }

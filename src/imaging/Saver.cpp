@@ -86,9 +86,9 @@ std::optional<VipsSaveSpec> VipsSaveSpecFor(const QString& ext, const SaveOption
     const int quality = options.JpegQuality();
     return VipsSaveSpec{".jpg", [quality] { return vips::VImage::option()->set("Q", quality); }, true, true};
   }
-  if (ext == "png") return VipsSaveSpec{".png", [] { return vips::VImage::option(); }};
+  if (ext == "png") return VipsSaveSpec{".png", [] { return vips::VImage::option(); }, false, false, true};
   if (ext == "tif" || ext == "tiff") {
-    return VipsSaveSpec{".tif", [] { return vips::VImage::option()->set("compression", "lzw"); }};
+    return VipsSaveSpec{".tif", [] { return vips::VImage::option()->set("compression", "lzw"); }, false, false, true};
   }
   if (ext == "ppm") return VipsSaveSpec{".ppm", [] { return vips::VImage::option(); }, true};
   return std::nullopt;
@@ -96,6 +96,7 @@ std::optional<VipsSaveSpec> VipsSaveSpecFor(const QString& ext, const SaveOption
 
 vips::VImage PreparedForVipsSave(const Image& image, const VipsSaveSpec& spec) {
   vips::VImage prepared = image.Internal().image;
+  if (!spec.HoldsSixteenBits) prepared = EightBitOf(prepared);
   if (spec.OnWhite) prepared = FlattenedOnWhite(prepared);
   prepared = prepared.copy();
   if (spec.Upright) prepared.set("orientation", 1);  // the pixels are upright; the rest of EXIF stays
@@ -111,20 +112,23 @@ std::optional<QByteArray> EncodeImage(const Image& image, const QString& ext, co
   if (const qint64 largest = LargestPixelsFor(ext); largest > 0 && qint64(image.Width()) * image.Height() > largest) {
     return std::nullopt;
   }
+  const auto spec = VipsSaveSpecFor(ext, options);
+  if (image.BitsPerSample() > 8 && spec && spec->HoldsSixteenBits) return WithVips(image, *spec);
+  const Image pixels = image.EightBit();  // every other writer takes 8 bits per sample
   if (ext == "ppm") {
-    const Image rgb = image.OnWhite();
+    const Image rgb = pixels.OnWhite();
     return PpmHeader(rgb) + PpmSamples(rgb).toByteArray();
   }
   if (options.PaletteBits > 0 && kPaletteFormats.contains(ext)) {
-    if (const QImage paletted = ToExactPalette(image, options.PaletteBits); !paletted.isNull()) {
+    if (const QImage paletted = ToExactPalette(pixels, options.PaletteBits); !paletted.isNull()) {
       return ThroughPalette(paletted, ext);
     }
   }
-  if (const auto spec = VipsSaveSpecFor(ext, options)) return WithVips(image, *spec);
-  if (ext == "bmp" || ext == "dib") return WithQt(image, "bmp");
-  if (ext == "pbm" || ext == "pgm") return WithQt(image, ext.toLatin1().constData());
-  if (ext == "tga" || ext == "pcx" || ext == "dcx") return HelperDecoder().Encode(image, ext.toUpper());
-  if (ext == "wpg") return EncodeWpg(image);
+  if (spec) return WithVips(pixels, *spec);
+  if (ext == "bmp" || ext == "dib") return WithQt(pixels, "bmp");
+  if (ext == "pbm" || ext == "pgm") return WithQt(pixels, ext.toLatin1().constData());
+  if (ext == "tga" || ext == "pcx" || ext == "dcx") return HelperDecoder().Encode(pixels, ext.toUpper());
+  if (ext == "wpg") return EncodeWpg(pixels);
   return std::nullopt;
 }
 
@@ -138,7 +142,7 @@ bool SaveImage(const Image& image, const QString& path, const SaveOptions& optio
   const auto target = base::WritableTarget(path);
   if (!target) return false;
   if (ext == "ppm") {  // straight from the pixels: no encoded copy
-    const Image rgb = image.OnWhite();
+    const Image rgb = image.EightBit().OnWhite();
     return WriteAtomically(*target, {PpmHeader(rgb), PpmSamples(rgb)});
   }
   const auto bytes = EncodeImage(image, ext, options);

@@ -16,12 +16,13 @@ struct VipsSaveSpec {
   std::function<vips::VOption*()> Options;  // fresh for each call (libvips consumes them)
   bool OnWhite = false;                     // the format has no alpha
   bool Upright = false;                     // mark the pixels upright (EXIF orientation 1)
+  bool HoldsSixteenBits = false;            // a deep image is written at 16 bits per sample
 };
 
 // nullopt for a format libvips does not write for us.
 std::optional<VipsSaveSpec> VipsSaveSpecFor(const QString& lowerCaseExtension, const SaveOptions& options);
 
-// The image as the saver takes it (alpha onto white, orientation), still unevaluated.
+// The image as the saver takes it (alpha onto white, depth, orientation), still unevaluated.
 vips::VImage PreparedForVipsSave(const Image& image, const VipsSaveSpec& spec);
 
 }  // namespace imaging

@@ -3,6 +3,8 @@
 // DialogAnswerer: a user's file is never lost or half-written.
 #include "support/DialogAnswerer.h"
 #include "files/FileDialogs.h"
+#include "imaging/Loader.h"
+#include "imaging/Operations.h"
 #include "support/MainWindowTest.h"
 
 #include <QDir>
@@ -60,15 +62,24 @@ TEST_F(frmMainFileTest, SavingOverPagesAndDeepColourAsksFirst) {
   {
     DialogAnswerer cancel(QMessageBox::Cancel);
     Trigger("mnuFileSave");
-    EXPECT_EQ(cancel.LastText(), QStringLiteral("scan.tif has 3 pages and 16 bits per channel. Saving over it keeps "
-                                                "the first page only, at 8 bits per channel."));
+    EXPECT_EQ(cancel.LastText(), QStringLiteral("scan.tif has 3 pages. Saving over it keeps the first page only."));
   }
   EXPECT_EQ(ReadAll(tiff), before);
-  DialogAnswerer saveAs(QMessageBox::SaveAll);
+  {
+    DialogAnswerer saveAs(QMessageBox::SaveAll);
+    Trigger("mnuFileSave");
+    EXPECT_EQ(requests_.size(), 1u);  // the Save As dialog, which the test cancels
+    EXPECT_EQ(ReadAll(tiff), before);
+    EXPECT_TRUE(Doc().IsChanged());
+  }
+  // Saved, the negative keeps its 16 bits; a palette of 256 colours then costs them, and says so.
+  DialogAnswerer save(QMessageBox::Save);
   Trigger("mnuFileSave");
-  EXPECT_EQ(requests_.size(), 1u);  // the Save As dialog, which the test cancels
-  EXPECT_EQ(ReadAll(tiff), before);
-  EXPECT_TRUE(Doc().IsChanged());
+  EXPECT_EQ(imaging::ReadSourceFacts(tiff).BitsPerChannel, 16);
+  EXPECT_EQ(imaging::LoadFile(tiff)->ToQImage().pixelColor(0, 0), QColor(0, 255, 255));
+  Doc().ApplyEdit(imaging::ops::ColorDepth(*Doc().CurrentImage(), 8), QStringLiteral("Colour depth"));
+  Trigger("mnuFileSave");
+  EXPECT_EQ(save.LastText(), QStringLiteral("scan.tif has 16 bits per channel. Saving over it keeps 8 bits per channel."));
 }
 
 // Undoing every edit leaves nothing to ask about when moving on.

@@ -3,10 +3,13 @@
 // states (lossless, smaller than the pixels for a photograph, alpha kept).
 #include "imaging/Image.h"
 #include "imaging/Loader.h"
+#include "imaging/Operations.h"
+#include "imaging/Saver.h"
 #include "imaging/PackedImage.h"
 #include "support/ImageCompare.h"
 
 #include <QColor>
+#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -72,8 +75,7 @@ TEST(DisplayLevels, AlphaIsCompositedOntoWhiteAndTheCopyOutlivesTheImage) {
 // A copy of `image` in pixels of its own, packed and let go, so that unpacking has only
 // the packed bytes to go on (once the worker is done).
 imaging::PackedImage PackedAlone(const imaging::Image& image) {
-  const imaging::PackedImage packed = imaging::PackedImage::Pack(imaging::Image::FromQImage(
-      image.HasAlpha() ? image.ToQImageWithAlpha().copy() : image.ToQImage().copy()));
+  const imaging::PackedImage packed = imaging::PackedImage::Pack(imaging::ops::Flip(imaging::ops::Flip(image)));
   (void)packed.Bytes();
   return packed;
 }
@@ -101,6 +103,55 @@ TEST(PackedImage, KeepsAlphaOddSizesASinglePixelAndTallPictures) {
   // Tall enough for several bands of rows, the last one short.
   const imaging::Image tall = testing_support::Painted(5, 601, [](int x, int y) { return QColor(x * 50, y % 256, (x * y) % 256); });
   EXPECT_EQ(MeanAbsoluteDifference(PackedAlone(tall).Unpack(), tall), 0);
+}
+
+// A 16-bit file keeps its 16 bits through the edits that can keep them, an undo state and a
+// save to PNG or TIFF; its values are not multiples of 257, so an 8-bit detour shows.
+QRgba64 DeepPixel(const QString& png) { return QImage(png).pixelColor(1, 1).rgba64(); }
+
+TEST(DeepImages, SixteenBitsSurviveEditsUndoStatesAndSaves) {
+  QTemporaryDir folder;
+  const QString source = folder.filePath(QStringLiteral("deep.png"));
+  QImage deep(4, 3, QImage::Format_RGBX64);
+  deep.fill(QColor::fromRgba64(1000, 30000, 65000));
+  ASSERT_TRUE(deep.save(source));
+  const imaging::Image image = imaging::LoadFile(source).value();
+  ASSERT_EQ(image.BitsPerSample(), 16);
+  EXPECT_EQ(image.ToQImage().pixelColor(0, 0), QColor(3, 117, 253));  // the screen gets the high byte
+
+  struct Case {
+    const char* Name;
+    imaging::Image Edited;
+    QString Saved;  // png or tif
+    int Bits, Tolerance;
+    quint16 Red, Green, Blue;
+  };
+  const Case cases[] = {
+      {"unedited, tiff", image, "tif", 16, 1, 1000, 30000, 65000},
+      {"negative", imaging::ops::Negative(image), "png", 16, 1, 64535, 35535, 535},
+      {"rotated, from an undo state", PackedAlone(imaging::ops::RotateQuarter(image, 1)).Unpack(), "tif", 16, 1, 1000, 30000, 65000},
+      {"brightness", imaging::ops::Brightness(image, 10), "png", 16, 1, 7554, 36554, 65535},
+      {"blurred", imaging::ops::Blur(image), "png", 16, 1, 1000, 30000, 65000},
+      {"a 256-colour palette is 8-bit", imaging::ops::ColorDepth(image, 8), "png", 8, 2 * 257, 3 * 257, 117 * 257, 253 * 257},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.Name);
+    EXPECT_EQ(c.Edited.BitsPerSample(), c.Bits);
+    const QString saved = folder.filePath(QStringLiteral("out.") + c.Saved);
+    ASSERT_TRUE(imaging::SaveImage(c.Edited, saved));
+    EXPECT_EQ(imaging::ReadSourceFacts(saved).BitsPerChannel, c.Bits);
+    const QString png = folder.filePath(QStringLiteral("back.png"));  // TIFF read by our loader, checked as PNG
+    ASSERT_TRUE(imaging::SaveImage(imaging::LoadFile(saved).value(), png));
+    const QRgba64 pixel = DeepPixel(png);
+    EXPECT_NEAR(pixel.red(), c.Red, c.Tolerance);
+    EXPECT_NEAR(pixel.green(), c.Green, c.Tolerance);
+    EXPECT_NEAR(pixel.blue(), c.Blue, c.Tolerance);
+  }
+  const QString jpeg = folder.filePath(QStringLiteral("out.jpg"));  // JPEG holds 8 bits: the high byte
+  ASSERT_TRUE(imaging::SaveImage(image, jpeg));
+  const QColor shown = QImage(jpeg).pixelColor(1, 1);
+  EXPECT_NEAR(shown.green(), 117, 2);
+  EXPECT_NEAR(shown.blue(), 253, 2);
 }
 
 }  // namespace

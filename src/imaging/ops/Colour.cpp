@@ -11,43 +11,47 @@ using detail::Clamp;
 
 Image Brightness(const Image& image, int amount) {
   const double offset = Clamp(amount, -100, 100) * 2.55;
-  return detail::ThroughCurve(image, [offset](int, int v) { return v + offset; });
+  return detail::ThroughCurve(image, [offset](int, double v) { return v + offset; });
 }
 
 Image Contrast(const Image& image, int amount) {
   amount = Clamp(amount, -100, 100);
   // Flat grey at -100, a threshold at mid-grey at 100.
   const double slope = amount <= 0 ? 1 + amount / 100.0 : amount == 100 ? 255.0 : 100.0 / (100 - amount);
-  return detail::ThroughCurve(image, [slope](int, int v) { return (v - 127.5) * slope + 127.5; });
+  return detail::ThroughCurve(image, [slope](int, double v) { return (v - 127.5) * slope + 127.5; });
 }
 
 Image Gamma(const Image& image, double gamma) {
   const double exponent = 1 / Clamp(gamma, 0.01, 10.0);
-  return detail::ThroughCurve(image, [exponent](int, int v) { return 255 * std::pow(v / 255.0, exponent); });
+  return detail::ThroughCurve(image, [exponent](int, double v) { return 255 * std::pow(v / 255.0, exponent); });
 }
 
 Image RedGreenBlue(const Image& image, int red, int green, int blue) {
   const double offsets[] = {Clamp(red, -100, 100) * 2.55, Clamp(green, -100, 100) * 2.55, Clamp(blue, -100, 100) * 2.55};
-  return detail::ThroughCurve(image, [&offsets](int band, int v) { return v + offsets[band]; });
+  return detail::ThroughCurve(image, [&offsets](int band, double v) { return v + offsets[band]; });
 }
 
 Image Solarize(const Image& image, int level) {
   const int threshold = 256 - Clamp(level, 0, 255);
-  return detail::ThroughCurve(image, [threshold](int, int v) { return v >= threshold ? 255 - v : v; });
+  return detail::ThroughCurve(image, [threshold](int, double v) { return v >= threshold ? 255 - v : v; });
 }
 
 Image Negative(const Image& image) {
-  return detail::ThroughCurve(image, [](int, int v) { return 255 - v; });
+  return detail::ThroughCurve(image, [](int, double v) { return 255 - v; });
 }
 
 Image Parabolic(const Image& image, bool concave) {
-  return detail::ThroughCurve(image, [concave](int, int v) {
+  return detail::ThroughCurve(image, [concave](int, double v) {
     const double t = v / 255.0;
     return 255 * (concave ? 1 - (1 - t) * (1 - t) : t * t);
   });
 }
 
 Image HueSaturationLuminance(const Image& image, int hue, int saturation, int luminance) {
+  // libvips' HSV has 8 bits: a deep image is turned at 8.
+  if (image.BitsPerSample() > 8 && (hue != 0 || saturation != 0)) {
+    return HueSaturationLuminance(image.EightBit(), hue, saturation, luminance);
+  }
   const double shift = Clamp(hue, -100, 100) * 1.28;  // 100 is half a turn of libvips' 256-step hue
   const double chroma = 1 + Clamp(saturation, -100, 100) / 100.0;
   const double light = Clamp(luminance, -100, 100) / 100.0;
@@ -55,7 +59,7 @@ Image HueSaturationLuminance(const Image& image, int hue, int saturation, int lu
     vips::VImage out = rgb;
     if (shift != 0 || chroma != 1) {  // skipped at neutral: the HSV round trip is not exact
       const vips::VImage lut = detail::CurveLut(
-          [=](int band, int v) {
+          [=](int band, double v) {
             if (band == 0) return std::fmod(std::round(v + shift) + 512, 256.0);
             return band == 1 ? v * chroma : double(v);
           });
@@ -65,7 +69,8 @@ Image HueSaturationLuminance(const Image& image, int hue, int saturation, int lu
                 .colourspace(VIPS_INTERPRETATION_sRGB);
     }
     if (light != 0) {  // towards white or black, as GIMP's lightness
-      out = out.maplut(detail::CurveLut([light](int, int v) { return light > 0 ? v + (255 - v) * light : v * (1 + light); }));
+      const auto curve = [light](int, double v) { return light > 0 ? v + (255 - v) * light : v * (1 + light); };
+      out = out.maplut(detail::CurveLut(curve, out.format()));
     }
     return out;
   });
@@ -96,8 +101,9 @@ Image RedEyeRemoval(const Image& image, const QRect& area) {
     // A pixel is red-eye where red dominates green and blue each by far: a strongly
     // saturated red. Skin (red over green by a third or so) and yellow (green as high as
     // red) are left alone.
-    const vips::VImage eye = (red > green * kRedEyeDominance) & (red > blue * kRedEyeDominance) & (red > 40);
-    vips::VImage fixed = eye.ifthenelse(rest.round(VIPS_OPERATION_ROUND_RINT), red).cast(VIPS_FORMAT_UCHAR);
+    const double dark = 40 * WhiteOf(in) / 255;
+    const vips::VImage eye = (red > green * kRedEyeDominance) & (red > blue * kRedEyeDominance) & (red > dark);
+    vips::VImage fixed = eye.ifthenelse(rest.round(VIPS_OPERATION_ROUND_RINT), red).cast(in.format());
     fixed = fixed.bandjoin(part.extract_band(1, vips::VImage::option()->set("n", part.bands() - 1)));
     return in.insert(fixed, inside.x(), inside.y());
   });

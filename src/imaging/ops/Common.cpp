@@ -6,15 +6,15 @@
 
 namespace imaging::ops::detail {
 
-Image Finish(const vips::VImage& result) {
-  vips::VImage out = result.format() == VIPS_FORMAT_UCHAR ? result : result.cast(VIPS_FORMAT_UCHAR);
-  out = out.copy(vips::VImage::option()->set("interpretation", VIPS_INTERPRETATION_sRGB));
+Image Finish(const vips::VImage& result, VipsBandFormat inputFormat) {
+  const vips::VImage out = AsSamples(result, result.format() == VIPS_FORMAT_UCHAR ? VIPS_FORMAT_UCHAR : inputFormat);
   return Image::FromInternal(Image::Pixels{StreamingScope::Active() ? out : out.copy_memory()});
 }
 
 Image OnWholeImage(const Image& image, const std::function<vips::VImage(const vips::VImage&)>& pipeline) {
   try {
-    return Finish(pipeline(image.Internal().image));
+    const vips::VImage& in = image.Internal().image;
+    return Finish(pipeline(in), in.format());
   } catch (const vips::VError& error) {
     vips_error_clear();
     // libvips says which step failed and why, one line each; the last says why.
@@ -29,32 +29,35 @@ Image OnColourBands(const Image& image, const std::function<vips::VImage(const v
   return OnWholeImage(image, [&pipeline](const vips::VImage& in) {
     if (in.bands() != 4) return pipeline(in);
     const vips::VImage colour = pipeline(in.extract_band(0, vips::VImage::option()->set("n", 3)));
-    return colour.cast(VIPS_FORMAT_UCHAR).bandjoin(in.extract_band(3));
+    return colour.cast(in.format()).bandjoin(in.extract_band(3));
   });
 }
 
-vips::VImage CurveLut(const ToneCurve& curve) {
+vips::VImage CurveLut(const ToneCurve& curve, VipsBandFormat format) {
   constexpr int bands = 3;
-  std::vector<double> table(static_cast<size_t>(256 * bands));
-  for (int value = 0; value < 256; ++value) {
+  const int entries = format == VIPS_FORMAT_USHORT ? 65536 : 256;
+  const double step = (entries - 1) / 255.0;  // 1, or 257 for 16 bits
+  std::vector<double> table(static_cast<size_t>(entries * bands));
+  for (int value = 0; value < entries; ++value) {
     for (int band = 0; band < bands; ++band) {
-      table[static_cast<size_t>(value * bands + band)] = Clamp(std::round(curve(band, value)), 0.0, 255.0);
+      const double mapped = std::round(curve(band, value / step) * step);
+      table[static_cast<size_t>(value * bands + band)] = Clamp(mapped, 0.0, double(entries - 1));
     }
   }
-  vips::VImage lut = vips::VImage::new_from_memory(table.data(), table.size() * sizeof(double), 256, 1, bands,
+  vips::VImage lut = vips::VImage::new_from_memory(table.data(), table.size() * sizeof(double), entries, 1, bands,
                                                    VIPS_FORMAT_DOUBLE);
-  return lut.cast(VIPS_FORMAT_UCHAR).copy_memory();
+  return lut.cast(format).copy_memory();
 }
 
 Image ThroughCurve(const Image& image, const ToneCurve& curve) {
-  return OnColourBands(image, [&curve](const vips::VImage& rgb) { return rgb.maplut(CurveLut(curve)); });
+  return OnColourBands(image, [&curve](const vips::VImage& rgb) { return rgb.maplut(CurveLut(curve, rgb.format())); });
 }
 
 Image Warp(const Image& image, const std::function<vips::VImage(const vips::VImage& x, const vips::VImage& y)>& source) {
   return OnWholeImage(image, [&source](const vips::VImage& in) {
     const vips::VImage xy = vips::VImage::xyz(in.width(), in.height()).cast(VIPS_FORMAT_FLOAT);
     const vips::VImage index = source(xy.extract_band(0), xy.extract_band(1)).cast(VIPS_FORMAT_FLOAT);
-    const std::vector<double> white(static_cast<size_t>(in.bands()), 255.0);
+    const std::vector<double> white(static_cast<size_t>(in.bands()), WhiteOf(in));
     return in.mapim(index, vips::VImage::option()
                                ->set("interpolate", vips::VInterpolate::new_from_name("bilinear"))
                                ->set("extend", VIPS_EXTEND_BACKGROUND)

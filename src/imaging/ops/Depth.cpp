@@ -144,7 +144,7 @@ vips::VImage Diffused(const vips::VImage& rgb, const Palette& palette) {
 }  // namespace
 
 Image ColorDepth(const Image& image, int bits) {
-  const Image flat = image.OnWhite();
+  const Image flat = image.OnWhite().EightBit();  // a palette of 8-bit colours
   if (bits != 1 && bits != 4 && bits != 8) return flat;
   return detail::OnWholeImage(flat, [bits](const vips::VImage& rgb) {
     const vips::VImage pixels = rgb.copy_memory();

@@ -26,7 +26,7 @@ Image Rotate(const Image& image, double degrees) {
   const double quarters = degrees / 90;
   if (quarters == std::round(quarters)) return RotateQuarter(image, static_cast<int>(quarters));  // exact, no resampling
   return detail::OnWholeImage(image, [degrees](const vips::VImage& in) {
-    const std::vector<double> white(static_cast<size_t>(in.bands()), 255.0);
+    const std::vector<double> white(static_cast<size_t>(in.bands()), WhiteOf(in));
     // A positive angle turns clockwise on screen in libvips as in the dialog ("Right").
     return in.rotate(degrees, vips::VImage::option()
                                    ->set("interpolate", vips::VInterpolate::new_from_name("bicubic"))

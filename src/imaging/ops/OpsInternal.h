@@ -10,8 +10,9 @@
 
 namespace imaging::ops::detail {
 
-// The pipeline's result as an Image: 8-bit sRGB, evaluated into memory.
-Image Finish(const vips::VImage& result);
+// The pipeline's result as an Image in memory: 8-bit when the pipeline made 8-bit
+// samples, else in the sample format of its input.
+Image Finish(const vips::VImage& result, VipsBandFormat inputFormat);
 
 // Runs `pipeline` on the whole image; a libvips error or a failed allocation throws
 // OperationFailed with the reason.
@@ -20,13 +21,15 @@ Image OnWholeImage(const Image& image, const std::function<vips::VImage(const vi
 // The same on the colour bands only; alpha is carried over untouched.
 Image OnColourBands(const Image& image, const std::function<vips::VImage(const vips::VImage&)>& pipeline);
 
-// A tone curve per colour band: curve(band, value) for value 0 .. 255, rounded and clamped.
-using ToneCurve = std::function<double(int band, int value)>;
+// A tone curve per colour band on the 0 .. 255 scale: curve(band, value), rounded and
+// clamped. A deep image goes through it at 16 bits (value in steps of 1/257).
+using ToneCurve = std::function<double(int band, double value)>;
 Image ThroughCurve(const Image& image, const ToneCurve& curve);
-vips::VImage CurveLut(const ToneCurve& curve);  // three bands
+vips::VImage CurveLut(const ToneCurve& curve, VipsBandFormat format = VIPS_FORMAT_UCHAR);  // three bands
 
 // A warp: `source(x, y)` gives, for the float coordinate images x and y of the result,
 // the two-band float image of where each result pixel comes from. Bilinear, white beyond.
+// (Any depth.)
 Image Warp(const Image& image, const std::function<vips::VImage(const vips::VImage& x, const vips::VImage& y)>& source);
 
 inline int Clamp(int value, int low, int high) { return std::clamp(value, low, high); }

@@ -51,7 +51,7 @@ Image Noise(const Image& image, int frequency, int intensity) {
         out[i] = hit ? static_cast<std::int16_t>(static_cast<int>((r >> 16) % std::uint64_t(2 * spread + 1)) - spread) : 0;
       }
     });
-    return rgb + noise;
+    return rgb + noise * (WhiteOf(rgb) / 255);
   });
 }
 
