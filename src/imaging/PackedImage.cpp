@@ -23,34 +23,43 @@ constexpr int kLevel = 1;  // the fastest; higher levels gain under 5 % on photo
 
 using Byte = unsigned char;
 
-// In place: each sample becomes its difference from the same band one pixel to the left;
-// then red and blue become their differences from green, since the bands of a photograph
-// move together (a grey image leaves only zeros there). A 16-bit image goes through the
+// In place: red and blue become their differences from green, since the bands of a
+// photograph move together (a grey image leaves only zeros there); then each row becomes
+// its difference from the row above (the first row of a band stays as it is). Unpacking
+// then adds whole rows, which the compiler vectorises. A 16-bit image goes through the
 // same byte arithmetic with a pixel's bytes as its "bands": less tight, still exact.
-void DifferenceRows(Byte* pixels, size_t rowBytes, size_t rows, int bands) {
-  for (size_t r = 0; r < rows; ++r) {
-    Byte* row = pixels + r * rowBytes;
-    for (size_t i = rowBytes - 1; i >= static_cast<size_t>(bands); --i) row[i] = Byte(row[i] - row[i - bands]);
-    for (size_t i = 0; i < rowBytes; i += size_t(bands)) {
-      row[i] = Byte(row[i] - row[i + 1]);
-      row[i + 2] = Byte(row[i + 2] - row[i + 1]);
-    }
+void FromGreen(Byte* row, size_t rowBytes, int bands) {
+  for (size_t i = 0; i < rowBytes; i += size_t(bands)) {
+    row[i] = Byte(row[i] - row[i + 1]);
+    row[i + 2] = Byte(row[i + 2] - row[i + 1]);
   }
 }
 
-// The inverse, in one pass: each pixel's bands are restored, then added to its left neighbour.
-void AccumulateRows(Byte* pixels, size_t rowBytes, size_t rows, int bands) {
-  const size_t step = size_t(bands);
-  for (size_t r = 0; r < rows; ++r) {
-    Byte* row = pixels + r * rowBytes;
-    for (size_t i = 0; i < rowBytes; i += step) {
-      Byte* pixel = row + i;
-      pixel[0] = Byte(pixel[0] + pixel[1]);
-      pixel[2] = Byte(pixel[2] + pixel[1]);
-      if (i == 0) continue;
-      for (size_t band = 0; band < step; ++band) pixel[band] = Byte(pixel[band] + (pixel - step)[band]);
-    }
+void ToGreen(Byte* row, size_t rowBytes, int bands) {
+  for (size_t i = 0; i < rowBytes; i += size_t(bands)) {
+    row[i] = Byte(row[i] + row[i + 1]);
+    row[i + 2] = Byte(row[i + 2] + row[i + 1]);
   }
+}
+
+void DifferenceRows(Byte* pixels, size_t rowBytes, size_t rows, int bands) {
+  for (size_t r = 0; r < rows; ++r) FromGreen(pixels + r * rowBytes, rowBytes, bands);
+  for (size_t r = rows; r-- > 1;) {
+    Byte* row = pixels + r * rowBytes;
+    const Byte* above = row - rowBytes;
+    for (size_t i = 0; i < rowBytes; ++i) row[i] = Byte(row[i] - above[i]);
+  }
+}
+
+// The inverse in one pass: each row is added to the one above, which then goes back to its bands.
+void AccumulateRows(Byte* pixels, size_t rowBytes, size_t rows, int bands) {
+  for (size_t r = 1; r < rows; ++r) {
+    Byte* row = pixels + r * rowBytes;
+    Byte* above = row - rowBytes;
+    for (size_t i = 0; i < rowBytes; ++i) row[i] = Byte(row[i] + above[i]);
+    ToGreen(above, rowBytes, bands);
+  }
+  if (rows > 0) ToGreen(pixels + (rows - 1) * rowBytes, rowBytes, bands);
 }
 
 }  // namespace
