@@ -201,7 +201,7 @@ std::optional<QByteArray> HelperDecoder::Convert(const QByteArray& bytes, const 
 }
 
 QByteArray ToPam(const Image& image) {
-  const Image eight = image.EightBit();
+  const Image eight = image.InSrgb();
   const vips::VImage& pixels = eight.Internal().image;
   QByteArray pam = QStringLiteral("P7\nWIDTH %1\nHEIGHT %2\nDEPTH %3\nMAXVAL 255\nTUPLTYPE %4\nENDHDR\n")
                        .arg(pixels.width())

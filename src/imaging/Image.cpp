@@ -39,6 +39,7 @@ vips::VImage EightBitOf(const vips::VImage& image) {
 }
 
 vips::VImage Normalized(vips::VImage image) {
+  image = WithUsableColours(image);
   const bool deep = image.format() == VIPS_FORMAT_USHORT && (image.interpretation() == VIPS_INTERPRETATION_RGB16 ||
                                                              image.interpretation() == VIPS_INTERPRETATION_GREY16);
   if (image.format() == VIPS_FORMAT_USHORT && !deep) image = (image / 256).cast(VIPS_FORMAT_UCHAR);
@@ -125,10 +126,10 @@ QImage Wrapped(const std::shared_ptr<const Image::Pixels>& pixels, int bands, QI
 
 }  // namespace
 
-QImage Image::ToQImage() const { return Wrapped(OnWhite().EightBit().pixels_, 3, QImage::Format_RGB888); }
+QImage Image::ToQImage() const { return Wrapped(OnWhite().InSrgb().pixels_, 3, QImage::Format_RGB888); }
 
 QImage Image::ToQImageWithAlpha() const {
-  return HasAlpha() ? Wrapped(EightBit().pixels_, 4, QImage::Format_RGBA8888) : ToQImage();
+  return HasAlpha() ? Wrapped(InSrgb().pixels_, 4, QImage::Format_RGBA8888) : ToQImage();
 }
 
 Image Image::FromQImage(const QImage& source) {

@@ -24,6 +24,11 @@ class Image {
   int BitsPerSample() const;
   // The image at 8 bits per sample (itself when it already is).
   Image EightBit() const;
+  // The ICC profile the pixels are in; empty when they are sRGB (stated or assumed).
+  QByteArray IccProfile() const;
+  // The colours in sRGB at 8 bits, through the profile: what the screen and a format
+  // without a profile get (the 8-bit image itself when it has no profile).
+  Image InSrgb() const;
   // The resolution the file records, in dots per inch; 0 when it records none.
   double DotsPerInch() const;
 
@@ -43,7 +48,7 @@ class Image {
   // ahead of the first paint and of zooming out.
   void WarmDisplayLevels(int smallestSide = 256) const;
 
-  // An 8-bit RGB copy for display (alpha composited onto white).
+  // An 8-bit sRGB copy for display (alpha composited onto white).
   QImage ToQImage() const;
   // The same with its alpha kept (RGBA), for drawing over a checkerboard.
   QImage ToQImageWithAlpha() const;

@@ -5,6 +5,8 @@
 
 #include <vips/vips8>
 
+#include <optional>
+
 namespace imaging {
 
 // Half-size reductions of an image for display, built on demand (DisplayLevels.cpp).
@@ -28,6 +30,17 @@ inline double WhiteOf(const vips::VImage& image) { return IsDeep(image) ? 65535.
 vips::VImage AsSamples(const vips::VImage& image, VipsBandFormat format);
 // The pixels at 8 bits per sample (the high byte of a 16-bit sample), still a pipeline.
 vips::VImage EightBitOf(const vips::VImage& image);
+
+// The embedded ICC profile travels with the pixels as libvips' "icc-profile-data" (ColourProfile.cpp).
+bool HasProfile(const vips::VImage& image);
+vips::VImage WithoutProfile(const vips::VImage& image);
+// A decoded image with a profile it can use, or none; CMYK and tagged grey turned into sRGB.
+vips::VImage WithUsableColours(const vips::VImage& image);
+// The colours in sRGB at 8 bits, in memory, without a profile.
+vips::VImage InSrgb(const vips::VImage& image);
+// The same through lcms2 for an RGB(A) image and its profile (SrgbTransform.cpp); nullopt
+// when lcms cannot read the profile.
+std::optional<vips::VImage> TransformedToSrgb(const vips::VImage& image, QByteArrayView profile);
 
 // The image composited onto white (unchanged without alpha), still a pipeline.
 inline vips::VImage FlattenedOnWhite(const vips::VImage& image) {

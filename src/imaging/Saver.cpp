@@ -84,19 +84,33 @@ int SaveOptions::JpegQuality() const { return std::clamp(100 - JpegLuminanceFact
 std::optional<VipsSaveSpec> VipsSaveSpecFor(const QString& ext, const SaveOptions& options) {
   if (ext == "jpg" || ext == "jpeg" || ext == "jif" || ext == "jpe") {
     const int quality = options.JpegQuality();
-    return VipsSaveSpec{".jpg", [quality] { return vips::VImage::option()->set("Q", quality); }, true, true};
+    return VipsSaveSpec{.Suffix = ".jpg",
+                        .Options = [quality] { return vips::VImage::option()->set("Q", quality); },
+                        .OnWhite = true,
+                        .Upright = true,
+                        .HoldsProfile = true};
   }
-  if (ext == "png") return VipsSaveSpec{".png", [] { return vips::VImage::option(); }, false, false, true};
+  if (ext == "png") {
+    return VipsSaveSpec{
+        .Suffix = ".png", .Options = [] { return vips::VImage::option(); }, .HoldsSixteenBits = true, .HoldsProfile = true};
+  }
   if (ext == "tif" || ext == "tiff") {
-    return VipsSaveSpec{".tif", [] { return vips::VImage::option()->set("compression", "lzw"); }, false, false, true};
+    return VipsSaveSpec{.Suffix = ".tif",
+                        .Options = [] { return vips::VImage::option()->set("compression", "lzw"); },
+                        .HoldsSixteenBits = true,
+                        .HoldsProfile = true};
   }
-  if (ext == "ppm") return VipsSaveSpec{".ppm", [] { return vips::VImage::option(); }, true};
+  if (ext == "ppm") return VipsSaveSpec{.Suffix = ".ppm", .Options = [] { return vips::VImage::option(); }, .OnWhite = true};
   return std::nullopt;
 }
 
 vips::VImage PreparedForVipsSave(const Image& image, const VipsSaveSpec& spec) {
   vips::VImage prepared = image.Internal().image;
-  if (!spec.HoldsSixteenBits) prepared = EightBitOf(prepared);
+  if (!spec.HoldsProfile) {
+    prepared = InSrgb(prepared);
+  } else if (!spec.HoldsSixteenBits) {
+    prepared = EightBitOf(prepared);
+  }
   if (spec.OnWhite) prepared = FlattenedOnWhite(prepared);
   prepared = prepared.copy();
   if (spec.Upright) prepared.set("orientation", 1);  // the pixels are upright; the rest of EXIF stays
@@ -114,7 +128,8 @@ std::optional<QByteArray> EncodeImage(const Image& image, const QString& ext, co
   }
   const auto spec = VipsSaveSpecFor(ext, options);
   if (image.BitsPerSample() > 8 && spec && spec->HoldsSixteenBits) return WithVips(image, *spec);
-  const Image pixels = image.EightBit();  // every other writer takes 8 bits per sample
+  // Every other writer takes 8 bits per sample, and sRGB unless the format holds the profile.
+  const Image pixels = spec && spec->HoldsProfile ? image.EightBit() : image.InSrgb();
   if (ext == "ppm") {
     const Image rgb = pixels.OnWhite();
     return PpmHeader(rgb) + PpmSamples(rgb).toByteArray();
@@ -142,7 +157,7 @@ bool SaveImage(const Image& image, const QString& path, const SaveOptions& optio
   const auto target = base::WritableTarget(path);
   if (!target) return false;
   if (ext == "ppm") {  // straight from the pixels: no encoded copy
-    const Image rgb = image.EightBit().OnWhite();
+    const Image rgb = image.InSrgb().OnWhite();
     return WriteAtomically(*target, {PpmHeader(rgb), PpmSamples(rgb)});
   }
   const auto bytes = EncodeImage(image, ext, options);

@@ -17,6 +17,7 @@ struct VipsSaveSpec {
   bool OnWhite = false;                     // the format has no alpha
   bool Upright = false;                     // mark the pixels upright (EXIF orientation 1)
   bool HoldsSixteenBits = false;            // a deep image is written at 16 bits per sample
+  bool HoldsProfile = false;                // the image's ICC profile is embedded; else sRGB is written
 };
 
 // nullopt for a format libvips does not write for us.

@@ -41,7 +41,7 @@ std::optional<QImage> Quantised(const Image& image) {
   try {
     void* data = nullptr;
     size_t size = 0;
-    image.OnWhite().EightBit().Internal().image.write_to_buffer(
+    image.OnWhite().InSrgb().Internal().image.write_to_buffer(
         ".png", &data, &size, vips::VImage::option()->set("palette", true)->set("bitdepth", 8)->set("dither", 1.0));
     QByteArray png = QByteArray::fromRawData(static_cast<const char*>(data), qsizetype(size));
     QBuffer buffer(&png);

@@ -1,0 +1,82 @@
+// From an image's own profile to sRGB with lcms2 directly: one 8- or 16-bit to 8-bit
+// transform (no float Lab stage in between), made once per profile and kept, run on a band
+// of rows per core. The screen's frames and thumbnails are small, so this is the one
+// per-image cost colour management adds.
+#include "imaging/ImageInternal.h"
+
+#include <QtConcurrent/QtConcurrentMap>
+
+#include <lcms2.h>
+
+#include <memory>
+#include <mutex>
+#include <numeric>
+#include <vector>
+
+namespace imaging {
+
+namespace {
+
+using Transform = std::shared_ptr<void>;  // a cmsHTRANSFORM
+
+struct Cached {
+  QByteArray Key;
+  Transform Made;
+};
+
+Transform Make(QByteArrayView profile, cmsUInt32Number inputFormat, cmsUInt32Number outputFormat) {
+  cmsHPROFILE source = cmsOpenProfileFromMem(profile.data(), cmsUInt32Number(profile.size()));
+  if (!source) return nullptr;
+  cmsHPROFILE srgb = cmsCreate_sRGBProfile();
+  // NOCACHE: one transform is run from several threads at once.
+  const cmsUInt32Number flags = cmsFLAGS_BLACKPOINTCOMPENSATION | cmsFLAGS_COPY_ALPHA | cmsFLAGS_NOCACHE;
+  cmsHTRANSFORM made = cmsCreateTransform(source, inputFormat, srgb, outputFormat, INTENT_RELATIVE_COLORIMETRIC, flags);
+  cmsCloseProfile(source);
+  cmsCloseProfile(srgb);
+  if (!made) return nullptr;
+  return Transform(made, [](void* transform) { cmsDeleteTransform(transform); });
+}
+
+// The transform for this profile and pixel layout, made on first use; a few are kept (the
+// images of one folder usually share their profile).
+Transform TransformFor(QByteArrayView profile, bool deep, bool alpha) {
+  static std::mutex lock;
+  static std::vector<Cached> cache;
+  const QByteArray key = profile.toByteArray() + char(deep) + char(alpha);
+  const std::lock_guard guard(lock);
+  for (const Cached& entry : cache) {
+    if (entry.Key == key) return entry.Made;
+  }
+  const cmsUInt32Number input = alpha ? (deep ? TYPE_RGBA_16 : TYPE_RGBA_8) : (deep ? TYPE_RGB_16 : TYPE_RGB_8);
+  Transform made = Make(profile, input, alpha ? TYPE_RGBA_8 : TYPE_RGB_8);
+  if (cache.size() == 8) cache.erase(cache.begin());
+  cache.push_back({key, made});
+  return made;
+}
+
+}  // namespace
+
+std::optional<vips::VImage> TransformedToSrgb(const vips::VImage& image, QByteArrayView profile) {
+  const bool deep = IsDeep(image), alpha = image.bands() == 4;
+  const Transform transform = TransformFor(profile, deep, alpha);
+  if (!transform) return std::nullopt;
+  const vips::VImage source = image.copy_memory();
+  const int width = source.width(), height = source.height(), bands = source.bands();
+  const size_t inRow = size_t(width) * size_t(bands) * (deep ? 2 : 1), outRow = size_t(width) * size_t(bands);
+  auto* out = static_cast<unsigned char*>(g_try_malloc(outRow * size_t(height)));
+  if (!out) return std::nullopt;
+  const auto* in = static_cast<const unsigned char*>(source.data());
+  constexpr int kRows = 64;
+  std::vector<int> tops((height + kRows - 1) / kRows);
+  std::iota(tops.begin(), tops.end(), 0);
+  QtConcurrent::blockingMap(tops, [&](int band) {
+    const int top = band * kRows, rows = std::min(kRows, height - top);
+    cmsDoTransformLineStride(transform.get(), in + inRow * size_t(top), out + outRow * size_t(top), cmsUInt32Number(width),
+                             cmsUInt32Number(rows), cmsUInt32Number(inRow), cmsUInt32Number(outRow), 0, 0);
+  });
+  const vips::VImage result = vips::VImage::new_from_memory_steal(out, outRow * size_t(height), width, height, bands,
+                                                                  VIPS_FORMAT_UCHAR);
+  return AsSamples(result, VIPS_FORMAT_UCHAR);
+}
+
+}  // namespace imaging
