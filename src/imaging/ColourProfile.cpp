@@ -5,6 +5,8 @@
 // compensation. CMYK and tagged grey images are turned into sRGB as they are decoded.
 #include "imaging/ImageInternal.h"
 
+#include <lcms2.h>
+
 namespace imaging {
 
 namespace {
@@ -80,6 +82,19 @@ vips::VImage InSrgb(const vips::VImage& image) {
     }
   }
   return WithoutProfile(EightBitOf(image));
+}
+
+QString ProfileSummary(const vips::VImage& image) {
+  const QByteArrayView profile = ProfileOf(image);
+  if (profile.isEmpty()) return IsCmyk(image) ? QStringLiteral("CMYK (standard press profile)") : QStringLiteral("sRGB (assumed)");
+  if (!Describes(image, profile)) return QStringLiteral("unusable, sRGB assumed");
+  cmsHPROFILE opened = cmsOpenProfileFromMem(profile.data(), cmsUInt32Number(profile.size()));
+  if (!opened) return QStringLiteral("unusable, sRGB assumed");
+  char text[256] = {};
+  cmsGetProfileInfoASCII(opened, cmsInfoDescription, "en", "US", text, sizeof text);
+  cmsCloseProfile(opened);
+  const QString description = QString::fromLatin1(text).trimmed();
+  return description.isEmpty() ? QStringLiteral("embedded") : description;
 }
 
 QByteArray Image::IccProfile() const { return ProfileOf(pixels_->image).toByteArray(); }

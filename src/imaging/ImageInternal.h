@@ -36,6 +36,8 @@ bool HasProfile(const vips::VImage& image);
 vips::VImage WithoutProfile(const vips::VImage& image);
 // A decoded image with a profile it can use, or none; CMYK and tagged grey turned into sRGB.
 vips::VImage WithUsableColours(const vips::VImage& image);
+// What Properties says of the file's colours: the profile's description, or how they are taken.
+QString ProfileSummary(const vips::VImage& image);
 // The colours in sRGB at 8 bits, in memory, without a profile.
 vips::VImage InSrgb(const vips::VImage& image);
 // The same through lcms2 for an RGB(A) image and its profile (SrgbTransform.cpp); nullopt

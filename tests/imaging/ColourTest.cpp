@@ -3,6 +3,7 @@
 // the managed sRGB result; a tagged JPEG saved again keeps its profile byte for byte; a
 // damaged profile counts as sRGB.
 #include "imaging/Loader.h"
+#include "imaging/Metadata.h"
 #include "imaging/Saver.h"
 #include "support/ImageCompare.h"
 #include "support/TestFiles.h"
@@ -70,6 +71,14 @@ TEST(ColourManagement, TaggedPicturesShowAndSaveAsTheirManagedSrgb) {
             kWithinOnePercent);
 }
 
+// What Properties says of the colours.
+QString ProfileRow(const QString& path) {
+  for (const auto& [name, value] : imaging::ReadPhotoMetadata(path)) {
+    if (name == QStringLiteral("Colour profile")) return value;
+  }
+  return {};
+}
+
 // A profile lcms cannot read (its signature broken) leaves the picture as sRGB values.
 TEST(ColourManagement, ADamagedProfileCountsAsSrgb) {
   testing_support::TempFolder folder;
@@ -85,6 +94,10 @@ TEST(ColourManagement, ADamagedProfileCountsAsSrgb) {
   Vips({"copy", tagged, untagged + "[strip]"});
   const auto shown = imaging::LoadFile(damaged);
   ASSERT_TRUE(shown.has_value());
+  EXPECT_EQ(ProfileRow(damaged), QStringLiteral("unusable, sRGB assumed"));
+  EXPECT_EQ(ProfileRow(untagged), QStringLiteral("sRGB (assumed)"));
+  const QString described = ProfileRow(tagged);  // the profile's own description
+  EXPECT_FALSE(described.isEmpty() || described.contains(QStringLiteral("sRGB"))) << described.toStdString();
   EXPECT_TRUE(shown->IccProfile().isEmpty());
   EXPECT_EQ(testing_support::MeanAbsoluteDifference(imaging::Image::FromQImage(shown->ToQImage()),
                                                     imaging::LoadFile(untagged).value()), 0);
