@@ -33,7 +33,8 @@ frmMain::frmMain(QString settingsPath, QWidget* parent)
       prefetcher_([this](const QString& path) { return files::LoadImageFile(path, state_.Metrics); }, kPrefetchBudget,
                   [](const imaging::Image& picture) { picture.WarmDisplayLevels(); }),
       document_(state_, list_, *this, [this](const QString& path) { return prefetcher_.Take(path); }),
-      commands_(this) {
+      commands_(this),
+      screenColour_(*this, state_.Settings) {
   setObjectName(QStringLiteral("frmMain"));
   setWindowTitle(QStringLiteral("Vistrel"));
   widgets::InstallHelpWindow(this);
@@ -44,6 +45,10 @@ frmMain::frmMain(QString settingsPath, QWidget* parent)
   ConnectDocument();
   ConnectViewport();
   ConnectThumbnails();
+  connect(&screenColour_, &ScreenColourTracker::Changed, this, [this] {
+    picFondo_->RemakeFrames();
+    if (document_.FolderOpen() && document_.View() == document::ViewMode::Thumbnails) ShowThumbnails();
+  });
 }
 
 void frmMain::RunStartup(const QString& commandLine) {
@@ -57,6 +62,7 @@ document::StartupEnd frmMain::StartUp(const QString& commandLine) {
   RefreshScreenMetrics();
   state_.LoadDefaultSettings();
   settings::ReadSettingsFile(settingsPath_, state_.Metrics, state_.Settings);
+  screenColour_.Refresh();
   ShowImage(nullptr);
   RefreshStatusBar({});
   PlaceWindow();

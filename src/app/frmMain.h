@@ -15,6 +15,7 @@
 //   frmOptions.cpp              the Options dialog
 
 #include "app/CommandTable.h"
+#include "app/ScreenColourTracker.h"
 #include "browse/FileListModel.h"
 #include "document/AppState.h"
 #include "document/Document.h"
@@ -214,10 +215,11 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   document::AppState state_;
   browse::FileListModel list_;
   files::Prefetcher prefetcher_;
-  std::deque<widgets::BusyPointerGuard> documentBusy_;
-  QImage interimFrame_;  // while an edit is recorded: the frame to show until the exact one is made  // the document's busy scopes, innermost last
+  std::deque<widgets::BusyPointerGuard> documentBusy_;  // the document's busy scopes, innermost last
+  QImage interimFrame_;  // while an edit is recorded: the frame to show until the exact one is made
   document::Document document_;
   CommandTable commands_;
+  ScreenColourTracker screenColour_;
   QTreeView* lisLista_ = nullptr;
   QSplitter* splitter_ = nullptr;
   view::Viewport* picFondo_ = nullptr;

@@ -34,11 +34,13 @@ bool AskYesNo(QWidget* parent, const QString& title, const QString& question) {
 void frmMain::RunOptions() {
   app::frmOptions options(state_.Settings, {shell::FolderEntryExists, shell::SetFolderEntry, shell::FolderEntryUnavailable()},
                               chooseColour_, this);
+  options.SetScreenProfileInUse(screenColour_.InUse());
   const bool accepted = runOptions_(options) == QDialog::Accepted;
   QCoreApplication::processEvents();  // the dialog's area is drawn again before the busy work
   if (!accepted) return;
   widgets::BusyPointerGuard busy;
   picFondo_->SetBackground(base::ColorFromBgr(state_.Settings.ColorImage));
+  screenColour_.Refresh();
   if (options.ThumbColorChanged() && document_.FolderOpen() &&
       document_.View() == document::ViewMode::Thumbnails) {
     ShowThumbnails();

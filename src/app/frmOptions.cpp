@@ -8,6 +8,10 @@
 #include <QBoxLayout>
 #include <QCheckBox>
 #include <QColorDialog>
+#include <QComboBox>
+#include <QFileDialog>
+#include <QGroupBox>
+#include <QLineEdit>
 #include <QFrame>
 #include <QGridLayout>
 #include <QKeyEvent>
@@ -93,8 +97,39 @@ QWidget* frmOptions::ViewPage() {
     connect(box, &QCheckBox::clicked, this, [this] { viewBarsChanged_ = true; });
   }
   chkEnlarge_ = Named(new QCheckBox(QStringLiteral("&Enlarge small images to fit the window")), QStringLiteral("chkEnlarge"));
-  return Page(2, {chkViewToolbar_, chkViewStatusBar_, chkEnlarge_});
+  return Page(2, {chkViewToolbar_, chkViewStatusBar_, chkEnlarge_, ColourGroup()});
 }
+
+// The pictures' colours: managed or not, the intent, the screen profile in use and the file
+// used when the display publishes none.
+QWidget* frmOptions::ColourGroup() {
+  auto* group = Named(new QGroupBox(QStringLiteral("Colours")), QStringLiteral("fraColours"));
+  chkColourManaged_ = Named(new QCheckBox(QStringLiteral("&Manage colours (the picture's profile and the screen's)")),
+                            QStringLiteral("chkColourManaged"));
+  cboIntent_ = Named(new QComboBox, QStringLiteral("cboIntent"));
+  cboIntent_->addItems({QStringLiteral("Relative colorimetric"), QStringLiteral("Perceptual")});
+  lblScreenProfile_ = Named(new QLabel, QStringLiteral("lblScreenProfile"));
+  txtScreenProfile_ = Named(new QLineEdit, QStringLiteral("txtScreenProfile"));
+  txtScreenProfile_->setPlaceholderText(QStringLiteral("none: sRGB"));
+  auto* browse = Named(new QPushButton(QStringLiteral("&Browse...")), QStringLiteral("cmdScreenProfile"));
+  connect(browse, &QPushButton::clicked, this, [this] {
+    const QString chosen = QFileDialog::getOpenFileName(this, QStringLiteral("Screen Profile"), txtScreenProfile_->text(),
+                                                        QStringLiteral("ICC profiles (*.icc *.icm)"));
+    if (!chosen.isEmpty()) txtScreenProfile_->setText(chosen);
+  });
+  auto* grid = new QGridLayout(group);
+  grid->addWidget(chkColourManaged_, 0, 0, 1, 3);
+  grid->addWidget(new QLabel(QStringLiteral("Intent:")), 1, 0);
+  grid->addWidget(cboIntent_, 1, 1, 1, 2);
+  grid->addWidget(new QLabel(QStringLiteral("Screen profile:")), 2, 0);
+  grid->addWidget(lblScreenProfile_, 2, 1, 1, 2);
+  grid->addWidget(new QLabel(QStringLiteral("Profile file:")), 3, 0);
+  grid->addWidget(txtScreenProfile_, 3, 1);
+  grid->addWidget(browse, 3, 2);
+  return group;
+}
+
+void frmOptions::SetScreenProfileInUse(const QString& text) { lblScreenProfile_->setText(text); }
 
 QWidget* frmOptions::ColoursPage() {
   auto* page = Named(new QWidget, QStringLiteral("picPestana(3)"));
@@ -139,6 +174,9 @@ void frmOptions::Load() {
   chkViewToolbar_->setChecked(s.ShowToolbar);
   chkViewStatusBar_->setChecked(s.ShowStatusBar);
   chkEnlarge_->setChecked(s.EnlargeSmallImages);
+  chkColourManaged_->setChecked(s.ColourManaged);
+  cboIntent_->setCurrentIndex(s.PerceptualIntent ? 1 : 0);
+  txtScreenProfile_->setText(s.ScreenProfileFile);
   SetSwatch(0, base::ColorFromBgr(s.ColorImage));
   SetSwatch(1, base::ColorFromBgr(s.ColorThumbnails));
   SetSwatch(2, base::ColorFromBgr(s.ColorFullScreen));
@@ -170,6 +208,9 @@ void frmOptions::Restore() {
   for (int i = 0; i < 3; ++i) SetSwatch(i, kDefaultColours[i]);
   thumbColorChanged_ = true;
   for (QCheckBox* box : {chkReciente_, chkConfirma_, chkExplorer_, chkEnlarge_}) box->setChecked(false);
+  chkColourManaged_->setChecked(true);
+  cboIntent_->setCurrentIndex(0);
+  txtScreenProfile_->clear();
 }
 
 void frmOptions::Accept() {
@@ -179,6 +220,9 @@ void frmOptions::Accept() {
   s.ShowToolbar = chkViewToolbar_->isChecked();
   s.ShowStatusBar = chkViewStatusBar_->isChecked();
   s.EnlargeSmallImages = chkEnlarge_->isChecked();
+  s.ColourManaged = chkColourManaged_->isChecked();
+  s.PerceptualIntent = cboIntent_->currentIndex() == 1;
+  s.ScreenProfileFile = txtScreenProfile_->text().trimmed();
   s.ColorImage = base::BgrFromColor(colours_[0]);
   s.ColorThumbnails = base::BgrFromColor(colours_[1]);
   s.ColorFullScreen = base::BgrFromColor(colours_[2]);

@@ -1,6 +1,6 @@
 #pragma once
 // frmOptions, "Options": the user settings not set elsewhere, on five tabs (Start, Open
-// Folder, View, Background Colors, General). OK stores them in memory (the settings file
+// Folder, View, Background Colors, General); colour management sits on the View tab. OK stores them in memory (the settings file
 // is written at exit); Cancel, Esc and the close box change nothing; Restore resets the
 // controls only.
 
@@ -14,6 +14,9 @@
 #include <optional>
 
 class QCheckBox;
+class QComboBox;
+class QLabel;
+class QLineEdit;
 class QFrame;
 class QRadioButton;
 
@@ -37,6 +40,9 @@ class frmOptions : public QDialog {
   frmOptions(settings::SettingsStore& settings, FolderEntrySwitch folderEntry, ColourChooser chooseColour,
              QWidget* parent = nullptr);
 
+  // "Adobe RGB (1998), from the display": the screen profile the pictures are shown through.
+  void SetScreenProfileInUse(const QString& text);
+
   bool ThumbColorChanged() const { return thumbColorChanged_; }
   bool ViewBarsChanged() const { return viewBarsChanged_; }
 
@@ -47,6 +53,7 @@ class frmOptions : public QDialog {
   QWidget* StartPage();
   QWidget* OpenFolderPage();
   QWidget* ViewPage();
+  QWidget* ColourGroup();
   QWidget* ColoursPage();
   QWidget* GeneralPage();
   void Load();
@@ -65,6 +72,10 @@ class frmOptions : public QDialog {
   QCheckBox* chkViewToolbar_ = nullptr;
   QCheckBox* chkViewStatusBar_ = nullptr;
   QCheckBox* chkEnlarge_ = nullptr;
+  QCheckBox* chkColourManaged_ = nullptr;
+  QComboBox* cboIntent_ = nullptr;
+  QLabel* lblScreenProfile_ = nullptr;
+  QLineEdit* txtScreenProfile_ = nullptr;
   std::array<QFrame*, 3> picColor_{};
   std::array<QColor, 3> colours_;
   QCheckBox* chkExplorer_ = nullptr;

@@ -81,13 +81,19 @@ class ThumbnailsView::PageWidget : public QWidget {
 
 namespace {
 
+// A stored thumbnail is sRGB: the screen's profile is applied as it is shown.
+QImage OnScreen(const QImage& srgb) {
+  if (imaging::CurrentScreenColour() == imaging::ScreenColour{}) return srgb;
+  return imaging::Image::FromQImage(srgb).ForScreen().copy();
+}
+
 // The file's thumbnail and its size: from the desktop's cache when it has a fresh one,
 // otherwise decoded reduced (shrink-on-load) and given to the cache; a file that cannot
 // be read is remembered there too.
 std::pair<QImage, QSize> Thumbnail(const ThumbnailCache& cache, const QString& path, int side) {
   if (auto found = cache.Find(path, side)) {
     const QSize size = found->ImageSize.isEmpty() ? imaging::ReadImageSize(path).value_or(QSize()) : found->ImageSize;
-    return {std::move(found->Picture), size};
+    return {OnScreen(found->Picture), size};
   }
   if (cache.IsKnownFailure(path)) return {};
   imaging::FittingLoad facts;
@@ -96,9 +102,8 @@ std::pair<QImage, QSize> Thumbnail(const ThumbnailCache& cache, const QString& p
     if (!facts.TimedOut) cache.StoreFailure(path);  // a busy machine's failure is tried again next time
     return {};
   }
-  QImage picture = decoded->ToQImage();
-  cache.Store(path, picture, facts.Original, side);
-  return {std::move(picture), facts.Original};
+  cache.Store(path, decoded->ToQImage(), facts.Original, side);  // sRGB, as the desktop's thumbnails are
+  return {decoded->ForScreen(), facts.Original};
 }
 
 }  // namespace

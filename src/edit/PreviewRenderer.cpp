@@ -7,11 +7,11 @@ namespace edit {
 namespace {
 
 QImage Render(const imaging::Image& reduced, const Operation& operation, const DialogValues& values) {
-  if (!operation) return reduced.ToQImage();
+  if (!operation) return reduced.ForScreen();
   try {
-    return operation(reduced, values).ToQImage();
+    return operation(reduced, values).ForScreen();
   } catch (...) {
-    return reduced.ToQImage();  // a failing operation previews as the unchanged image
+    return reduced.ForScreen();  // a failing operation previews as the unchanged image
   }
 }
 

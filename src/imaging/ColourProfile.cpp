@@ -7,6 +7,8 @@
 
 #include <lcms2.h>
 
+#include <mutex>
+
 namespace imaging {
 
 namespace {
@@ -76,7 +78,7 @@ vips::VImage WithUsableColours(const vips::VImage& image) {
 vips::VImage InSrgb(const vips::VImage& image) {
   if (HasProfile(image)) {
     try {
-      if (auto srgb = TransformedToSrgb(image, ProfileOf(image))) return *srgb;
+      if (auto srgb = Transformed(image, {ProfileOf(image), {}})) return *srgb;
     } catch (const vips::VError&) {
       vips_error_clear();
     }
@@ -84,17 +86,51 @@ vips::VImage InSrgb(const vips::VImage& image) {
   return WithoutProfile(EightBitOf(image));
 }
 
-QString ProfileSummary(const vips::VImage& image) {
-  const QByteArrayView profile = ProfileOf(image);
-  if (profile.isEmpty()) return IsCmyk(image) ? QStringLiteral("CMYK (standard press profile)") : QStringLiteral("sRGB (assumed)");
-  if (!Describes(image, profile)) return QStringLiteral("unusable, sRGB assumed");
-  cmsHPROFILE opened = cmsOpenProfileFromMem(profile.data(), cmsUInt32Number(profile.size()));
-  if (!opened) return QStringLiteral("unusable, sRGB assumed");
+namespace {
+
+std::mutex screenLock;
+ScreenColour screen;
+
+}  // namespace
+
+void SetScreenColour(const ScreenColour& colour) {
+  const std::lock_guard guard(screenLock);
+  screen = colour;
+}
+
+ScreenColour CurrentScreenColour() {
+  const std::lock_guard guard(screenLock);
+  return screen;
+}
+
+vips::VImage ForScreen(const vips::VImage& image) {
+  const ScreenColour colour = CurrentScreenColour();
+  const QByteArrayView source = ProfileOf(image);
+  if (colour.Managed && (!source.isEmpty() || !colour.Profile.isEmpty())) {
+    try {
+      if (auto shown = Transformed(image, {source, colour.Profile, colour.Perceptual})) return *shown;
+    } catch (const vips::VError&) {
+      vips_error_clear();
+    }
+  }
+  return IsDeep(image) ? EightBitOf(image).copy_memory() : image;  // the pixels as they are, no copy
+}
+
+QString DescribeProfile(const QByteArray& profile) {
+  cmsHPROFILE opened = cmsOpenProfileFromMem(profile.constData(), cmsUInt32Number(profile.size()));
+  if (!opened) return QStringLiteral("unreadable profile");
   char text[256] = {};
   cmsGetProfileInfoASCII(opened, cmsInfoDescription, "en", "US", text, sizeof text);
   cmsCloseProfile(opened);
   const QString description = QString::fromLatin1(text).trimmed();
   return description.isEmpty() ? QStringLiteral("embedded") : description;
+}
+
+QString ProfileSummary(const vips::VImage& image) {
+  const QByteArrayView profile = ProfileOf(image);
+  if (profile.isEmpty()) return IsCmyk(image) ? QStringLiteral("CMYK (standard press profile)") : QStringLiteral("sRGB (assumed)");
+  if (!Describes(image, profile)) return QStringLiteral("unusable, sRGB assumed");
+  return DescribeProfile(profile.toByteArray());
 }
 
 QByteArray Image::IccProfile() const { return ProfileOf(pixels_->image).toByteArray(); }

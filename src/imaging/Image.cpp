@@ -132,6 +132,17 @@ QImage Image::ToQImageWithAlpha() const {
   return HasAlpha() ? Wrapped(InSrgb().pixels_, 4, QImage::Format_RGBA8888) : ToQImage();
 }
 
+QImage Image::ForScreen() const {
+  const Image shown = FromInternal(Pixels{imaging::ForScreen(OnWhite().pixels_->image)});
+  return Wrapped(shown.pixels_, 3, QImage::Format_RGB888);
+}
+
+QImage Image::ForScreenWithAlpha() const {
+  if (!HasAlpha()) return ForScreen();
+  const Image shown = FromInternal(Pixels{imaging::ForScreen(pixels_->image)});
+  return Wrapped(shown.pixels_, 4, QImage::Format_RGBA8888);
+}
+
 Image Image::FromQImage(const QImage& source) {
   if (auto image = FromQImageInBands(source, false)) return *image;
   throw std::bad_alloc();

@@ -14,6 +14,20 @@ namespace imaging {
 // Starts libvips once per process (safe to call repeatedly) with its untrusted loaders blocked.
 void Initialize();
 
+// The screen's colours: the profile of the monitor the window is on (empty for sRGB), and
+// whether pictures are colour-managed at all. Process-wide, as the display is; the window
+// sets it, and every picture made for the screen from then on follows it.
+struct ScreenColour {
+  bool Managed = true;
+  QByteArray Profile;
+  bool Perceptual = false;  // else relative colorimetric
+  bool operator==(const ScreenColour&) const = default;
+};
+void SetScreenColour(const ScreenColour& colour);
+ScreenColour CurrentScreenColour();
+// A profile's own description ("Adobe RGB (1998)"); "unreadable profile" when lcms cannot read it.
+QString DescribeProfile(const QByteArray& profile);
+
 class Image {
  public:
   int Width() const;
@@ -48,11 +62,14 @@ class Image {
   // ahead of the first paint and of zooming out.
   void WarmDisplayLevels(int smallestSide = 256) const;
 
-  // An 8-bit sRGB copy for display (alpha composited onto white).
+  // An 8-bit sRGB copy (alpha composited onto white): for the clipboard, a file, a printer.
   QImage ToQImage() const;
-  // The same with its alpha kept (RGBA), for drawing over a checkerboard.
+  // The same with its alpha kept (RGBA).
   QImage ToQImageWithAlpha() const;
-  QImage ToQImageFitting(int maxWidth, int maxHeight) const { return FitWithin(maxWidth, maxHeight).ToQImage(); }
+  // What the screen shows: 8-bit, through the image's profile to the screen's, alpha onto
+  // white; and with its alpha kept, for drawing over a checkerboard.
+  QImage ForScreen() const;
+  QImage ForScreenWithAlpha() const;
 
   // An image from Qt's pixels (alpha kept).
   static Image FromQImage(const QImage& image);

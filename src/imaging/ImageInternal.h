@@ -40,9 +40,16 @@ vips::VImage WithUsableColours(const vips::VImage& image);
 QString ProfileSummary(const vips::VImage& image);
 // The colours in sRGB at 8 bits, in memory, without a profile.
 vips::VImage InSrgb(const vips::VImage& image);
-// The same through lcms2 for an RGB(A) image and its profile (SrgbTransform.cpp); nullopt
-// when lcms cannot read the profile.
-std::optional<vips::VImage> TransformedToSrgb(const vips::VImage& image, QByteArrayView profile);
+// An RGB(A) image's colours from one profile to another through lcms2 (ColourTransform.cpp),
+// 8-bit and in memory; nullopt when lcms cannot read a profile. An empty profile is sRGB.
+struct Conversion {
+  QByteArrayView From, To;
+  bool Perceptual = false;  // else relative colorimetric; black-point compensation either way
+};
+std::optional<vips::VImage> Transformed(const vips::VImage& image, const Conversion& conversion);
+// The pixels as the screen shows them (alpha kept): through the image's profile, or sRGB, to
+// the screen's (SetScreenColour), 8-bit, in memory.
+vips::VImage ForScreen(const vips::VImage& image);
 
 // The image composited onto white (unchanged without alpha), still a pipeline.
 inline vips::VImage FlattenedOnWhite(const vips::VImage& image) {

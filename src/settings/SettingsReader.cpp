@@ -20,6 +20,7 @@ class LineReader {
     if (next_ < lines_.size()) buffer_ = lines_[next_++];
     return buffer_;
   }
+  bool Ended() const { return next_ >= lines_.size(); }
 
  private:
   QStringList lines_;
@@ -68,6 +69,7 @@ void ReadSettingsText(const QByteArray& bytes, const base::ScreenMetrics& metric
   const std::vector<SettingsLine>& lines = SettingsLines();
   for (auto line = lines.begin() + 1; line != lines.end(); ++line) {
     if (!(line->Layouts & bit) || (line->PresentWhen && !line->PresentWhen(store))) continue;
+    if (line->Added && in.Ended()) continue;
     const QString& text = in.Next();
     if (line->Read) line->Read(text, metrics, store);
   }

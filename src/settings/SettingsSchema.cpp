@@ -30,6 +30,11 @@ QString SingleText(float value) {
   return QString::fromLatin1(buffer, result.ptr - buffer);
 }
 
+SettingsLine Added(SettingsLine line) {
+  line.Added = true;
+  return line;
+}
+
 SettingsLine Fixed(const QString& text, unsigned layouts = kEveryLayout) {
   return {text, layouts, [text](const SettingsStore&, const Metrics&, const WindowPlacement&) { return text; }, {}, {}};
 }
@@ -154,7 +159,14 @@ std::vector<SettingsLine> OptionLines() {
       Flag("ShowStatusBar", &S::ShowStatusBar, kCurrentLayout),
       Flag("FitToWindow", &S::FitToWindow, kSince41),
       Long("FileTypeIcon", &S::FileTypeIcon, kCurrentLayout | kLayout61),
-      Flag("EnlargeSmallImages", &S::EnlargeSmallImages, kCurrentLayout),  // absent before: off
+      Added(Flag("EnlargeSmallImages", &S::EnlargeSmallImages, kCurrentLayout)),
+      Added(Flag("ColourManaged", &S::ColourManaged, kCurrentLayout)),
+      Added(Flag("PerceptualIntent", &S::PerceptualIntent, kCurrentLayout)),
+      Added({QStringLiteral("ScreenProfileFile"), kCurrentLayout,
+             [](const SettingsStore& s, const Metrics&, const WindowPlacement&) {
+               return FitsOnALine(s.ScreenProfileFile) ? s.ScreenProfileFile : QString();
+             },
+             [](const QString& line, const Metrics&, SettingsStore& s) { s.ScreenProfileFile = line; }, {}}),
   };
 }
 

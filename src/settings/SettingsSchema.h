@@ -28,6 +28,9 @@ struct SettingsLine {
   std::function<void(const QString& line, const base::ScreenMetrics&, SettingsStore&)> Read;
   // When set and false for what has been read so far, the line is not in the file.
   std::function<bool(const SettingsStore&)> PresentWhen;
+  // A line added after the file's format was fixed: a file that ends before it leaves the
+  // setting at its default (rather than reading the last line again).
+  bool Added = false;
 };
 
 // The current layout's lines, in order.

@@ -42,6 +42,9 @@ struct SettingsStore {
   bool FitToWindow = true;
   std::int32_t FileTypeIcon = 0;
   bool EnlargeSmallImages = false;  // Fit enlarges pictures smaller than the window
+  bool ColourManaged = true;        // pictures go through their profile and the screen's
+  bool PerceptualIntent = false;    // else relative colorimetric
+  QString ScreenProfileFile;        // the screen's profile when the display publishes none
 
   bool operator==(const SettingsStore&) const = default;
 };

@@ -173,7 +173,7 @@ void frmSlideShow::ShowSelectedPreview() {
   const QListWidgetItem* item = selected.front();
   widgets::BusyPointerGuard busy;
   if (const auto loaded = files::LoadImageFile(base::JoinPath(folder_, item->text()), {})) {
-    imaPreview_->setPixmap(QPixmap::fromImage(loaded->Picture.ToQImageFitting(imaPreview_->width(), imaPreview_->height())));
+    imaPreview_->setPixmap(QPixmap::fromImage(loaded->Picture.FitWithin(imaPreview_->width(), imaPreview_->height()).ForScreen()));
   }
 }
 

@@ -26,7 +26,7 @@ std::mt19937 SeededFromTheClock() {
 QImage ScaledForScreen(const QString& path, QSize area, bool fitAlways) {
   const auto loaded = files::LoadImageFile(path, {});
   if (!loaded) return {};
-  const QImage picture = loaded->Picture.ToQImage();
+  const QImage picture = loaded->Picture.ForScreen();
   const double zoom = PlayerZoom(picture.size(), area, fitAlways);
   const QSize size(std::max(1, int(picture.width() * zoom)), std::max(1, int(picture.height() * zoom)));
   return size == picture.size() ? picture : picture.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);

@@ -41,13 +41,13 @@ void ImageCanvas::SetZoom(int percentage) {
 const QImage& ImageCanvas::Source() {
   const bool alpha = image_->HasAlpha();
   if (percentage_ >= 100) {
-    if (full_.isNull()) full_ = alpha ? image_->ToQImageWithAlpha() : image_->ToQImage();
+    if (full_.isNull()) full_ = alpha ? image_->ForScreenWithAlpha() : image_->ForScreen();
     return full_;
   }
   if (reduced_.isNull()) {
     const QSize size = ReducedSize();
-    reduced_ = alpha ? image_->FitWithin(size.width(), size.height()).ToQImageWithAlpha()
-                     : image_->ReducedForDisplay(size.width(), size.height()).ToQImage();
+    reduced_ = alpha ? image_->FitWithin(size.width(), size.height()).ForScreenWithAlpha()
+                     : image_->ReducedForDisplay(size.width(), size.height()).ForScreen();
   }
   return reduced_;
 }
@@ -76,7 +76,7 @@ void ImageCanvas::ReduceInBackground() {
   });
   const QSize size = ReducedSize();
   watcher->setFuture(QtConcurrent::run([image = *image_, size] {
-    return image.ReducedForDisplay(size.width(), size.height()).ToQImage();
+    return image.ReducedForDisplay(size.width(), size.height()).ForScreen();
   }));
 }
 

@@ -24,6 +24,8 @@ class ImageCanvas : public QWidget {
   // of the whole image while that is read.
   void SetImage(const std::optional<imaging::Image>& image, double pixelsPerImagePixel = 1.0);
   void SetZoom(int percentage);
+  // Makes the painted copies again (the screen's colours changed).
+  void RemakeFrames() { SetImage(std::optional(image_), pixelsPerImagePixel_); }
   // Below 100 %: shows `frame`, the picture at the current zoom made a quicker way (an edit's
   // operation run on the frame shown before it), at once; the exact reduction is made off
   // the UI thread and takes its place when ready. A frame of another size is ignored.

@@ -90,6 +90,8 @@ void Viewport::ReplaceImage(const imaging::Image& image, base::NaturalSize natur
   if (!interim.isNull()) imaImagen_->ShowInterimFrame(interim);
 }
 
+void Viewport::RemakeFrames() { imaImagen_->RemakeFrames(); }
+
 const QImage& Viewport::ReducedFrame() const { return imaImagen_->ReducedFrame(); }
 
 bool Viewport::FrameExact() const { return imaImagen_->FrameExact(); }

@@ -36,6 +36,8 @@ class Viewport : public QWidget {
   // A text in the picture's place while there is no picture (why a file did not open);
   // the next image takes it away.
   void ShowMessage(const QString& text);
+  // The picture painted again from the image (the screen's colours changed).
+  void RemakeFrames();
   // A reduced picture in the place of an image still being read, at the whole image's
   // size and zoom; SetImage replaces it.
   void ShowStandIn(const imaging::Image& picture, base::NaturalSize natural, bool fit);

@@ -84,6 +84,9 @@ TEST(SettingsRoundTrip, ReadingWhatWasWrittenGivesTheSameSettings) {
   s.ShowToolbar = false;
   s.FitToWindow = false;
   s.FileTypeIcon = 3;
+  s.ColourManaged = false;
+  s.PerceptualIntent = true;
+  s.ScreenProfileFile = QStringLiteral("/home/ana/.local/share/icc/Écran.icc");
   const QByteArray text = settings::WriteSettingsText(s, kMetrics, settings::PlacementFromSettings(s, kMetrics));
   SettingsStore back = settings::DefaultSettings(kMetrics);
   settings::ReadSettingsText(text, kMetrics, back);
@@ -173,6 +176,10 @@ TEST(SettingsRead, AFileEndingEarlyReparsesItsLastLineForTheRestWhateverItsLineE
   const SettingsStore s = Read(lines);
   EXPECT_EQ(std::tuple(s.StartOption, s.ImageExtensionsOnly, s.RecentEnabled), std::tuple(2, true, true));
   EXPECT_EQ(std::tuple(s.ColorImage, s.ColorFullScreen, s.FileTypeIcon), std::tuple(1, 1, 1));
+  // A line added later is not in an older file of this layout: it keeps its default.
+  QStringList before = DefaultLines().mid(0, At("EnlargeSmallImages") + 1);
+  before.back() = QStringLiteral("0");
+  EXPECT_TRUE(Read(before).ColourManaged);
   SettingsStore lf = settings::DefaultSettings(kMetrics);  // LF-only line ends read as well
   settings::ReadSettingsText(lines.join(u'\n').toUtf8(), kMetrics, lf);
   EXPECT_EQ(lf.StartOption, 2);

@@ -1,7 +1,7 @@
-// From an image's own profile to sRGB with lcms2 directly: one 8- or 16-bit to 8-bit
-// transform (no float Lab stage in between), made once per profile and kept, run on a band
-// of rows per core. The screen's frames and thumbnails are small, so this is the one
-// per-image cost colour management adds.
+// From an image's own profile (or sRGB) to sRGB or the screen's, with lcms2 directly: one
+// 8- or 16-bit to 8-bit transform (no float Lab stage in between), made once per pair of
+// profiles and kept, run on a band of rows per core. The screen's frames and thumbnails are
+// small, so this is the one per-image cost colour management adds.
 #include "imaging/ImageInternal.h"
 
 #include <QtConcurrent/QtConcurrentMap>
@@ -24,31 +24,40 @@ struct Cached {
   Transform Made;
 };
 
-Transform Make(QByteArrayView profile, cmsUInt32Number inputFormat, cmsUInt32Number outputFormat) {
-  cmsHPROFILE source = cmsOpenProfileFromMem(profile.data(), cmsUInt32Number(profile.size()));
-  if (!source) return nullptr;
-  cmsHPROFILE srgb = cmsCreate_sRGBProfile();
-  // NOCACHE: one transform is run from several threads at once.
-  const cmsUInt32Number flags = cmsFLAGS_BLACKPOINTCOMPENSATION | cmsFLAGS_COPY_ALPHA | cmsFLAGS_NOCACHE;
-  cmsHTRANSFORM made = cmsCreateTransform(source, inputFormat, srgb, outputFormat, INTENT_RELATIVE_COLORIMETRIC, flags);
-  cmsCloseProfile(source);
-  cmsCloseProfile(srgb);
+// An empty profile is sRGB.
+cmsHPROFILE Opened(QByteArrayView profile) {
+  return profile.isEmpty() ? cmsCreate_sRGBProfile() : cmsOpenProfileFromMem(profile.data(), cmsUInt32Number(profile.size()));
+}
+
+Transform Make(const Conversion& conversion, cmsUInt32Number inputFormat, cmsUInt32Number outputFormat) {
+  cmsHPROFILE source = Opened(conversion.From);
+  cmsHPROFILE target = Opened(conversion.To);
+  cmsHTRANSFORM made = nullptr;
+  if (source && target) {
+    // NOCACHE: one transform is run from several threads at once.
+    const cmsUInt32Number flags = cmsFLAGS_BLACKPOINTCOMPENSATION | cmsFLAGS_COPY_ALPHA | cmsFLAGS_NOCACHE;
+    const cmsUInt32Number intent = conversion.Perceptual ? INTENT_PERCEPTUAL : INTENT_RELATIVE_COLORIMETRIC;
+    made = cmsCreateTransform(source, inputFormat, target, outputFormat, intent, flags);
+  }
+  if (source) cmsCloseProfile(source);
+  if (target) cmsCloseProfile(target);
   if (!made) return nullptr;
   return Transform(made, [](void* transform) { cmsDeleteTransform(transform); });
 }
 
-// The transform for this profile and pixel layout, made on first use; a few are kept (the
-// images of one folder usually share their profile).
-Transform TransformFor(QByteArrayView profile, bool deep, bool alpha) {
+// The transform for this pair of profiles and pixel layout, made on first use; a few are
+// kept (the images of one folder usually share their profile).
+Transform TransformFor(const Conversion& conversion, bool deep, bool alpha) {
   static std::mutex lock;
   static std::vector<Cached> cache;
-  const QByteArray key = profile.toByteArray() + char(deep) + char(alpha);
+  const QByteArray key = conversion.From.toByteArray() + '\0' + conversion.To.toByteArray() + '\0' +
+                         char(conversion.Perceptual) + char(deep) + char(alpha);
   const std::lock_guard guard(lock);
   for (const Cached& entry : cache) {
     if (entry.Key == key) return entry.Made;
   }
   const cmsUInt32Number input = alpha ? (deep ? TYPE_RGBA_16 : TYPE_RGBA_8) : (deep ? TYPE_RGB_16 : TYPE_RGB_8);
-  Transform made = Make(profile, input, alpha ? TYPE_RGBA_8 : TYPE_RGB_8);
+  Transform made = Make(conversion, input, alpha ? TYPE_RGBA_8 : TYPE_RGB_8);
   if (cache.size() == 8) cache.erase(cache.begin());
   cache.push_back({key, made});
   return made;
@@ -56,9 +65,9 @@ Transform TransformFor(QByteArrayView profile, bool deep, bool alpha) {
 
 }  // namespace
 
-std::optional<vips::VImage> TransformedToSrgb(const vips::VImage& image, QByteArrayView profile) {
+std::optional<vips::VImage> Transformed(const vips::VImage& image, const Conversion& conversion) {
   const bool deep = IsDeep(image), alpha = image.bands() == 4;
-  const Transform transform = TransformFor(profile, deep, alpha);
+  const Transform transform = TransformFor(conversion, deep, alpha);
   if (!transform) return std::nullopt;
   const vips::VImage source = image.copy_memory();
   const int width = source.width(), height = source.height(), bands = source.bands();

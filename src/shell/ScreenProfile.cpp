@@ -1,0 +1,54 @@
+#include "shell/ScreenProfile.h"
+
+#include <QGuiApplication>
+
+#include <xcb/xcb.h>
+
+#include <cstdlib>
+#include <memory>
+
+namespace shell {
+
+namespace {
+
+constexpr std::uint32_t kLargestProfile = std::uint32_t(4) << 20;
+
+template <typename Reply>
+using Owned = std::unique_ptr<Reply, decltype(&std::free)>;
+
+xcb_connection_t* X11Connection() {
+  auto* x11 = qGuiApp ? qGuiApp->nativeInterface<QNativeInterface::QX11Application>() : nullptr;
+  return x11 ? x11->connection() : nullptr;
+}
+
+}  // namespace
+
+QByteArray X11MonitorProfile(int monitor) {
+  xcb_connection_t* connection = X11Connection();
+  if (!connection || monitor < 0) return {};
+  const QByteArray name = monitor == 0 ? QByteArray("_ICC_PROFILE") : "_ICC_PROFILE_" + QByteArray::number(monitor);
+  const Owned<xcb_intern_atom_reply_t> atom(
+      xcb_intern_atom_reply(connection, xcb_intern_atom(connection, 1, quint16(name.size()), name.constData()), nullptr),
+      &std::free);
+  const xcb_screen_t* screen = xcb_setup_roots_iterator(xcb_get_setup(connection)).data;
+  if (!atom || atom->atom == XCB_ATOM_NONE || !screen) return {};
+  // Asked for in 32-bit units: a profile of up to 4 MB in one reply.
+  const Owned<xcb_get_property_reply_t> reply(
+      xcb_get_property_reply(connection,
+                             xcb_get_property(connection, 0, screen->root, atom->atom, XCB_GET_PROPERTY_TYPE_ANY, 0, kLargestProfile / 4),
+                             nullptr),
+      &std::free);
+  if (!reply || reply->format != 8 || reply->bytes_after > 0) return {};
+  return QByteArray(static_cast<const char*>(xcb_get_property_value(reply.get())), xcb_get_property_value_length(reply.get()));
+}
+
+QString DescribeSource(ScreenProfileSource source) {
+  switch (source) {
+    case ScreenProfileSource::Display: return QStringLiteral("from the display");
+    case ScreenProfileSource::ChosenFile: return QStringLiteral("the file chosen below");
+    case ScreenProfileSource::Standard: break;
+  }
+  return QStringLiteral("sRGB: no profile from the display");
+}
+
+}  // namespace shell

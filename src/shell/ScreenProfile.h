@@ -1,0 +1,20 @@
+#pragma once
+// The screen's colour profile as the desktop publishes it. On X11 a colour manager (colord's
+// session helper, dispwin, xiccd) puts the profile of each monitor on the root window:
+// `_ICC_PROFILE` for the first, `_ICC_PROFILE_n` for monitor n. Wayland offers none to a
+// client yet, so there the screen counts as sRGB.
+
+#include <QByteArray>
+#include <QString>
+
+namespace shell {
+
+// The profile for monitor `monitor` (0 the first); empty when there is none or the display
+// is not X11.
+QByteArray X11MonitorProfile(int monitor);
+
+// Where the screen's profile in use came from, in the words Options shows.
+enum class ScreenProfileSource { Display, ChosenFile, Standard };
+QString DescribeSource(ScreenProfileSource source);
+
+}  // namespace shell
