@@ -62,7 +62,13 @@ int Info(const QStringList& paths) {
       ++failures;
       continue;
     }
-    Print(QStringLiteral("%1\t%2\t%3x%4").arg(path, loaded->Format).arg(loaded->Picture.Width()).arg(loaded->Picture.Height()));
+    const QByteArray profile = loaded->Picture.IccProfile();
+    const QString colours = profile.isEmpty() ? QStringLiteral("sRGB") : imaging::DescribeProfile(profile);
+    Print(QStringLiteral("%1\t%2\t%3x%4\t%5")
+              .arg(path, loaded->Format)
+              .arg(loaded->Picture.Width())
+              .arg(loaded->Picture.Height())
+              .arg(colours));
   }
   return failures == 0 ? 0 : 1;
 }

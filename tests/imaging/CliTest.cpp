@@ -35,12 +35,12 @@ TEST(VistrelCli, InfoPrintsOneLineAFileAndConvertSavesByTheExtension) {
   const QString bad = CorpusPath(QStringLiteral("malformed/negative_size.ppm"));
   const CliRun run = Cli({"info", good, bad});
   EXPECT_EQ(run.ExitCode, 1);
-  EXPECT_EQ(run.Output, good + "\tPCX\t447x144\n" + bad + "\tCan't open file\n");
+  EXPECT_EQ(run.Output, good + "\tPCX\t447x144\tsRGB\n" + bad + "\tCan't open file\n");
   EXPECT_EQ(Cli({"info", good}).ExitCode, 0);
   testing_support::TempFolder folder;  // convert loads as the viewer does and saves by the extension
   const QString out = folder.File(QStringLiteral("upright.tga"));
   EXPECT_EQ(Cli({"convert", CorpusPath(QStringLiteral("exif-orientation/Landscape_8.jpg")), out}).ExitCode, 0);
-  EXPECT_EQ(Cli({"info", out}).Output, out + "\tTGA\t1800x1200\n");
+  EXPECT_EQ(Cli({"info", out}).Output, out + "\tTGA\t1800x1200\tsRGB\n");
 }
 
 // Each failure names the file and why, and a bad word is refused before anything is read.
