@@ -133,6 +133,12 @@ QString ProfileSummary(const vips::VImage& image) {
   return DescribeProfile(profile.toByteArray());
 }
 
+bool Image::ShownAsIs() const {
+  const ScreenColour colour = CurrentScreenColour();
+  const bool converted = colour.Managed && (HasProfile(pixels_->image) || !colour.Profile.isEmpty());
+  return !converted && !IsDeep(pixels_->image);
+}
+
 QByteArray Image::IccProfile() const { return ProfileOf(pixels_->image).toByteArray(); }
 
 Image Image::InSrgb() const {

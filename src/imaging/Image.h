@@ -70,6 +70,9 @@ class Image {
   // white; and with its alpha kept, for drawing over a checkerboard.
   QImage ForScreen() const;
   QImage ForScreenWithAlpha() const;
+  // The screen shows the pixels as they are (8-bit, no profile, an sRGB or unmanaged
+  // screen): ForScreen costs no conversion.
+  bool ShownAsIs() const;
 
   // An image from Qt's pixels (alpha kept).
   static Image FromQImage(const QImage& image);

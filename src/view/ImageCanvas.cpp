@@ -1,5 +1,7 @@
 #include "view/ImageCanvas.h"
 
+#include "imaging/Operations.h"
+
 #include <QFutureWatcher>
 #include <QMouseEvent>
 #include <QtConcurrent/QtConcurrentRun>
@@ -107,15 +109,19 @@ void ImageCanvas::paintEvent(QPaintEvent* event) {
   if (!image_) return;
   // Logical pixels per image pixel: at 100 % an image pixel is one device pixel.
   const double scale = percentage_ / 100.0 / devicePixelRatioF();
-  const QImage& picture = Source();
   if (percentage_ < 100) {
-    painter.drawImage(QRectF(0, 0, width(), height()), picture);
+    painter.drawImage(QRectF(0, 0, width(), height()), Source());
   } else {
     // Only the exposed part, each image pixel a sharp block.
     const QRectF exposed = event->rect();
     const double step = scale / pixelsPerImagePixel_;
     const QRectF source(exposed.left() / step, exposed.top() / step, exposed.width() / step, exposed.height() / step);
-    painter.drawImage(exposed, picture, source);
+    if (image_->ShownAsIs()) {
+      painter.drawImage(exposed, Source(), source);
+    } else {
+      // Colours are converted for the part exposed, not for the whole picture ahead of time.
+      PaintConverted(painter, exposed, source);
+    }
   }
   if (outline_.isEmpty()) return;
   // White under black dashes, so the outline shows on dark and light pictures alike.
@@ -126,6 +132,20 @@ void ImageCanvas::paintEvent(QPaintEvent* event) {
   painter.drawRect(frame);
   painter.setPen(QPen(Qt::black, 0, Qt::DashLine));
   painter.drawRect(frame);
+}
+
+// The exposed part of the picture at 100 % or more, its colours converted for the screen:
+// only the image pixels under `exposed` go through the transform.
+void ImageCanvas::PaintConverted(QPainter& painter, const QRectF& exposed, const QRectF& source) {
+  const QRect area = source.toAlignedRect().intersected(QRect(0, 0, image_->Width(), image_->Height()));
+  if (area.isEmpty()) return;
+  try {
+    const imaging::Image part = imaging::ops::Crop(*image_, area);
+    const QImage converted = image_->HasAlpha() ? part.ForScreenWithAlpha() : part.ForScreen();
+    painter.drawImage(exposed, converted, source.translated(-area.topLeft()));
+  } catch (const imaging::ops::OperationFailed&) {
+    // Out of memory for even this part: the white ground stays.
+  }
 }
 
 void ImageCanvas::mousePressEvent(QMouseEvent* event) {

@@ -7,6 +7,7 @@
 #include "imaging/Image.h"
 
 #include <QImage>
+#include <QPainter>
 #include <QRect>
 #include <QWidget>
 
@@ -54,6 +55,7 @@ class ImageCanvas : public QWidget {
   const QImage& Source();
   QSize ReducedSize() const;
   void ReduceInBackground();
+  void PaintConverted(QPainter& painter, const QRectF& exposed, const QRectF& source);
 
   std::optional<imaging::Image> image_;
   QImage full_;     // the image at 100 %, for zooms above it

@@ -20,7 +20,8 @@ expected=$(pixel "$work/judged.png" "0,0")
 
 source "$(dirname "$0")/window.sh"
 xvfb-run -a -s '-screen 0 1280x800x24' bash -c "$e2e_helpers"'
-  shown() { import -window root "$4/shot.png" && convert "$4/shot.png" -format "%[fx:int(255*p{640,430}.r)] %[fx:int(255*p{640,430}.g)] %[fx:int(255*p{640,430}.b)]" info:; }
+  work=$4
+  shown() { import -window root "$work/shot.png" && convert "$work/shot.png" -format "%[fx:int(255*p{640,430}.r)] %[fx:int(255*p{640,430}.g)] %[fx:int(255*p{640,430}.b)]" info:; }
   near() { read -r a b c <<<"$1"; read -r x y z <<<"$2"; for d in $((a-x)) $((b-y)) $((c-z)); do [ ${d#-} -le 2 ] || return 1; done; }
   until_shown() { for _ in $(seq 100); do near "$(shown)" "$1" && return 0; sleep 0.1; done; echo "shown: $(shown), wanted: $1" >&2; return 1; }
   "$1" "$4/flat.png" 2>/dev/null &
