@@ -34,6 +34,9 @@ vips::VImage EightBitOf(const vips::VImage& image);
 // The embedded ICC profile travels with the pixels as libvips' "icc-profile-data" (ColourProfile.cpp).
 bool HasProfile(const vips::VImage& image);
 vips::VImage WithoutProfile(const vips::VImage& image);
+// A file without a profile that states its colours another way (a PNG's gAMA and cHRM, an
+// Adobe RGB camera's EXIF) gets a profile made for them (StatedColours.cpp).
+vips::VImage WithStatedColours(const vips::VImage& image, const QString& path);
 // A decoded image with a profile it can use, or none; CMYK and tagged grey turned into sRGB.
 vips::VImage WithUsableColours(const vips::VImage& image);
 // What Properties says of the file's colours: the profile's description, or how they are taken.

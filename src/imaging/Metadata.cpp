@@ -96,7 +96,7 @@ std::vector<std::pair<QString, QString>> ReadPhotoMetadata(const QString& path) 
     add("Focal length", Formatted(Field(image, "exif-ifd2-FocalLength"), {}, QStringLiteral(" mm")));
     add("Taken", CameraDate(Field(image, "exif-ifd2-DateTimeOriginal")));
     add("Orientation", OrientationText(Field(image, "exif-ifd0-Orientation")));
-    add("Colour profile", ProfileSummary(image));
+    add("Colour profile", ProfileSummary(WithStatedColours(image, path)));
     const QString latitude = Coordinate(Field(image, "exif-ifd3-GPSLatitude"), Field(image, "exif-ifd3-GPSLatitudeRef"));
     const QString longitude = Coordinate(Field(image, "exif-ifd3-GPSLongitude"), Field(image, "exif-ifd3-GPSLongitudeRef"));
     if (!latitude.isEmpty() && !longitude.isEmpty()) add("GPS position", latitude + QStringLiteral(", ") + longitude);

@@ -47,11 +47,11 @@ std::optional<Image> DecodeWithVips(const QString& path, int maxWidth, int maxHe
     if (maxWidth > 0 && maxHeight > 0) {
       const vips::VSource source = SourceOf(path);  // first: the options are freed only by the call
       auto options = vips::VImage::option()->set("height", maxHeight)->set("size", VIPS_SIZE_DOWN);
-      return Wrap(vips::VImage::thumbnail_source(source, maxWidth, options), onWhite);
+      return Wrap(WithStatedColours(vips::VImage::thumbnail_source(source, maxWidth, options), path), onWhite);
     }
     // Upright pixels go in one pass straight into memory; turning them needs random access.
-    if (vips_image_get_orientation(image->get_image()) <= 1) return Wrap(*image, onWhite);
-    return Wrap(vips::VImage::new_from_source(SourceOf(path), "").autorot(), onWhite);
+    if (vips_image_get_orientation(image->get_image()) <= 1) return Wrap(WithStatedColours(*image, path), onWhite);
+    return Wrap(WithStatedColours(vips::VImage::new_from_source(SourceOf(path), "").autorot(), path), onWhite);
   } catch (const vips::VError&) {
     vips_error_clear();
     return std::nullopt;
@@ -63,7 +63,7 @@ std::optional<Image> OpenWithVipsInOrder(const QString& path) {
   try {
     const auto upright = OpenUpright(path);
     if (!upright) return std::nullopt;
-    return Image::FromInternal(Image::Pixels{Normalized(*upright)});
+    return Image::FromInternal(Image::Pixels{Normalized(WithStatedColours(*upright, path))});
   } catch (const vips::VError&) {
     vips_error_clear();
     return std::nullopt;

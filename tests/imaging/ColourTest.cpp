@@ -8,6 +8,8 @@
 #include "support/ImageCompare.h"
 #include "support/TestFiles.h"
 
+#include <QImage>
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -101,6 +103,65 @@ TEST(ColourManagement, ADamagedProfileCountsAsSrgb) {
   EXPECT_TRUE(shown->IccProfile().isEmpty());
   EXPECT_EQ(testing_support::MeanAbsoluteDifference(imaging::Image::FromQImage(shown->ToQImage()),
                                                     imaging::LoadFile(untagged).value()), 0);
+}
+
+// Four bytes, most significant first, as PNG writes its numbers.
+QByteArray Number(quint32 value) {
+  const char bytes[] = {char(value >> 24), char(value >> 16), char(value >> 8), char(value)};
+  return QByteArray(bytes, 4);
+}
+
+// A PNG of flat grey 128 with these chunks put after its header (each with its CRC).
+QString PngStating(const testing_support::TempFolder& folder, const QString& name, const QList<QByteArray>& chunks) {
+  QImage grey(16, 16, QImage::Format_RGB888);
+  grey.fill(QColor(128, 128, 128));
+  const QString plain = folder.File(QStringLiteral("plain.png"));
+  grey.save(plain);
+  QByteArray png = ReadAll(plain);
+  qsizetype at = 8 + 25;  // the signature and IHDR
+  for (const QByteArray& chunk : chunks) {  // type and body
+    quint32 crc = 0xFFFFFFFF;
+    for (const char byte : chunk) {
+      crc ^= quint8(byte);
+      for (int bit = 0; bit < 8; ++bit) crc = (crc >> 1) ^ (0xEDB88320 & (0 - (crc & 1)));
+    }
+    crc = ~crc;
+    const QByteArray whole = Number(quint32(chunk.size() - 4)) + chunk + Number(crc);
+    png.insert(at, whole);
+    at += whole.size();
+  }
+  return folder.WriteBytes(name, png);
+}
+
+// Colours stated without a profile: a PNG's gAMA and cHRM, a camera's EXIF Adobe RGB.
+TEST(ColourManagement, ColoursStatedWithoutAProfileAreShownThroughThem) {
+  testing_support::TempFolder folder;
+  const auto shownGrey = [](const QString& file) { return imaging::LoadFile(file)->ToQImage().pixelColor(3, 3).red(); };
+  // Linear light (gamma 1): grey 128 is sRGB 188.
+  EXPECT_NEAR(shownGrey(PngStating(folder, QStringLiteral("linear.png"), {"gAMA" + Number(100000)})), 188, 1);
+  // About 1/2.2 alone is what most files write for sRGB.
+  const QString usual = PngStating(folder, QStringLiteral("usual.png"), {"gAMA" + Number(45455)});
+  EXPECT_EQ(shownGrey(usual), 128);
+  EXPECT_TRUE(imaging::LoadFile(usual)->IccProfile().isEmpty());
+  // An sRGB chunk wins over the others.
+  EXPECT_EQ(shownGrey(PngStating(folder, QStringLiteral("srgb.png"), {QByteArray("sRGB\0", 5), "gAMA" + Number(100000)})), 128);
+  // Adobe RGB primaries in cHRM, judged against the Adobe RGB profile (both gamma 2.2).
+  QByteArray adobe = "cHRM";
+  for (const quint32 value : {31270u, 32900u, 64000u, 33000u, 21000u, 71000u, 15000u, 6000u}) adobe += Number(value);
+  const QString wide = PngStating(folder, QStringLiteral("wide.png"), {"gAMA" + Number(45455), adobe});
+  const QString judge = folder.File(QStringLiteral("judge.png"));
+  Vips({"icc_transform", wide, judge, "srgb", "--input-profile", kProfiles + "a98.icc", "--black-point-compensation"});
+  EXPECT_GT(Psnr(imaging::Image::FromQImage(imaging::LoadFile(wide)->ToQImage()), imaging::LoadFile(judge).value()),
+            kWithinOnePercent);
+  // A camera's "Uncalibrated" with the interoperability index R03 is Adobe RGB.
+  const QString camera = folder.File(QStringLiteral("camera.jpg"));
+  Vips({"copy", CorpusPath(QStringLiteral("formats/hopper.jpg")), camera + "[Q=95,strip]"});
+  ASSERT_EQ(testing_support::Run(QStringLiteral("exiv2"), {"-M", "set Exif.Photo.ColorSpace Short 65535", "-M",
+                                          "set Exif.Iop.InteroperabilityIndex Ascii R03", camera}).ExitCode, 0);
+  Vips({"icc_transform", camera, judge, "srgb", "--input-profile", kProfiles + "a98.icc", "--black-point-compensation"});
+  EXPECT_GT(Psnr(imaging::Image::FromQImage(imaging::LoadFile(camera)->ToQImage()), imaging::LoadFile(judge).value()),
+            kWithinOnePercent);
+  EXPECT_EQ(ProfileRow(camera), QStringLiteral("Adobe RGB (1998) (from EXIF)"));
 }
 
 }  // namespace
