@@ -8,6 +8,7 @@
 
 #include <unistd.h>
 #include <algorithm>
+#include <string_view>
 
 namespace imaging {
 
@@ -37,6 +38,23 @@ std::optional<vips::VImage> OpenUpright(const QString& path) {
   return image;
 }
 
+// libvips' thumbnail turns CMYK into sRGB a way of its own; a CMYK picture is reduced after
+// the same transform a whole decode makes (a JPEG shrunk on load by up to 8 first).
+std::optional<Image> DecodeCmykFitting(const vips::VImage& header, const QString& path, int maxWidth, int maxHeight) {
+  const char* loader = nullptr;
+  const bool jpeg = vips_image_get_string(header.get_image(), "vips-loader", &loader) == 0 && loader &&
+                    std::string_view(loader).starts_with("jpeg");
+  vips_error_clear();
+  const int ratio = std::min(header.width() / maxWidth, header.height() / maxHeight);
+  int shrink = 1;
+  while (jpeg && shrink < 8 && shrink * 2 <= ratio) shrink *= 2;
+  const vips::VSource source = SourceOf(path);  // first: the options are freed only by the call
+  vips::VImage decoded = vips::VImage::new_from_source(source, "", jpeg ? vips::VImage::option()->set("shrink", shrink)
+                                                                           : vips::VImage::option());
+  if (vips_image_get_orientation(decoded.get_image()) > 1) decoded = decoded.autorot();
+  return Wrap(decoded).FitWithin(maxWidth, maxHeight);
+}
+
 }  // namespace
 
 std::optional<Image> DecodeWithVips(const QString& path, int maxWidth, int maxHeight, bool onWhite) {
@@ -44,9 +62,12 @@ std::optional<Image> DecodeWithVips(const QString& path, int maxWidth, int maxHe
   try {
     const auto image = OpenChecked(path);
     if (!image) return std::nullopt;
+    if (maxWidth > 0 && maxHeight > 0 && image->interpretation() == VIPS_INTERPRETATION_CMYK) {
+      return DecodeCmykFitting(*image, path, maxWidth, maxHeight);
+    }
     if (maxWidth > 0 && maxHeight > 0) {
       const vips::VSource source = SourceOf(path);  // first: the options are freed only by the call
-      auto options = vips::VImage::option()->set("height", maxHeight)->set("size", VIPS_SIZE_DOWN);
+      auto options = vips::VImage::option()->set("height", maxHeight)->set("size", VIPS_SIZE_DOWN)->set("intent", VIPS_INTENT_RELATIVE);
       return Wrap(WithStatedColours(vips::VImage::thumbnail_source(source, maxWidth, options), path), onWhite);
     }
     // Upright pixels go in one pass straight into memory; turning them needs random access.
