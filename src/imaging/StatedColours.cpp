@@ -11,6 +11,7 @@
 
 #include <cmath>
 #include <cstring>
+#include <iterator>
 
 namespace imaging {
 
@@ -63,13 +64,25 @@ QByteArray StatedByExif(const vips::VImage& image) {
   return MadeProfile(kAdobeRgbPrimaries, kAdobeRgbGamma, "Adobe RGB (1998) (from EXIF)");
 }
 
+bool NearlySrgb(const Chromaticities& c) {
+  const double stated[] = {c.WhiteX, c.WhiteY, c.RedX, c.RedY, c.GreenX, c.GreenY, c.BlueX, c.BlueY};
+  const double srgb[] = {kSrgbPrimaries.WhiteX, kSrgbPrimaries.WhiteY, kSrgbPrimaries.RedX,   kSrgbPrimaries.RedY,
+                         kSrgbPrimaries.GreenX, kSrgbPrimaries.GreenY, kSrgbPrimaries.BlueX, kSrgbPrimaries.BlueY};
+  for (size_t i = 0; i < std::size(stated); ++i) {
+    if (std::fabs(stated[i] - srgb[i]) > 0.01) return false;
+  }
+  return true;
+}
+
 QByteArray StatedByPngChunks(const QString& path) {
   QFile file(path);
   if (!file.open(QIODevice::ReadOnly)) return {};
   const PngColourChunks stated = ReadPngColourChunks(file.read(kHeadBytes));
   if (stated.Srgb || stated.Iccp || (!stated.Gamma && !stated.Primaries)) return {};
-  // A gamma of about 1/2.2 alone is what most files write to mean sRGB; browsers take it so.
-  if (!stated.Primaries && std::fabs(*stated.Gamma - 0.45455) < 0.005) return {};
+  // A gamma of about 1/2.2 with sRGB's primaries, or alone, is what most writers put down
+  // to mean sRGB; browsers take it so.
+  const bool srgbGamma = !stated.Gamma || std::fabs(*stated.Gamma - 0.45455) < 0.005;
+  if (srgbGamma && (!stated.Primaries || NearlySrgb(*stated.Primaries))) return {};
   const double encoding = stated.Gamma.value_or(1 / 2.2);
   return MadeProfile(stated.Primaries.value_or(kSrgbPrimaries), 1 / encoding, "PNG gamma and chromaticities");
 }
