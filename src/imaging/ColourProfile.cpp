@@ -1,8 +1,9 @@
 // The colours of a decoded image: an RGB image keeps its values and the profile it came
 // with (edits work on the file's own values, and a save into a format that holds a profile
-// embeds it unchanged); whatever reaches the screen, a thumbnail or a format without a
-// profile goes through lcms2 (in libvips) to sRGB, relative colorimetric with black-point
-// compensation. CMYK and tagged grey images are turned into sRGB as they are decoded.
+// embeds it unchanged); whatever reaches a format without a profile goes to sRGB, and
+// whatever reaches the screen to the screen's profile, through lcms2 (ColourTransform.cpp),
+// relative colorimetric with black-point compensation. CMYK and tagged grey images are
+// turned into sRGB as they are decoded (libvips' own icc_transform).
 #include "imaging/ImageInternal.h"
 
 #include <lcms2.h>
