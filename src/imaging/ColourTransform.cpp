@@ -4,6 +4,8 @@
 // small, so this is the one per-image cost colour management adds.
 #include "imaging/ImageInternal.h"
 
+#include <QThread>
+#include <QThreadPool>
 #include <QtConcurrent/QtConcurrentMap>
 
 #include <lcms2.h>
@@ -63,6 +65,18 @@ Transform TransformFor(const Conversion& conversion, bool deep, bool alpha) {
   return made;
 }
 
+// The transforms' own threads: a thumbnail worker of the global pool that converts its
+// picture waits here without taking the global pool's threads from the others (all of them
+// waiting on the global pool would wait for ever).
+QThreadPool& TransformPool() {
+  static QThreadPool* pool = [] {
+    auto* made = new QThreadPool;
+    made->setMaxThreadCount(QThread::idealThreadCount());
+    return made;
+  }();
+  return *pool;
+}
+
 }  // namespace
 
 std::optional<vips::VImage> Transformed(const vips::VImage& image, const Conversion& conversion) {
@@ -78,7 +92,7 @@ std::optional<vips::VImage> Transformed(const vips::VImage& image, const Convers
   constexpr int kRows = 64;
   std::vector<int> tops((height + kRows - 1) / kRows);
   std::iota(tops.begin(), tops.end(), 0);
-  QtConcurrent::blockingMap(tops, [&](int band) {
+  QtConcurrent::blockingMap(&TransformPool(), tops, [&](int band) {
     const int top = band * kRows, rows = std::min(kRows, height - top);
     cmsDoTransformLineStride(transform.get(), in + inRow * size_t(top), out + outRow * size_t(top), cmsUInt32Number(width),
                              cmsUInt32Number(rows), cmsUInt32Number(inRow), cmsUInt32Number(outRow), 0, 0);

@@ -5,6 +5,7 @@
 #include "browse/ThumbnailsView.h"
 #include "files/FileOperations.h"
 #include "support/DialogAnswerer.h"
+#include "support/ImageCompare.h"
 #include "support/MainWindowTest.h"
 #include "view/frmFull.h"
 
@@ -225,6 +226,21 @@ TEST_F(frmMainThumbnailsTest, ARenamedEntryIsDrawnAndOpenedUnderItsNewName) {
   EXPECT_EQ(view_->Cells()[5].Name, QStringLiteral("p04.png"));
   QTest::mouseClick(page, Qt::LeftButton, {}, CellCentre(5));
   EXPECT_EQ(Doc().CurrentFilePath(), pictures_.File(QStringLiteral("p04.png")));
+}
+
+// A page of photos whose colours are converted fills as any other: the conversions that
+// the thumbnail workers ask for never wait on the workers' own threads.
+TEST_F(frmMainThumbnailsTest, APageOfTaggedPhotosFills) {
+  const QString first = pictures_.File(QStringLiteral("a00.jpg"));
+  ASSERT_EQ(testing_support::Run(QStringLiteral("vips"),
+                                 {"icc_transform", testing_support::CorpusPath(QStringLiteral("formats/hopper.jpg")), first,
+                                  "/usr/share/color/icc/ghostscript/a98.icc", "--input-profile", "srgb"})
+                .ExitCode, 0);
+  for (int i = 1; i < 12; ++i) QFile::copy(first, pictures_.File(QStringLiteral("a%1.jpg").arg(i, 2, 10, QLatin1Char('0'))));
+  Doc().OpenChosenFolder(pictures_.Path());
+  Trigger("mnuViewThumbnails");
+  EXPECT_TRUE(Filled());
+  EXPECT_EQ(view_->Cells().at(11).ImageSize, QSize(128, 128));
 }
 
 }  // namespace
