@@ -144,7 +144,7 @@ QByteArray Image::IccProfile() const { return ProfileOf(pixels_->image).toByteAr
 
 Image Image::InSrgb() const {
   if (!HasProfile(pixels_->image)) return EightBit();
-  return FromInternal(Pixels{imaging::InSrgb(pixels_->image)});
+  return FromInternal(Pixels{imaging::InSrgb(Internal().image)});
 }
 
 }  // namespace imaging

@@ -35,29 +35,45 @@ vips::VImage ReduceTo(const vips::VImage& image, int width, int height) {
 
 namespace {
 
+// An 8-bit image without alpha is its own base level, taken without waiting for its rows;
+// whoever reduces from the base waits for them (WaitForRows).
 vips::VImage& BaseLevel(const Image& image, DisplayLevelCache& cache) {
+  const bool own = !image.HasAlpha() && image.BitsPerSample() == 8;
   // A deep image's levels are 8-bit from the start: the screen shows no more.
-  if (cache.levels.empty()) cache.levels.push_back(image.OnWhite().EightBit().Internal().image);
+  if (cache.levels.empty()) cache.levels.push_back(own ? image.Header().image : image.OnWhite().EightBit().Internal().image);
   return cache.levels.front();
+}
+
+// Levels stay in order of size, largest first, so a reduction starts from the smallest one
+// still as large; a few of them at most, besides the half-size ones.
+void Keep(DisplayLevelCache& cache, const vips::VImage& level) {
+  constexpr size_t kMostLevels = 12;
+  auto place = cache.levels.begin() + 1;
+  while (place != cache.levels.end() && place->width() > level.width()) ++place;
+  if (place != cache.levels.end() && place->width() == level.width() && place->height() == level.height()) return;
+  if (cache.levels.size() < kMostLevels) cache.levels.insert(place, level);
 }
 
 }  // namespace
 
-std::optional<vips::VImage> SmallestDisplayLevel(const Image& image) {
-  DisplayLevelCache& cache = *image.Internal().levels;
+std::vector<vips::VImage> SmallDisplayLevels(const Image& image) {
+  DisplayLevelCache& cache = *image.Header().levels;
   std::lock_guard lock(cache.mutex);
-  if (cache.levels.size() < 2) return std::nullopt;
-  // Kept beside a packed state only while it costs little next to the whole image.
-  const vips::VImage& smallest = cache.levels.back();
-  if (4.0 * smallest.width() * smallest.height() > double(image.Width()) * image.Height()) return std::nullopt;
-  return smallest;
+  std::vector<vips::VImage> small;
+  double area = 0;
+  for (size_t i = cache.levels.size(); i-- > 1;) {
+    area += double(cache.levels[i].width()) * cache.levels[i].height();
+    if (8.0 * area > double(image.Width()) * image.Height()) break;
+    small.push_back(cache.levels[i]);
+  }
+  return small;
 }
 
-void AdoptDisplayLevel(const Image& image, const vips::VImage& level) {
-  DisplayLevelCache& cache = *image.Internal().levels;
+void AdoptDisplayLevels(const Image& image, const std::vector<vips::VImage>& levels) {
+  DisplayLevelCache& cache = *image.Header().levels;
   std::lock_guard lock(cache.mutex);
   BaseLevel(image, cache);
-  if (level.width() < cache.levels.back().width()) cache.levels.push_back(level);
+  for (const vips::VImage& level : levels) Keep(cache, level);
 }
 
 Image Image::ReducedForDisplay(int width, int height) const {
@@ -73,12 +89,13 @@ Image Image::ReducedForDisplay(int width, int height) const {
         if (smaller.width() >= width && smaller.height() >= height) level = smaller;
       }
     }
+    if (level.get_image() == pixels_->image.get_image()) WaitForRows(*pixels_);
     const vips::VImage reduced = ReduceTo(level, width, height);
     {
-      // Kept as the smallest level: the same view shown again (after an undo, say) is ready.
+      // Kept: the same view shown again (after an undo, say) is ready.
       DisplayLevelCache& cache = *pixels_->levels;
       std::lock_guard lock(cache.mutex);
-      if (reduced.width() < cache.levels.back().width()) cache.levels.push_back(reduced);
+      Keep(cache, reduced);
     }
     return FromInternal(Pixels{reduced});
   } catch (const vips::VError&) {
@@ -96,11 +113,12 @@ void Image::WarmDisplayLevels(int smallestSide) const {
       BaseLevel(*this, cache);
       last = cache.levels.back();
     }
+    if (last.get_image() == pixels_->image.get_image()) WaitForRows(*pixels_);
     // Each level is made without the lock, so a paint never waits for the warming.
     while (std::max(last.width(), last.height()) / 2 >= smallestSide && std::min(last.width(), last.height()) >= 2) {
       last = ReduceTo(last, last.width() / 2, last.height() / 2);
       std::lock_guard lock(cache.mutex);
-      if (cache.levels.back().width() > last.width()) cache.levels.push_back(last);
+      Keep(cache, last);
     }
   } catch (const vips::VError&) {
     vips_error_clear();

@@ -69,6 +69,11 @@ double Image::DotsPerInch() const {
   return perMillimetre > 1.0001 ? perMillimetre * 25.4 : 0;
 }
 
+const Image::Pixels& Image::Internal() const {
+  WaitForRows(*pixels_);
+  return *pixels_;
+}
+
 int Image::Width() const { return pixels_->image.width(); }
 int Image::Height() const { return pixels_->image.height(); }
 int Image::Bands() const { return pixels_->image.bands(); }
@@ -76,7 +81,7 @@ int Image::BitsPerSample() const { return IsDeep(pixels_->image) ? 16 : 8; }
 
 Image Image::EightBit() const {
   if (!IsDeep(pixels_->image)) return *this;
-  const vips::VImage eight = EightBitOf(pixels_->image);
+  const vips::VImage eight = EightBitOf(Internal().image);
   return FromInternal(Pixels{StreamingScope::Active() ? eight : eight.copy_memory()});
 }
 
@@ -97,7 +102,7 @@ Image Image::FitWithinForDisplay(int maxWidth, int maxHeight) const {
 }
 
 Image Image::FitWithin(int maxWidth, int maxHeight) const {
-  const vips::VImage& image = pixels_->image;
+  const vips::VImage& image = Internal().image;
   const auto size = FittingSize(image, maxWidth, maxHeight);
   if (!size) return *this;
   try {
@@ -110,13 +115,14 @@ Image Image::FitWithin(int maxWidth, int maxHeight) const {
 
 Image Image::OnWhite() const {
   if (!HasAlpha()) return *this;
-  return FromInternal(Pixels{FlattenedOnWhite(pixels_->image).copy_memory()});
+  return FromInternal(Pixels{FlattenedOnWhite(Internal().image).copy_memory()});
 }
 
 namespace {
 
 // No copy: the QImage holds a reference to the pixels and drops it when it goes.
 QImage Wrapped(const std::shared_ptr<const Image::Pixels>& pixels, int bands, QImage::Format format) {
+  WaitForRows(*pixels);
   const vips::VImage& image = pixels->image;
   auto* owner = new std::shared_ptr<const Image::Pixels>(pixels);
   const qsizetype stride = static_cast<qsizetype>(image.width()) * bands;
@@ -133,13 +139,13 @@ QImage Image::ToQImageWithAlpha() const {
 }
 
 QImage Image::ForScreen() const {
-  const Image shown = FromInternal(Pixels{imaging::ForScreen(OnWhite().pixels_->image)});
+  const Image shown = FromInternal(Pixels{imaging::ForScreen(OnWhite().Internal().image)});
   return Wrapped(shown.pixels_, 3, QImage::Format_RGB888);
 }
 
 QImage Image::ForScreenWithAlpha() const {
   if (!HasAlpha()) return ForScreen();
-  const Image shown = FromInternal(Pixels{imaging::ForScreen(pixels_->image)});
+  const Image shown = FromInternal(Pixels{imaging::ForScreen(Internal().image)});
   return Wrapped(shown.pixels_, 4, QImage::Format_RGBA8888);
 }
 

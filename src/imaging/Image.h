@@ -78,7 +78,10 @@ class Image {
   static Image FromQImage(const QImage& image);
 
   struct Pixels;  // opaque: the decoded libvips image
-  const Pixels& Internal() const { return *pixels_; }
+  // The pixels, once every row is there (an undo state may still be unpacking them).
+  const Pixels& Internal() const;
+  // Size, format and metadata at once, without waiting for the rows.
+  const Pixels& Header() const { return *pixels_; }
   static Image FromInternal(Pixels pixels);
 
  private:

@@ -11,13 +11,20 @@ namespace imaging {
 
 // Half-size reductions of an image for display, built on demand (DisplayLevels.cpp).
 struct DisplayLevelCache;
+// Rows an undo state is still unpacking into the memory of an image (PackedImage.cpp).
+struct RowsArriving;
 
 struct Image::Pixels {
   vips::VImage image;  // uchar sRGB or ushort RGB16, 3 or 4 bands, in memory
   std::shared_ptr<DisplayLevelCache> levels = MakeDisplayLevelCache();
+  // Set while `image`'s memory is still being filled: read it through Image::Internal().
+  std::shared_ptr<RowsArriving> arriving = nullptr;
 
   static std::shared_ptr<DisplayLevelCache> MakeDisplayLevelCache();
 };
+
+// Returns once every row of the pixels is in memory (at once for all but an unpacking undo state).
+void WaitForRows(const Image::Pixels& pixels);
 
 // Any decoded image to the form an Image holds: sRGB, 3 bands or 4 with alpha, 16 bits
 // for a 16-bit RGB or grey file and 8 for everything else.
@@ -66,11 +73,11 @@ inline vips::VImage FlattenedOnWhite(const vips::VImage& image) {
 vips::VImage RowsIn(void* data, int width, int rows, int bands,
                     VipsInterpretation interpretation = VIPS_INTERPRETATION_sRGB);
 
-// The smallest reduction made for display so far, when it is at most a quarter of the image;
-// and such a reduction given back to an image made again from the same pixels (a packed undo
-// state unpacked), so that the view it was shown at is ready at once.
-std::optional<vips::VImage> SmallestDisplayLevel(const Image& image);
-void AdoptDisplayLevel(const Image& image, const vips::VImage& level);
+// The reductions made for display so far that together cost at most an eighth of the image;
+// and such reductions given back to an image made again from the same pixels (a packed undo
+// state unpacked), so that the views it was shown at are ready at once.
+std::vector<vips::VImage> SmallDisplayLevels(const Image& image);
+void AdoptDisplayLevels(const Image& image, const std::vector<vips::VImage>& levels);
 
 // Reduced to exactly width x height (each at most the image's) with an adaptive Lanczos-3
 // kernel, in memory.

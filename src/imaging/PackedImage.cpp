@@ -3,15 +3,14 @@
 #include "imaging/ImageInternal.h"
 
 #include <QThread>
-#include <QtConcurrent/QtConcurrentMap>
 #include <QThreadPool>
 
 #include <zstd.h>
 
+#include <atomic>
 #include <condition_variable>
 #include <cstring>
 #include <mutex>
-#include <numeric>
 #include <optional>
 #include <vector>
 
@@ -76,7 +75,8 @@ struct PackedImage::State {
   // every core; a band Zstandard failed on is kept as it is.
   std::vector<QByteArray> PackedBands;
   std::vector<bool> Compressed;
-  std::optional<vips::VImage> Frame;  // the smallest reduction it was shown at, kept whole
+  std::vector<vips::VImage> Frames;  // small reductions it was shown at, kept whole
+  std::optional<vips::VImage> Header;  // one pixel with the image's metadata (its profile, EXIF, resolution)
 };
 
 namespace {
@@ -96,7 +96,10 @@ std::vector<RowBand> RowBands(size_t rowBytes, int height) {
   return bands;
 }
 
-void PackInto(PackedImage::State& state, const Image& image) {
+// `held` is let go before the state is published: from then on the state is its bytes,
+// unless someone else keeps the image.
+void PackInto(PackedImage::State& state, std::optional<Image>& held) {
+  const Image& image = *held;
   const auto* pixels = static_cast<const Byte*>(image.Internal().image.data());
   const size_t rowBytes = size_t(state.Width) * size_t(state.PixelBytes());
   ZSTD_CCtx* context = ZSTD_createCCtx();
@@ -120,9 +123,12 @@ void PackInto(PackedImage::State& state, const Image& image) {
     packed.push_back(std::move(data));
   }
   ZSTD_freeCCtx(context);
-  std::optional<vips::VImage> frame = SmallestDisplayLevel(image);
+  std::vector<vips::VImage> frames = SmallDisplayLevels(image);
+  vips::VImage header = image.Internal().image.crop(0, 0, 1, 1).copy_memory();
+  held.reset();
   const std::lock_guard lock(state.Lock);
-  state.Frame = std::move(frame);
+  state.Frames = std::move(frames);
+  state.Header = std::move(header);
   state.PackedBands = std::move(packed);
   state.Compressed = std::move(compressed);
   state.Unpacked.reset();
@@ -143,6 +149,77 @@ QThreadPool& PackingPool() {
 
 }  // namespace
 
+// The rows of an undo state unpacked into the image's memory band by band, each band once,
+// by whichever thread comes first: the workers started by Unpack, or a reader that cannot wait.
+struct RowsArriving {
+  vips::VImage Memory;  // owns the memory written into
+  Byte* Pixels = nullptr;
+  size_t RowBytes = 0;
+  int PixelBytes = 0;
+  std::vector<RowBand> Bands;
+  std::vector<QByteArray> Packed;
+  std::vector<bool> Compressed;
+  std::unique_ptr<std::once_flag[]> Done;
+  std::once_flag LetGo;
+  std::atomic<bool> Whole{false};
+
+  void Unpack(size_t i) {
+    const RowBand& band = Bands[i];
+    Byte* target = Pixels + band.Offset;
+    if (!Compressed[i]) {
+      std::memcpy(target, Packed[i].constData(), band.Bytes);
+    } else if (ZSTD_isError(ZSTD_decompress(target, band.Bytes, Packed[i].constData(), size_t(Packed[i].size())))) {
+      std::memset(target, 255, band.Bytes);  // unreachable for our own data; never show uninitialised memory
+    } else {
+      AccumulateRows(target, RowBytes, band.Rows, PixelBytes);
+    }
+  }
+
+  void Complete(bool backwards) {
+    if (Whole.load(std::memory_order_acquire)) return;
+    const size_t count = Bands.size();
+    for (size_t k = 0; k < count; ++k) {
+      const size_t i = backwards ? count - 1 - k : k;
+      std::call_once(Done[i], [this, i] { Unpack(i); });
+    }
+    // Every band is in: the packed bytes go (the history keeps its own share of them).
+    std::call_once(LetGo, [this] {
+      Packed = {};
+      Compressed = {};
+    });
+    Whole.store(true, std::memory_order_release);
+  }
+};
+
+namespace {
+
+QThreadPool& UnpackingPool() {
+  static QThreadPool* pool = [] {
+    auto* made = new QThreadPool;
+    made->setMaxThreadCount(2);
+    return made;
+  }();
+  return *pool;
+}
+
+// The metadata the packed pixels lost: every field the bare image does not already have.
+void CopyMetadata(const vips::VImage& from, vips::VImage& to) {
+  to.get_image()->Xres = from.xres();
+  to.get_image()->Yres = from.yres();
+  gchar** names = vips_image_get_fields(from.get_image());
+  for (gchar** name = names; *name; ++name) {
+    if (vips_image_get_typeof(to.get_image(), *name) != 0) continue;
+    GValue value = G_VALUE_INIT;
+    if (vips_image_get(from.get_image(), *name, &value) == 0) {
+      vips_image_set(to.get_image(), *name, &value);
+      g_value_unset(&value);
+    }
+  }
+  g_strfreev(names);
+}
+
+}  // namespace
+
 PackedImage PackedImage::Pack(const Image& image) {
   PackedImage packed;
   packed.width_ = image.Width();
@@ -155,7 +232,7 @@ PackedImage PackedImage::Pack(const Image& image) {
   packed.state_->Unpacked = image;
   packed.state_->Alive = image.pixels_;
   // The worker keeps the state alive, even when the history lets it go first.
-  PackingPool().start([state = packed.state_, image] { PackInto(*state, image); });
+  PackingPool().start([state = packed.state_, held = std::optional<Image>(image)]() mutable { PackInto(*state, held); });
   return packed;
 }
 
@@ -168,39 +245,44 @@ qint64 PackedImage::Bytes() const {
 }
 
 Image PackedImage::Unpack() const {
-  std::vector<QByteArray> packed;
-  std::vector<bool> compressed;
-  std::optional<vips::VImage> frame;
+  auto arriving = std::make_shared<RowsArriving>();
+  std::vector<vips::VImage> frames;
+  std::optional<vips::VImage> header;
   {
     const std::lock_guard lock(state_->Lock);
     if (state_->Unpacked) return *state_->Unpacked;
     if (auto alive = state_->Alive.lock()) return Image(std::move(alive));  // with its display levels
-    packed = state_->PackedBands;  // shared, not copied
-    compressed = state_->Compressed;
-    frame = state_->Frame;
+    arriving->Packed = state_->PackedBands;  // shared, not copied
+    arriving->Compressed = state_->Compressed;
+    frames = state_->Frames;
+    header = state_->Header;
   }
-  const int pixelBytes = state_->PixelBytes();
-  const size_t rowBytes = size_t(width_) * size_t(pixelBytes);
-  const size_t size = rowBytes * size_t(height_);
-  auto* pixels = static_cast<Byte*>(g_malloc(size));  // handed to libvips, which frees it
-  const std::vector<RowBand> rowBands = RowBands(rowBytes, height_);
-  std::vector<size_t> order(rowBands.size());
-  std::iota(order.begin(), order.end(), size_t{0});
-  QtConcurrent::blockingMap(order, [&](size_t i) {
-    const RowBand& band = rowBands[i];
-    Byte* target = pixels + band.Offset;
-    if (!compressed[i]) {
-      std::memcpy(target, packed[i].constData(), band.Bytes);
-    } else if (ZSTD_isError(ZSTD_decompress(target, band.Bytes, packed[i].constData(), size_t(packed[i].size())))) {
-      std::memset(target, 255, band.Bytes);  // unreachable for our own data; never show uninitialised memory
-    } else {
-      AccumulateRows(target, rowBytes, band.Rows, pixelBytes);
-    }
-  });
-  const vips::VImage rows = vips::VImage::new_from_memory_steal(pixels, size, width_, height_, state_->Bands, state_->Format);
-  const Image unpacked = Image::FromInternal(Image::Pixels{AsSamples(rows, state_->Format)});
-  if (frame) AdoptDisplayLevel(unpacked, *frame);
+  arriving->PixelBytes = state_->PixelBytes();
+  arriving->RowBytes = size_t(width_) * size_t(arriving->PixelBytes);
+  arriving->Bands = RowBands(arriving->RowBytes, height_);
+  arriving->Done = std::make_unique<std::once_flag[]>(arriving->Bands.size());
+  const size_t size = arriving->RowBytes * size_t(height_);
+  arriving->Pixels = static_cast<Byte*>(g_malloc(size));  // handed to libvips, which frees it
+  arriving->Memory = vips::VImage::new_from_memory_steal(arriving->Pixels, size, width_, height_, state_->Bands, state_->Format);
+  if (header) CopyMetadata(*header, arriving->Memory);
+  Image::Pixels pixels{arriving->Memory};
+  const bool showsAtOnce = !frames.empty() && state_->Bands == 3 && state_->Format == VIPS_FORMAT_UCHAR;
+  // Shown at once from the frames kept, the rows following on the workers (anything that
+  // reads them waits for the rest); else unpacked here and on a worker from the other end.
+  if (showsAtOnce) pixels.arriving = arriving;
+  UnpackingPool().start([arriving] { arriving->Complete(true); });
+  if (showsAtOnce) {
+    UnpackingPool().start([arriving] { arriving->Complete(false); });
+  } else {
+    arriving->Complete(false);
+  }
+  const Image unpacked = Image::FromInternal(std::move(pixels));
+  AdoptDisplayLevels(unpacked, frames);
   return unpacked;
+}
+
+void WaitForRows(const Image::Pixels& pixels) {
+  if (pixels.arriving) pixels.arriving->Complete(false);
 }
 
 }  // namespace imaging

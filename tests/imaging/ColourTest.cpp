@@ -4,6 +4,8 @@
 // damaged profile counts as sRGB.
 #include "imaging/Loader.h"
 #include "imaging/Metadata.h"
+#include "imaging/Operations.h"
+#include "imaging/PackedImage.h"
 #include "imaging/Saver.h"
 #include "support/ImageCompare.h"
 #include "support/TestFiles.h"
@@ -70,6 +72,11 @@ TEST(ColourManagement, TaggedPicturesShowAndSaveAsTheirManagedSrgb) {
   const QString again = folder.File(QStringLiteral("again.jpg"));
   ASSERT_TRUE(imaging::SaveImage(adobe, again));
   EXPECT_EQ(imaging::LoadFile(again)->IccProfile(), adobe.IccProfile());
+  // An undo state unpacked from its packed bytes alone keeps the profile and the resolution.
+  const imaging::PackedImage packed = imaging::PackedImage::Pack(imaging::ops::Flip(adobe));
+  (void)packed.Bytes();
+  EXPECT_EQ(packed.Unpack().IccProfile(), adobe.IccProfile());
+  EXPECT_EQ(packed.Unpack().DotsPerInch(), adobe.DotsPerInch());
   // A CMYK JPEG without a profile goes through the standard press profile.
   const QString bare = folder.File(QStringLiteral("bare.jpg"));
   Vips({"copy", folder.File(QStringLiteral("cmyk.jpg")), bare + "[strip]"});

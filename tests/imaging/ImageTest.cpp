@@ -11,6 +11,8 @@
 #include <QColor>
 #include <QTemporaryDir>
 
+#include <functional>
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -103,6 +105,30 @@ TEST(PackedImage, KeepsAlphaOddSizesASinglePixelAndTallPictures) {
   // Tall enough for several bands of rows, the last one short.
   const imaging::Image tall = testing_support::Painted(5, 601, [](int x, int y) { return QColor(x * 50, y % 256, (x * y) % 256); });
   EXPECT_EQ(MeanAbsoluteDifference(PackedAlone(tall).Unpack(), tall), 0);
+}
+
+// A state shown before comes back from its kept frames at once while its rows are still
+// unpacking: whatever reads the pixels then gets them whole.
+TEST(PackedImage, EveryReaderOfAStateJustUndoneGetsItsRowsWhole) {
+  const imaging::Image photo = testing_support::Painted(1600, 1200, [](int x, int y) { return QColor(x % 256, y % 256, (x ^ y) % 256); });
+  const auto packedAfterShowing = [&photo] {
+    const imaging::Image shown = imaging::ops::Flip(photo);
+    (void)shown.ReducedForDisplay(400, 300);  // the frame it was shown at, kept with the state
+    const imaging::PackedImage packed = imaging::PackedImage::Pack(shown);
+    (void)packed.Bytes();
+    return packed;
+  };
+  const imaging::Image flipped = imaging::ops::Flip(photo);
+  const std::vector<std::pair<const char*, std::function<imaging::Image(const imaging::Image&)>>> readers = {
+      {"an operation", [](const imaging::Image& image) { return imaging::ops::Flip(imaging::ops::Flip(image)); }},
+      {"a copy for the clipboard", [](const imaging::Image& image) { return imaging::Image::FromQImage(image.ToQImage()); }},
+      {"a zoom larger than the frame", [](const imaging::Image& image) { return image.ReducedForDisplay(1599, 1199); }},
+  };
+  for (const auto& [name, read] : readers) {
+    const imaging::PackedImage packed = packedAfterShowing();
+    const imaging::Image restored = packed.Unpack();
+    EXPECT_EQ(MeanAbsoluteDifference(read(restored), read(flipped)), 0) << name;
+  }
 }
 
 // A 16-bit file keeps its 16 bits through the edits that can keep them, an undo state and a
