@@ -1,24 +1,19 @@
 #include "app/ScreenColourTracker.h"
 
 #include "imaging/Image.h"
+#include "shell/Colord.h"
 
-#include <QFile>
 #include <QGuiApplication>
 #include <QScreen>
 #include <QWidget>
+
+#include <tuple>
 
 namespace app {
 
 namespace {
 
 constexpr int kPollMilliseconds = 2000;
-constexpr qint64 kLargestProfile = qint64(4) << 20;
-
-QByteArray ProfileInFile(const QString& path) {
-  QFile file(path);
-  if (path.isEmpty() || !file.open(QIODevice::ReadOnly) || file.size() > kLargestProfile) return {};
-  return file.readAll();
-}
 
 }  // namespace
 
@@ -33,16 +28,27 @@ int ScreenColourTracker::Monitor() const {
   return std::max<int>(0, int(screens.indexOf(window_.screen())));
 }
 
+// colord's profile for the output the window is on, else the one the X11 display
+// publishes for its monitor, else the file chosen in Options, else none (sRGB).
+std::pair<QByteArray, shell::ScreenProfileSource> ScreenColourTracker::ScreenProfile() {
+  using shell::ScreenProfileSource;
+  const QScreen* screen = window_.screen();
+  if (const QByteArray& profile = colordFile_.Read(screen ? shell::ColordDisplayProfileFile(screen->name()) : QString());
+      !profile.isEmpty()) {
+    return {profile, ScreenProfileSource::Colord};
+  }
+  if (QByteArray profile = shell::X11MonitorProfile(Monitor()); !profile.isEmpty()) return {profile, ScreenProfileSource::Display};
+  if (const QByteArray& profile = chosenFile_.Read(settings_.ScreenProfileFile); !profile.isEmpty()) {
+    return {profile, ScreenProfileSource::ChosenFile};
+  }
+  return {{}, ScreenProfileSource::Standard};
+}
+
 void ScreenColourTracker::Refresh() {
   imaging::ScreenColour colour;
   colour.Managed = settings_.ColourManaged;
   colour.Perceptual = settings_.PerceptualIntent;
-  colour.Profile = shell::X11MonitorProfile(Monitor());
-  source_ = shell::ScreenProfileSource::Display;
-  if (colour.Profile.isEmpty()) {
-    colour.Profile = ProfileInFile(settings_.ScreenProfileFile);
-    source_ = colour.Profile.isEmpty() ? shell::ScreenProfileSource::Standard : shell::ScreenProfileSource::ChosenFile;
-  }
+  std::tie(colour.Profile, source_) = ScreenProfile();
   if (colour == imaging::CurrentScreenColour()) return;
   imaging::SetScreenColour(colour);
   Q_EMIT Changed();

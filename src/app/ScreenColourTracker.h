@@ -1,6 +1,6 @@
 #pragma once
-// Keeps the pictures' screen colours in step with the window: the profile the display
-// publishes for the monitor the window is on, else the file chosen in Options, else sRGB;
+// Keeps the pictures' screen colours in step with the window: the profile colord or the
+// display holds for the monitor the window is on, else the file chosen in Options, else sRGB;
 // or no management at all when Options says so. Looked at again every two seconds (a
 // colour manager changing the display's profile, the window moved to another monitor) and
 // whenever Options are accepted.
@@ -31,10 +31,12 @@ class ScreenColourTracker : public QObject {
 
  private:
   int Monitor() const;
+  std::pair<QByteArray, shell::ScreenProfileSource> ScreenProfile();
 
   const QWidget& window_;
   const settings::SettingsStore& settings_;
   shell::ScreenProfileSource source_ = shell::ScreenProfileSource::Standard;
+  shell::ProfileFile colordFile_, chosenFile_;
   QTimer poll_;
 };
 

@@ -40,7 +40,7 @@ class frmOptions : public QDialog {
   frmOptions(settings::SettingsStore& settings, FolderEntrySwitch folderEntry, ColourChooser chooseColour,
              QWidget* parent = nullptr);
 
-  // "Adobe RGB (1998), from the display": the screen profile the pictures are shown through.
+  // "Adobe RGB (1998), from colord": the screen profile the pictures are shown through.
   void SetScreenProfileInUse(const QString& text);
 
   bool ThumbColorChanged() const { return thumbColorChanged_; }

@@ -1,5 +1,7 @@
 #include "shell/ScreenProfile.h"
 
+#include <QFile>
+#include <QFileInfo>
 #include <QGuiApplication>
 
 #include <xcb/xcb.h>
@@ -44,11 +46,26 @@ QByteArray X11MonitorProfile(int monitor) {
 
 QString DescribeSource(ScreenProfileSource source) {
   switch (source) {
+    case ScreenProfileSource::Colord: return QStringLiteral("from colord");
     case ScreenProfileSource::Display: return QStringLiteral("from the display");
     case ScreenProfileSource::ChosenFile: return QStringLiteral("the file chosen below");
     case ScreenProfileSource::Standard: break;
   }
   return QStringLiteral("sRGB: no profile from the display");
+}
+
+const QByteArray& ProfileFile::Read(const QString& path) {
+  const QFileInfo info(path);
+  const qint64 size = path.isEmpty() ? -1 : info.size();
+  const QDateTime modified = path.isEmpty() ? QDateTime() : info.lastModified();
+  if (path == path_ && size == size_ && modified == modified_) return bytes_;
+  path_ = path;
+  size_ = size;
+  modified_ = modified;
+  bytes_.clear();
+  QFile file(path);
+  if (!path.isEmpty() && size <= qint64(kLargestProfile) && file.open(QIODevice::ReadOnly)) bytes_ = file.readAll();
+  return bytes_;
 }
 
 }  // namespace shell

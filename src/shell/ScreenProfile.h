@@ -5,6 +5,7 @@
 // client yet, so there the screen counts as sRGB.
 
 #include <QByteArray>
+#include <QDateTime>
 #include <QString>
 
 namespace shell {
@@ -14,7 +15,21 @@ namespace shell {
 QByteArray X11MonitorProfile(int monitor);
 
 // Where the screen's profile in use came from, in the words Options shows.
-enum class ScreenProfileSource { Display, ChosenFile, Standard };
+enum class ScreenProfileSource { Colord, Display, ChosenFile, Standard };
 QString DescribeSource(ScreenProfileSource source);
+
+// A profile file, read again only when its name, size or time changes: the screen's
+// profile is looked for every two seconds. Empty for no file, an unreadable one or one
+// over 4 MB.
+class ProfileFile {
+ public:
+  const QByteArray& Read(const QString& path);
+
+ private:
+  QString path_;
+  qint64 size_ = -1;
+  QDateTime modified_;
+  QByteArray bytes_;
+};
 
 }  // namespace shell
