@@ -25,7 +25,7 @@ namespace {
 constexpr int kLargestThumbnailSide = 16384;
 constexpr const char* kUsage =
     "usage: vistrel-cli info FILE...\n"
-    "       vistrel-cli convert IN OUT\n"
+    "       vistrel-cli convert [--page N] IN OUT\n"
     "       vistrel-cli thumbnail IN OUT WIDTHxHEIGHT\n"
     "       vistrel-cli apply IN OUT OPERATION [VALUE...] [OPERATION [VALUE...]]...\n"
     "       vistrel-cli wallpaper set FILE\n"
@@ -64,11 +64,13 @@ int Info(const QStringList& paths) {
     }
     const QByteArray profile = loaded->Picture.IccProfile();
     const QString colours = profile.isEmpty() ? QStringLiteral("sRGB") : imaging::DescribeProfile(profile);
+    const int pages = imaging::ReadSourceFacts(path).TurnablePages();
     Print(QStringLiteral("%1\t%2\t%3x%4\t%5")
               .arg(path, loaded->Format)
               .arg(loaded->Picture.Width())
               .arg(loaded->Picture.Height())
-              .arg(colours));
+              .arg(colours) +
+          (pages > 1 ? QStringLiteral("\tpages %1").arg(pages) : QString()));
   }
   return failures == 0 ? 0 : 1;
 }
@@ -88,8 +90,14 @@ int Save(const imaging::Image& image, const QString& output) {
   return imaging::SaveImage(image, output) ? 0 : CantSave(output, QSize(image.Width(), image.Height()));
 }
 
-int Convert(const QString& input, const QString& output) {
-  const auto image = imaging::LoadFile(input);
+// `page` counts from 1, as the user does.
+int Convert(const QString& input, const QString& output, int page = 1) {
+  const int pages = imaging::ReadSourceFacts(input).TurnablePages();
+  if (page < 1 || page > pages) {
+    Complain(QStringLiteral("Bad page: %1 (%2 has %3)").arg(page).arg(input, pages == 1 ? QStringLiteral("1 page") : QStringLiteral("%1 pages").arg(pages)));
+    return 2;
+  }
+  const auto image = imaging::LoadFile(input, page - 1);
   return image ? Save(*image, output) : CantOpen(input);
 }
 
@@ -176,6 +184,11 @@ int main(int argc, char** argv) {
   imaging::Initialize();
   if (verb == QLatin1String("info") && arguments.size() >= 2) return Info(arguments.mid(1));
   if (verb == QLatin1String("convert") && arguments.size() == 3) return Convert(arguments[1], arguments[2]);
+  if (verb == QLatin1String("convert") && arguments.size() == 5 && arguments[1] == QLatin1String("--page")) {
+    bool number = false;
+    const int page = arguments[2].toInt(&number);
+    return number ? Convert(arguments[3], arguments[4], page) : Usage();
+  }
   if (verb == QLatin1String("thumbnail") && arguments.size() == 4) return Thumbnail(arguments[1], arguments[2], arguments[3]);
   if (verb == QLatin1String("apply") && arguments.size() >= 4) return Apply(arguments[1], arguments[2], arguments.mid(3));
   if (printing) {

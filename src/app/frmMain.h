@@ -39,6 +39,7 @@
 #include <deque>
 
 class QLabel;
+class QToolButton;
 class QMenu;
 class QSplitter;
 class QStackedWidget;
@@ -227,7 +228,8 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   QStackedWidget* imagePanels_ = nullptr;  // picFondo, or the thumbnails in the Thumbnails view
   QToolBar* ctlToolbar_ = nullptr;
   // picEstado's panes: name (or a message), position, size, zoom, file size
-  std::array<QLabel*, 5> statusPanes_{};
+  std::array<QLabel*, 6> statusPanes_{};
+  std::array<QToolButton*, 2> pageButtons_{};  // previous and next page, beside "page 2/5"
   QMenu* mnuList_ = nullptr;
   widgets::FileChooser chooseFile_ = widgets::ShowFileDialog;
   FolderChooser chooseFolder_ = RunOpenFolderDialog;

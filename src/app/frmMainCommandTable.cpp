@@ -111,6 +111,11 @@ void frmMain::DeclareViewCommands() {
   t.Declare({"mnuViewZoomToSelection", "Zoom to Sele&ction"}, zoom([this] { RunZoomToSelection(); }));
   t.Declare({"mnuViewFullScreen", "Full Scr&een", Qt::Key_F11, "view-fullscreen", "Full Screen"},
             zoom([this] { RunFullScreen(false); }));
+  // Pages turn on Ctrl with Page Down and Page Up: the keys alone step through the folder.
+  t.Declare({"mnuViewNextPage", "Next Pa&ge", Qt::CTRL | Qt::Key_PageDown, "go-next", "Next Page"},
+            {[this] { document_.TurnPage(+1); }, [this] { return document_.Page() + 1 < document_.PageCount(); }});
+  t.Declare({"mnuViewPreviousPage", "Pre&vious Page", Qt::CTRL | Qt::Key_PageUp, "go-previous", "Previous Page"},
+            {[this] { document_.TurnPage(-1); }, [this] { return document_.ImageLoaded() && document_.Page() > 0; }});
   t.Declare({"mnuViewToolbar", "Tool&bar"}, {[this] {
                                                state_.Settings.ShowToolbar = !state_.Settings.ShowToolbar;
                                                LayOut();
@@ -162,7 +167,7 @@ void frmMain::BuildMenus() {
   menu("mnuView", "&View",
        {"mnuViewImage", "mnuViewListAndImage", "mnuViewThumbnails", "-", "mnuViewOriginalSize", "mnuViewFit",
         "mnuViewAlwaysFit", "mnuViewZoomIn", "mnuViewZoomOut", "mnuViewZoom", "mnuViewZoomToSelection", "-",
-        "mnuViewFullScreen", "-", "mnuViewToolbar", "mnuViewStatusBar"});
+        "mnuViewFullScreen", "-", "mnuViewPreviousPage", "mnuViewNextPage", "-", "mnuViewToolbar", "mnuViewStatusBar"});
   menu("mnuColors", "&Colors",
        {"mnuColorsBrightness", "mnuColorsContrast", "mnuColorsGamma", "mnuColorsHSL", "mnuColorsRGB",
         "mnuColorsSolarize", "mnuColorsEqualize", "mnuColorsNegative", "mnuColorsGrayScale",
@@ -201,6 +206,8 @@ void frmMain::BuildToolbar() {
   if (auto* button = qobject_cast<QToolButton*>(ctlToolbar_->widgetForAction(viewButton))) {
     button->setPopupMode(QToolButton::MenuButtonPopup);
   }
+  pageButtons_[0]->setDefaultAction(commands_.Get(QStringLiteral("mnuViewPreviousPage")));
+  pageButtons_[1]->setDefaultAction(commands_.Get(QStringLiteral("mnuViewNextPage")));
 }
 
 }  // namespace app

@@ -225,7 +225,8 @@ int frmMain::AskAboutWhatSavingDrops(const QString& path) {
   QStringList had, kept;
   if (facts.Pages > 1) {
     had << QStringLiteral("%1 pages").arg(facts.Pages);
-    kept << QStringLiteral("the first page only");
+    const int page = path == document_.CurrentFilePath() ? document_.Page() : 0;
+    kept << (page == 0 ? QStringLiteral("the first page only") : QStringLiteral("page %1 only").arg(page + 1));
   }
   // A deep picture is written back at 16 bits; one an 8-bit edit made (a palette) is not.
   const int keptBits = document_.CurrentImage() ? document_.CurrentImage()->BitsPerSample() : 8;

@@ -15,6 +15,7 @@
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QStatusBar>
+#include <QToolButton>
 #include <QToolBar>
 #include <QTreeView>
 
@@ -46,16 +47,25 @@ void frmMain::BuildWidgets() {
 
 void frmMain::BuildStatusBar() {
   statusBar()->setObjectName(QStringLiteral("picEstado"));
-  static const char* const kPaneNames[] = {"lblStatusName", "lblStatusPosition", "lblStatusSize", "lblStatusZoom",
-                                            "lblStatusFileSize"};
+  static const char* const kPaneNames[] = {"lblStatusName", "lblStatusPosition", "lblStatusPage", "lblStatusSize",
+                                            "lblStatusZoom", "lblStatusFileSize"};
   for (size_t i = 0; i < statusPanes_.size(); ++i) {
     statusPanes_[i] = new QLabel(this);
     statusPanes_[i]->setObjectName(QLatin1String(kPaneNames[i]));
     if (i == 0) {
       statusBar()->addWidget(statusPanes_[i], 1);
-    } else {
-      statusBar()->addPermanentWidget(statusPanes_[i]);
+      continue;
     }
+    // The page turns from the status bar too, by small buttons on either side of "page 2/5".
+    const bool page = statusPanes_[i]->objectName() == QLatin1String("lblStatusPage");
+    if (page) statusBar()->addPermanentWidget(pageButtons_[0] = new QToolButton(this));
+    statusBar()->addPermanentWidget(statusPanes_[i]);
+    if (page) statusBar()->addPermanentWidget(pageButtons_[1] = new QToolButton(this));
+  }
+  for (QToolButton* button : pageButtons_) {
+    button->setAutoRaise(true);
+    button->setToolButtonStyle(Qt::ToolButtonIconOnly);
+    button->hide();
   }
 }
 
@@ -143,15 +153,18 @@ void frmMain::RefreshStatusBar(const QString& message) {
     facts.Width = image->Width();
     facts.Height = image->Height();
     facts.Percentage = picFondo_->Percentage();
+    facts.Page = document_.Page();
+    facts.Pages = document_.PageCount();
     if (const qint64 bytes = base::FileSizeOf(path); bytes >= 0) facts.FileBytes = bytes;
   }
   RefreshTitle();
   const document::StatusTexts texts = document::ComposeStatus(facts);
-  const QString* panes[] = {&texts.Name, &texts.Position, &texts.Size, &texts.Zoom, &texts.FileSize};
+  const QString* panes[] = {&texts.Name, &texts.Position, &texts.Page, &texts.Size, &texts.Zoom, &texts.FileSize};
   for (size_t i = 0; i < statusPanes_.size(); ++i) {
     statusPanes_[i]->setText(*panes[i]);
     statusPanes_[i]->setVisible(!panes[i]->isEmpty());
   }
+  for (QToolButton* button : pageButtons_) button->setVisible(!texts.Page.isEmpty());
 }
 
 }  // namespace app

@@ -144,14 +144,18 @@ void Document::ScanFolder() {
 // The image is read on a worker. A read that takes longer than a moment shows a quick
 // picture first (when there is one) and keeps the window painted; a quick one finishes
 // before anything repaints, so stepping through a folder never flickers.
-void Document::Load(const QString& path) {
+void Document::Load(const QString& path, int page) {
   image_.reset();
   natural_ = {};
   paletteBits_ = 0;
+  page_ = page;
+  if (page == 0) pageCount_ = 1;
   std::optional<files::LoadedImage> loaded;
-  const QFuture<void> reading = QtConcurrent::run(&loading_, [&] { loaded = loader_(path); });
+  const QFuture<void> reading = QtConcurrent::run(&loading_, [&] {
+    loaded = page == 0 ? loader_(path) : files::LoadImageFile(path, state_.Metrics, page);
+  });
   if (!loading_.waitForDone(kMomentMs)) {
-    if (auto standIn = standIn_ ? standIn_(path) : std::nullopt) Q_EMIT StandInShown(standIn->Picture, standIn->Natural);
+    if (auto standIn = page == 0 && standIn_ ? standIn_(path) : std::nullopt) Q_EMIT StandInShown(standIn->Picture, standIn->Natural);
     std::atomic_bool ignored{false};
     prompts_.WaitFor(reading, ignored);
   }
@@ -159,6 +163,7 @@ void Document::Load(const QString& path) {
   image_ = std::move(loaded->Picture);
   natural_ = loaded->Natural;
   paletteBits_ = loaded->PaletteBits;
+  pageCount_ = loaded->Pages;
 }
 
 void Document::ClearCurrentImage() {

@@ -109,6 +109,12 @@ class Document : public QObject {
   void AfterEntryDeleted(int row);
   // The file or folder open is closed: nothing is open afterwards.
   void CloseFile();
+  // The pages of the file shown (a TIFF's, a DCX's, an icon's images): the page shown (0
+  // the first, which every file opens on) and how many there are. Turning asks about the
+  // edits first, as stepping does; a page that does not open says so in the view.
+  int Page() const { return page_; }
+  int PageCount() const { return pageCount_; }
+  void TurnPage(int delta);
 
   const WhatIsOpen& Open() const { return open_; }
   bool FolderOpen() const { return open_.Kind == settings::kOpenFolder; }
@@ -182,7 +188,7 @@ class Document : public QObject {
   void OpenLastFolder(const QString& folder);
   bool OpenSingleFile(const QString& path, bool reportFailure);
   void OpenFirstEntry();
-  void Load(const QString& path);
+  void Load(const QString& path, int page = 0);
   void ClearCurrentImage();
   void ForgetWhatIsOpen();
   void AnnounceNeighbours();
@@ -212,6 +218,7 @@ class Document : public QObject {
   std::optional<imaging::Image> image_;
   base::NaturalSize natural_;
   int paletteBits_ = 0;  // the palette depth of the file shown
+  int page_ = 0, pageCount_ = 1;
   History history_;
   std::optional<imaging::Image> unrecordedBase_;  // the base state until an edit packs it
   // The image shown before the last edit, undo or redo, kept whole so that going back to it

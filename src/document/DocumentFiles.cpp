@@ -99,4 +99,21 @@ void Document::AfterSaveAs(const QString& path) {
   Q_EMIT StateChanged();
 }
 
+void Document::TurnPage(int delta) {
+  const int page = page_ + delta;
+  const QString path = CurrentFilePath();
+  if (path.isEmpty() || page < 0 || page >= pageCount_ || page == page_ || !ConfirmSaveChanges()) return;
+  BusyScope busy(prompts_);
+  ClearCurrentImage();
+  Load(path, page);
+  if (image_) {
+    StartHistory();
+    ShowImage();
+  }
+  const QString failure = base::DisplayName(path) + QStringLiteral(": Can't open page %1").arg(page + 1);
+  Q_EMIT StatusChanged(image_ ? QString() : failure);
+  if (!image_) Q_EMIT OpenFailed(failure);
+  Q_EMIT StateChanged();
+}
+
 }  // namespace document

@@ -17,13 +17,14 @@ QString FormatFileSize(qint64 bytes) {
 }
 
 StatusTexts ComposeStatus(const StatusFacts& facts) {
-  if (!facts.Message.isEmpty()) return {facts.Message, {}, {}, {}, {}};
+  if (!facts.Message.isEmpty()) return {facts.Message, {}, {}, {}, {}, {}};
   if (facts.DisplayName.isEmpty()) return {};
   StatusTexts texts;
   texts.Name = facts.DisplayName;
   if (facts.Row >= 0) {
     texts.Position = numbers::FormatThousands(facts.Row + 1) + QStringLiteral(" / ") + numbers::FormatThousands(facts.Count);
   }
+  if (facts.Pages > 1) texts.Page = QStringLiteral("page %1/%2").arg(facts.Page + 1).arg(facts.Pages);
   texts.Size = QStringLiteral("%1 x %2").arg(facts.Width).arg(facts.Height);
   texts.Zoom = QStringLiteral("%1%").arg(facts.Percentage);
   if (facts.FileBytes) texts.FileSize = FormatFileSize(*facts.FileBytes);

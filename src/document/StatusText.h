@@ -1,7 +1,7 @@
 #pragma once
-// What `picEstado` says: the file's name, its place in the folder ("7 / 120"), the
-// image's size ("w x h"), the zoom ("25%") and the file's size, or a command's
-// message alone. Plain text from plain facts, so it is tested without a window.
+// What `picEstado` says: the file's name, its place in the folder ("7 / 120"), the page
+// of a file of several ("page 2/5"), the image's size ("w x h"), the zoom ("25%") and the
+// file's size, or a command's message alone. Plain text from plain facts, so it is tested without a window.
 
 #include <QString>
 
@@ -16,11 +16,12 @@ struct StatusFacts {
   int Count = 0;              // entries in the list
   int Width = 0, Height = 0;  // the image's pixels
   int Percentage = 100;
+  int Page = 0, Pages = 1;    // the page shown (0 the first) of the file's pages
   std::optional<qint64> FileBytes;  // the file on disk; none for an unsaved or missing file
 };
 
 struct StatusTexts {
-  QString Name, Position, Size, Zoom, FileSize;
+  QString Name, Position, Page, Size, Zoom, FileSize;
 };
 
 StatusTexts ComposeStatus(const StatusFacts& facts);

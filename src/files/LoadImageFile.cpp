@@ -7,11 +7,11 @@
 
 namespace files {
 
-std::optional<LoadedImage> LoadImageFile(const QString& path, const base::ScreenMetrics& metrics) {
-  auto picture = imaging::LoadFile(path);
+std::optional<LoadedImage> LoadImageFile(const QString& path, const base::ScreenMetrics& metrics, int page) {
+  auto picture = imaging::LoadFile(path, page);
   if (!picture) return std::nullopt;
   const auto natural = base::NaturalSize::FromPixels(picture->Width(), picture->Height(), metrics);
-  return LoadedImage{std::move(*picture), natural, imaging::PaletteBitsOfFile(path)};
+  return LoadedImage{std::move(*picture), natural, imaging::PaletteBitsOfFile(path), imaging::ReadSourceFacts(path).TurnablePages()};
 }
 
 std::optional<LoadedImage> LoadStandIn(const QString& path, const base::ScreenMetrics& metrics) {

@@ -15,9 +15,11 @@ struct LoadedImage {
   imaging::Image Picture;
   base::NaturalSize Natural;
   int PaletteBits = 0;  // the file's palette depth, kept when the image is saved
+  int Pages = 1;        // the pages a user can turn (a TIFF's, a DCX's, an icon's images)
 };
 
-std::optional<LoadedImage> LoadImageFile(const QString& path, const base::ScreenMetrics& metrics);
+// Page `page` of the file (0 the first; an icon's images count largest first).
+std::optional<LoadedImage> LoadImageFile(const QString& path, const base::ScreenMetrics& metrics, int page = 0);
 
 // A quick picture of a large image to show while the whole one is read: decoded straight
 // at a fraction of its size (a JPEG at 1/2, 1/4 or 1/8 scale) to fit half the screen, with

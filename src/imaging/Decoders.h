@@ -18,7 +18,7 @@ namespace imaging {
 
 // libvips' in-process loaders (untrusted ones stay blocked); shrink > 1 decodes reduced.
 // `onWhite` composites any alpha onto white on the way into memory.
-std::optional<Image> DecodeWithVips(const QString& path, int maxWidth = 0, int maxHeight = 0, bool onWhite = false);
+std::optional<Image> DecodeWithVips(const QString& path, int maxWidth = 0, int maxHeight = 0, bool onWhite = false, int page = 0);
 std::optional<QSize> VipsHeaderSize(const QString& path);
 // The pages and bits per channel the file's header states.
 std::optional<SourceFacts> VipsSourceFacts(const QString& path);
@@ -26,7 +26,8 @@ std::optional<SourceFacts> VipsSourceFacts(const QString& path);
 std::optional<Image> OpenWithVipsInOrder(const QString& path);
 
 // Qt's image readers, by content; `format` as QImageReader names it ("bmp", "ico"...).
-std::optional<Image> DecodeWithQt(const QString& path, bool onWhite = false);
+// An icon's (ICO, CUR) images count largest first.
+std::optional<Image> DecodeWithQt(const QString& path, bool onWhite = false, int page = 0);
 std::optional<QSize> QtHeaderSize(const QString& path);
 std::optional<SourceFacts> QtSourceFacts(const QString& path);
 
@@ -58,7 +59,7 @@ class HelperDecoder {
   // `onWhite` composites any alpha onto white as the picture arrives. `timedOut`, when
   // given, says whether the helper ran out of time: a busy machine's failure, not the file's.
   std::optional<Image> Decode(const QByteArray& bytes, const QString& coder, bool onWhite = false,
-                              bool* timedOut = nullptr) const;
+                              bool* timedOut = nullptr, int page = 0) const;
   // Writes the image in the coder's format (TGA, PCX, DCX), through the same caps.
   std::optional<QByteArray> Encode(const Image& image, const QString& coder) const;
   // Converts bytes of one format (an ImageMagick coder) into another.

@@ -162,7 +162,7 @@ bool HelperDecoder::Run(const QByteArray& input, const QStringList& arguments, c
 }
 
 std::optional<Image> HelperDecoder::Decode(const QByteArray& bytes, const QString& coder, bool onWhite,
-                                           bool* timedOut) const {
+                                           bool* timedOut, int page) const {
   Initialize();
   const auto folder = PrivateFolder();
   if (!folder) return std::nullopt;
@@ -171,7 +171,7 @@ std::optional<Image> HelperDecoder::Decode(const QByteArray& bytes, const QStrin
   QFile copy(folder->filePath(QStringLiteral("input.bin")));
   if (!copy.open(QIODevice::WriteOnly) || copy.write(bytes) != bytes.size() || !copy.flush()) return std::nullopt;
   QStringList arguments = arguments_;
-  arguments.replaceInStrings(QStringLiteral("%IN%"), coder + u':' + copy.fileName() + QStringLiteral("[0]"));
+  arguments.replaceInStrings(QStringLiteral("%IN%"), coder + u':' + copy.fileName() + QStringLiteral("[%1]").arg(std::max(0, page)));
   arguments.replaceInStrings(QStringLiteral("%FILE%"), copy.fileName());
   arguments.replaceInStrings(QStringLiteral("%OUT%"), QStringLiteral("PAM:-"));
   PamReceiver picture(kMaxPixels, onWhite);

@@ -23,6 +23,7 @@ QString LowerCaseExtension(const QString& path) {
 struct DecodeFacts {
   bool OnWhite = false;
   bool* TimedOut = nullptr;
+  int Page = 0;
 };
 
 std::optional<Image> DecodeWithHelper(const QString& path, const QString& coder, DecodeFacts facts) {
@@ -31,16 +32,16 @@ std::optional<Image> DecodeWithHelper(const QString& path, const QString& coder,
   const QByteArray bytes = base::ReadWhole(file, kLargestHelperInput);
   if (bytes.isEmpty()) return std::nullopt;
   const HelperDecoder helper = coder == QLatin1String("EMF") ? HelperDecoder::ForEmf() : HelperDecoder();
-  return helper.Decode(bytes, coder, facts.OnWhite, facts.TimedOut);
+  return helper.Decode(bytes, coder, facts.OnWhite, facts.TimedOut, facts.Page);
 }
 
 std::optional<Image> Decode(const QString& path, const Decision& decision, const QString& extension,
                             DecodeFacts facts) {
   switch (decision.Via) {
     case Route::Vips:
-      return DecodeWithVips(path, 0, 0, facts.OnWhite);
+      return DecodeWithVips(path, 0, 0, facts.OnWhite, facts.Page);
     case Route::Qt:
-      if (auto image = DecodeWithQt(path, facts.OnWhite)) return image;
+      if (auto image = DecodeWithQt(path, facts.OnWhite, facts.Page)) return image;
       // Qt refuses some old variants (OS/2 headers, odd bit counts); ImageMagick reads them.
       return DecodeWithHelper(path, HelperCoderForExtension(extension).isEmpty() ? decision.Format
                                                                                   : HelperCoderForExtension(extension),
@@ -66,10 +67,10 @@ bool ComesInOnWhite(const QString& ext) {
   return kTypes.contains(ext);
 }
 
-std::optional<Loaded> LoadImage(const QString& path) {
+std::optional<Loaded> LoadImage(const QString& path, int page) {
   const QString extension = LowerCaseExtension(path);
   const Decision decision = DecisionFor(path);
-  std::optional<Image> image = Decode(path, decision, extension, {ComesInOnWhite(extension)});
+  std::optional<Image> image = Decode(path, decision, extension, {ComesInOnWhite(extension), nullptr, page});
   if (!image) return std::nullopt;
   return Loaded{*image, decision.Format};
 }
@@ -79,8 +80,8 @@ std::optional<Image> OpenForStreaming(const QString& path) {
   return OpenWithVipsInOrder(path);
 }
 
-std::optional<Image> LoadFile(const QString& path) {
-  auto loaded = LoadImage(path);
+std::optional<Image> LoadFile(const QString& path, int page) {
+  auto loaded = LoadImage(path, page);
   if (!loaded) return std::nullopt;
   return loaded->Picture;
 }
@@ -102,6 +103,10 @@ SourceFacts ReadSourceFacts(const QString& path) {
   std::optional<SourceFacts> facts;
   if (decision.Via == Route::Vips) facts = VipsSourceFacts(path);
   if (decision.Via == Route::Qt) facts = QtSourceFacts(path);
+  if (decision.Format == QLatin1String("DCX")) {
+    QFile file;
+    if (base::OpenForReading(file, path)) facts = SourceFacts{DcxPageCount(file.read(kDcxHeaderBytes))};
+  }
   return facts.value_or(SourceFacts{});
 }
 

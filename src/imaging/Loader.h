@@ -21,10 +21,11 @@ struct Loaded {
 };
 
 // Decodes a whole file: upright by its EXIF orientation; the six types "cur", "emf",
-// "gif", "ico", "rle", "wmf" composited onto white.
+// "gif", "ico", "rle", "wmf" composited onto white. `page` (0 the first) picks a page of a
+// file of several (a TIFF, a DCX, a HEIF collection); an icon's images count largest first.
 // nullopt when it cannot be read (the caller says "Can't open file").
-std::optional<Loaded> LoadImage(const QString& path);
-std::optional<Image> LoadFile(const QString& path);
+std::optional<Loaded> LoadImage(const QString& path, int page = 0);
+std::optional<Image> LoadFile(const QString& path, int page = 0);
 
 // The file as an unevaluated pipeline read once from top to bottom (imaging/Streaming.h):
 // only what libvips decodes in process, already upright, and not one of the six types
@@ -42,6 +43,9 @@ std::optional<QSize> ReadImageSizeCheaply(const QString& path);
 struct SourceFacts {
   int Pages = 1;
   int BitsPerChannel = 8;
+  bool Animated = false;  // the pages are an animation's frames (GIF, WebP)
+  // The pages a user turns: 1 for an animation, which plays instead.
+  int TurnablePages() const { return Animated ? 1 : Pages; }
 };
 SourceFacts ReadSourceFacts(const QString& path);
 

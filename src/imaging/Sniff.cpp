@@ -5,6 +5,8 @@
 
 #include <QHash>
 
+#include <algorithm>
+
 namespace imaging {
 
 namespace {
@@ -44,6 +46,17 @@ Decision ChooseDecoder(const QByteArray& head, const QString& ext) {
   const QString coder = HelperCoderForExtension(ext);
   if (!coder.isEmpty()) return {Route::Helper, coder};
   return {};
+}
+
+int DcxPageCount(const QByteArray& header) {
+  const auto word = [&header](qsizetype at) {
+    const auto* bytes = reinterpret_cast<const unsigned char*>(header.constData() + at);
+    return quint32(bytes[0]) | quint32(bytes[1]) << 8 | quint32(bytes[2]) << 16 | quint32(bytes[3]) << 24;
+  };
+  if (header.size() < 8 || word(0) != 0x3ADE68B1) return 1;
+  int pages = 0;
+  for (qsizetype at = 4; at + 4 <= std::min<qsizetype>(header.size(), kDcxHeaderBytes) && word(at) != 0; at += 4) ++pages;
+  return std::max(1, pages);
 }
 
 }  // namespace imaging

@@ -23,4 +23,10 @@ Decision ChooseDecoder(const QByteArray& head, const QString& lowerCaseExtension
 // The coder the helper uses for an extension, when the in-process reader fails.
 QString HelperCoderForExtension(const QString& lowerCaseExtension);
 
+// The bytes of a DCX file's header: its magic number and a table of up to 1,023 page
+// offsets that ends at a zero.
+inline constexpr int kDcxHeaderBytes = 4 * 1024;
+// The pages that table lists; 1 for anything else (a DCX lists at least one).
+int DcxPageCount(const QByteArray& header);
+
 }  // namespace imaging

@@ -22,10 +22,13 @@ vips::VSource SourceOf(const QString& path) {
 
 namespace {
 
+// Page `page` of a file of several (0 for any other file: not every loader takes the option).
+vips::VOption* PageOption(vips::VOption* options, int page) { return page > 0 ? options->set("page", page) : options; }
+
 // Opens lazily (header only) and refuses what is over the pixel limit.
-std::optional<vips::VImage> OpenChecked(const QString& path) {
+std::optional<vips::VImage> OpenChecked(const QString& path, int page = 0) {
   const vips::VSource source = SourceOf(path);  // first: the options below are freed only by the call
-  vips::VImage image = vips::VImage::new_from_source(source, "", vips::VImage::option()->set("access", "sequential"));
+  vips::VImage image = vips::VImage::new_from_source(source, "", PageOption(vips::VImage::option()->set("access", "sequential"), page));
   if (std::int64_t(image.width()) * image.height() > kMaxPixels) return std::nullopt;
   return image;
 }
@@ -57,10 +60,10 @@ std::optional<Image> DecodeCmykFitting(const vips::VImage& header, const QString
 
 }  // namespace
 
-std::optional<Image> DecodeWithVips(const QString& path, int maxWidth, int maxHeight, bool onWhite) {
+std::optional<Image> DecodeWithVips(const QString& path, int maxWidth, int maxHeight, bool onWhite, int page) {
   Initialize();
   try {
-    const auto image = OpenChecked(path);
+    const auto image = OpenChecked(path, page);
     if (!image) return std::nullopt;
     if (maxWidth > 0 && maxHeight > 0 && image->interpretation() == VIPS_INTERPRETATION_CMYK) {
       return DecodeCmykFitting(*image, path, maxWidth, maxHeight);
@@ -72,7 +75,9 @@ std::optional<Image> DecodeWithVips(const QString& path, int maxWidth, int maxHe
     }
     // Upright pixels go in one pass straight into memory; turning them needs random access.
     if (vips_image_get_orientation(image->get_image()) <= 1) return Wrap(WithStatedColours(*image, path), onWhite);
-    return Wrap(WithStatedColours(vips::VImage::new_from_source(SourceOf(path), "").autorot(), path), onWhite);
+    const vips::VSource source = SourceOf(path);
+    return Wrap(WithStatedColours(vips::VImage::new_from_source(source, "", PageOption(vips::VImage::option(), page)).autorot(), path),
+                onWhite);
   } catch (const vips::VError&) {
     vips_error_clear();
     return std::nullopt;
@@ -107,8 +112,8 @@ std::optional<SourceFacts> VipsSourceFacts(const QString& path) {
   Initialize();
   try {
     const vips::VImage image = vips::VImage::new_from_source(SourceOf(path), "");
-    return SourceFacts{std::max(1, vips_image_get_n_pages(image.get_image())),
-                       int(vips_format_sizeof(image.format())) * 8};
+    const int pages = std::max(1, vips_image_get_n_pages(image.get_image()));
+    return SourceFacts{pages, int(vips_format_sizeof(image.format())) * 8, pages > 1 && image.get_typeof("delay") != 0};
   } catch (const vips::VError&) {
     vips_error_clear();
     return std::nullopt;

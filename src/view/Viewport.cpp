@@ -293,7 +293,10 @@ void Viewport::mouseDoubleClickEvent(QMouseEvent* event) {
   if (event->button() == Qt::LeftButton) Q_EMIT FullScreenRequested();
 }
 
+// The keys alone step and scroll; with Ctrl they belong to the window's commands (Ctrl and
+// Page Down turns a page).
 void Viewport::keyPressEvent(QKeyEvent* event) {
+  if (event->modifiers() & Qt::ControlModifier) return QWidget::keyPressEvent(event);
   switch (event->key()) {
     case Qt::Key_Left: case Qt::Key_Right: case Qt::Key_Up: case Qt::Key_Down: ArrowKey(event->key()); break;
     case Qt::Key_Space: case Qt::Key_PageDown: Q_EMIT StepRequested(1); break;

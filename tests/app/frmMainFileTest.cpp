@@ -11,6 +11,9 @@
 #include <QFile>
 #include <QImage>
 #include <QProcess>
+#include <QStatusBar>
+#include <QTest>
+#include <QToolButton>
 #include <QTreeView>
 
 namespace {
@@ -80,6 +83,41 @@ TEST_F(frmMainFileTest, SavingOverPagesAndDeepColourAsksFirst) {
   Doc().ApplyEdit(imaging::ops::ColorDepth(*Doc().CurrentImage(), 8), QStringLiteral("Colour depth"));
   Trigger("mnuFileSave");
   EXPECT_EQ(save.LastText(), QStringLiteral("scan.tif has 16 bits per channel. Saving over it keeps 8 bits per channel."));
+}
+
+// A file of pages opens on the first and turns with Ctrl and Page Down or Up, or the status
+// bar's buttons; a changed page is asked about before it goes, and saving over the file
+// says which page it keeps.
+TEST_F(frmMainFileTest, PagesTurnAndSavingOverSaysWhichPageItKeeps) {
+  const QString tiff = pictures_.File(QStringLiteral("pages.tif"));
+  ASSERT_EQ(QProcess::execute(QStringLiteral("convert"), {"-size", "16x12", "xc:red", "xc:lime", "xc:blue", tiff}), 0);
+  Start(tiff);
+  EXPECT_EQ(Pane("lblStatusPage"), QStringLiteral("page 1/3"));
+  EXPECT_FALSE(Command("mnuViewPreviousPage")->isEnabled());
+  window_->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+  Canvas()->setFocus();
+  QTest::keyClick(Canvas(), Qt::Key_PageDown, Qt::ControlModifier);
+  EXPECT_EQ(Pane("lblStatusPage"), QStringLiteral("page 2/3"));
+  EXPECT_EQ(Shown().ToQImage().pixelColor(0, 0), QColor(Qt::green));
+  Trigger("mnuColorsNegative");
+  {
+    DialogAnswerer cancel(QMessageBox::Cancel);
+    Trigger("mnuViewNextPage");
+    EXPECT_EQ(cancel.Count(), 1);  // the save question, cancelled: the changed page stays
+    EXPECT_EQ(Pane("lblStatusPage"), QStringLiteral("page 2/3"));
+    Trigger("mnuFileSave");
+    EXPECT_EQ(cancel.LastText(), QStringLiteral("pages.tif has 3 pages. Saving over it keeps page 2 only."));
+  }
+  DialogAnswerer no(QMessageBox::No);
+  const auto buttons = window_->statusBar()->findChildren<QToolButton*>();
+  const auto next = std::find_if(buttons.begin(), buttons.end(),
+                                 [this](QToolButton* b) { return b->defaultAction() == Command("mnuViewNextPage"); });
+  ASSERT_NE(next, buttons.end());
+  QTest::mouseClick(*next, Qt::LeftButton);
+  EXPECT_EQ(Pane("lblStatusPage"), QStringLiteral("page 3/3"));
+  EXPECT_EQ(Shown().ToQImage().pixelColor(0, 0), QColor(Qt::blue));
+  EXPECT_FALSE(Command("mnuViewNextPage")->isEnabled());
 }
 
 // Undoing every edit leaves nothing to ask about when moving on.

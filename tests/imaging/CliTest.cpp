@@ -41,6 +41,15 @@ TEST(VistrelCli, InfoPrintsOneLineAFileAndConvertSavesByTheExtension) {
   const QString out = folder.File(QStringLiteral("upright.tga"));
   EXPECT_EQ(Cli({"convert", CorpusPath(QStringLiteral("exif-orientation/Landscape_8.jpg")), out}).ExitCode, 0);
   EXPECT_EQ(Cli({"info", out}).Output, out + "\tTGA\t1800x1200\tsRGB\n");
+  // A file of pages says how many, and convert writes the one asked for (counted from 1).
+  const QString pages = folder.File(QStringLiteral("pages.dcx")), second = folder.File(QStringLiteral("second.png"));
+  ASSERT_EQ(testing_support::Run(QStringLiteral("convert"), {"-size", "8x6", "xc:red", "xc:blue", pages}).ExitCode, 0);
+  EXPECT_EQ(Cli({"info", pages}).Output, pages + "\tDCX\t8x6\tsRGB\tpages 2\n");
+  EXPECT_EQ(Cli({"convert", "--page", "2", pages, second}).ExitCode, 0);
+  EXPECT_EQ(QImage(second).pixelColor(0, 0), QColor(Qt::blue));
+  const CliRun beyond = Cli({"convert", "--page", "3", pages, second});
+  EXPECT_EQ(beyond.ExitCode, 2);
+  EXPECT_EQ(beyond.Errors, "Bad page: 3 (" + pages + " has 2 pages)\n");
 }
 
 // Each failure names the file and why, and a bad word is refused before anything is read.

@@ -7,6 +7,7 @@
 #include "imaging/Saver.h"
 #include "imaging/PackedImage.h"
 #include "support/ImageCompare.h"
+#include "support/TestFiles.h"
 
 #include <QColor>
 #include <QTemporaryDir>
@@ -181,3 +182,33 @@ TEST(DeepImages, SixteenBitsSurviveEditsUndoStatesAndSaves) {
 }
 
 }  // namespace
+
+// Files of several pages, made by ImageMagick: each page opens by its number (an icon's
+// images largest first), and an animation's frames are not pages to turn.
+TEST(Pages, EachPageOpensByItsNumber) {
+  testing_support::TempFolder folder;
+  struct Case {
+    const char* Name;
+    QStringList Pictures;  // ImageMagick's arguments, one page each
+    int Pages;
+    std::vector<std::pair<QColor, int>> Shown;  // each page's colour and width, in order
+  };
+  const Case cases[] = {
+      {"pages.tif", {"-size", "8x6", "xc:red", "xc:lime", "xc:blue"}, 3, {{Qt::red, 8}, {Qt::green, 8}, {Qt::blue, 8}}},
+      {"pages.dcx", {"-size", "8x6", "xc:red", "xc:blue"}, 2, {{Qt::red, 8}, {Qt::blue, 8}}},
+      {"icon.ico", {"-size", "16x16", "xc:red", "-size", "48x48", "xc:lime", "-size", "32x32", "xc:blue"}, 3,
+       {{Qt::green, 48}, {Qt::blue, 32}, {Qt::red, 16}}},
+      {"moving.gif", {"-delay", "10", "-size", "8x6", "xc:red", "xc:blue"}, 1, {{Qt::red, 8}}},
+  };
+  for (const Case& c : cases) {
+    const QString path = folder.File(QLatin1String(c.Name));
+    ASSERT_EQ(testing_support::Run(QStringLiteral("convert"), c.Pictures + QStringList{path}).ExitCode, 0) << c.Name;
+    EXPECT_EQ(imaging::ReadSourceFacts(path).TurnablePages(), c.Pages) << c.Name;
+    for (int page = 0; page < int(c.Shown.size()); ++page) {
+      const auto image = imaging::LoadFile(path, page);
+      ASSERT_TRUE(image.has_value()) << c.Name << " page " << page;
+      EXPECT_EQ(image->ToQImage().pixelColor(1, 1), c.Shown[size_t(page)].first) << c.Name << " page " << page;
+      EXPECT_EQ(image->Width(), c.Shown[size_t(page)].second) << c.Name << " page " << page;
+    }
+  }
+}
