@@ -4,7 +4,7 @@ namespace base {
 
 namespace {
 
-constexpr bool kScanned = true, kNotScanned = false, kWritable = true, kReadOnly = false;
+constexpr bool kScanned = true, kNotScanned = false, kWritable = true, kReadOnly = false, kHoldsPages = true;
 
 }  // namespace
 
@@ -12,12 +12,12 @@ const std::vector<FileFormat>& FileFormats() {
   static const std::vector<FileFormat> formats = {
       {"bmp", "Bitmap image", "image/bmp", "BMP", kScanned, "bmp", "Bitmap (*.bmp)", kWritable},
       {"cal", "Cals image", "image/x-cals", "CALS", kScanned, "cal", nullptr, kReadOnly},
-      {"cur", "Cursor", "image/x-win-bitmap", "CUR", kScanned, "cur", nullptr, kReadOnly},
-      {"dcx", "Paintbrush dcx image", "image/x-dcx", "DCX", kScanned, nullptr, "Paintbrush dcx (*.dcx)", kWritable},
+      {"cur", "Cursor", "image/x-win-bitmap", "CUR", kScanned, "cur", nullptr, kReadOnly, nullptr, kHoldsPages},
+      {"dcx", "Paintbrush dcx image", "image/x-dcx", "DCX", kScanned, nullptr, "Paintbrush dcx (*.dcx)", kWritable, nullptr, kHoldsPages},
       {"dib", "Dib image", "image/bmp", "DIB", kScanned, "dib", "Dib (*.dib)", kWritable},
       {"emf", "Enhanced metafile image", "image/emf", "EMF", kScanned, nullptr, nullptr, kReadOnly},
-      {"gif", "Gif image", "image/gif", "", kScanned, "gif", nullptr, kReadOnly},
-      {"ico", "Icon", "image/vnd.microsoft.icon", "ICO", kScanned, "ico", nullptr, kReadOnly},
+      {"gif", "Gif image", "image/gif", "", kScanned, "gif", nullptr, kReadOnly, nullptr, kHoldsPages},
+      {"ico", "Icon", "image/vnd.microsoft.icon", "ICO", kScanned, "ico", nullptr, kReadOnly, nullptr, kHoldsPages},
       {"jpe", "Jpeg image", "image/jpeg", "", kNotScanned, nullptr, nullptr, kWritable},
       {"jpg", "Jpeg image", "image/jpeg", "", kScanned, "jpg;jpeg;jpe;jif", "Jpeg (*.jpg)", kWritable},
       {"jpeg", "Jpeg image", "image/jpeg", "", kScanned, nullptr, nullptr, kWritable, "jpg"},
@@ -29,7 +29,7 @@ const std::vector<FileFormat>& FileFormats() {
       {"ppm", "Portable pixmap image", "image/x-portable-pixmap", "PPM", kScanned, "ppm", "Portable pixmap (*.ppm)", kWritable},
       {"rle", "Rle image", "image/rle", "BMP", kScanned, "rle", nullptr, kReadOnly},
       {"tga", "Targa image", "image/x-tga", "TGA", kScanned, "tga", "Targa (*.tga)", kWritable},
-      {"tif", "Tiff image", "image/tiff", "", kScanned, "tif", "Tiff (*.tif)", kWritable},
+      {"tif", "Tiff image", "image/tiff", "", kScanned, "tif", "Tiff (*.tif)", kWritable, nullptr, kHoldsPages},
       {"wmf", "Windows metafile image", "image/wmf", "WMF", kScanned, "wmf;emf", nullptr, kReadOnly},
       {"wpg", "Word Perfect graphic bitmap image", "application/x-wpg", "WPG", kScanned, "wpg",
        "Word Perfect graphic bitmap (*.wpg)", kWritable},

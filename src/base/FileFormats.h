@@ -24,6 +24,7 @@ struct FileFormat {
   const char* SaveAs;  // the Save As entry that writes this type ("Jpeg (*.jpg)"), or null
   bool Writable;       // Save can write it
   const char* SavedLike = nullptr;  // without an entry: the type whose entry Save As preselects
+  bool HoldsPages = false;          // a file may hold several pages or an animation's frames
 };
 
 // Every row, in the folder scan's order (jpe, which the scan leaves out, before jpg).

@@ -1,6 +1,7 @@
 #include "browse/ThumbnailsView.h"
 
 #include "base/Colors.h"
+#include "base/FileFormats.h"
 #include "base/Paths.h"
 #include "imaging/Loader.h"
 #include "widgets/TextFit.h"
@@ -65,8 +66,9 @@ class ThumbnailsView::PageWidget : public QWidget {
     }
     if (!cell.Picture.isNull()) {
       const QSize drawn = cell.Picture.deviceIndependentSize().toSize();
-      painter.drawImage(QPoint(box.left() + (box.width() - drawn.width()) / 2, box.top() + (box.height() - drawn.height()) / 2),
-                        cell.Picture);
+      const QRect picture(QPoint(box.left() + (box.width() - drawn.width()) / 2, box.top() + (box.height() - drawn.height()) / 2), drawn);
+      painter.drawImage(picture.topLeft(), cell.Picture);
+      if (!cell.Badge.isEmpty()) PaintBadge(painter, picture, cell.Badge);
     }
     const QRect firstLine(box.left() - 20, box.bottom() + 4, box.width() + 40, textHeight);
     painter.setPen(palette().color(QPalette::WindowText));
@@ -74,6 +76,23 @@ class ThumbnailsView::PageWidget : public QWidget {
     QString second;
     if (cell.Done) second = cell.ImageSize.isEmpty() ? QStringLiteral("Can't open file") : SizeCaption(cell.ImageSize);
     painter.drawText(firstLine.translated(0, textHeight), Qt::AlignHCenter, second);
+  }
+
+  // A small dark label in the picture's top right corner.
+  void PaintBadge(QPainter& painter, const QRect& picture, const QString& text) {
+    QFont small = font();
+    small.setPointSizeF(small.pointSizeF() * 0.8);
+    const QFontMetrics metrics(small);
+    const QRect label = QRect(0, 0, metrics.horizontalAdvance(text) + 8, metrics.height() + 2)
+                            .translated(picture.right() - metrics.horizontalAdvance(text) - 10, picture.top() + 2);
+    painter.save();
+    painter.setFont(small);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(0, 0, 0, 170));
+    painter.drawRoundedRect(label, 4, 4);
+    painter.setPen(Qt::white);
+    painter.drawText(label, Qt::AlignCenter, text);
+    painter.restore();
   }
 
   ThumbnailsView& view_;
@@ -85,6 +104,16 @@ namespace {
 QImage OnScreen(const QImage& srgb) {
   if (imaging::CurrentScreenColour() == imaging::ScreenColour{}) return srgb;
   return imaging::Image::FromQImage(srgb).ForScreen().copy();
+}
+
+// "3 pages" or "12 frames" for a file of several, read from its header when its type can
+// hold them; empty otherwise.
+QString Badge(const QString& path) {
+  const base::FileFormat* format = base::FindFileFormat(base::FileExtension(path).toLower());
+  if (!format || !format->HoldsPages) return {};
+  const imaging::SourceFacts facts = imaging::ReadSourceFacts(path);
+  if (facts.Pages < 2) return {};
+  return (facts.Animated ? QStringLiteral("%1 frames") : QStringLiteral("%1 pages")).arg(facts.Pages);
 }
 
 // The file's thumbnail and its size: from the desktop's cache when it has a fresh one,
@@ -278,6 +307,7 @@ void ThumbnailsView::StartDecoding() {
                                       drawn.Resample ? Qt::SmoothTransformation : Qt::FastTransformation);
         cell.Picture.setDevicePixelRatio(ratio);
       }
+      cell.Badge = Badge(path);
       cell.Done = true;
       QMetaObject::invokeMethod(this, [this, generation, index, cell] { Delivered(generation, index, cell); },
                                 Qt::QueuedConnection);

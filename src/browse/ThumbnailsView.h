@@ -49,6 +49,7 @@ class ThumbnailsView : public QScrollArea {
     QString Name;     // shortened to the box
     QSize ImageSize;  // empty while loading or when the file did not open
     QImage Picture;   // at the drawn size, in device pixels
+    QString Badge;    // "3 pages", "12 frames": a file of several, marked on its picture
     bool Done = false;
   };
   const std::vector<Cell>& Cells() const { return cells_; }

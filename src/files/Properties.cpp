@@ -36,6 +36,10 @@ std::vector<std::pair<QString, QString>> PropertyRows(const QString& path) {
       {QStringLiteral("Modified"), numbers::FormatGeneralDate(file.lastModified())},
       {QStringLiteral("Width x height"), DimensionsText(path)},
   };
+  // A file of several pages says how many; an animation, how many frames.
+  if (const imaging::SourceFacts facts = imaging::ReadSourceFacts(path); facts.Pages > 1) {
+    rows.emplace_back(facts.Animated ? QStringLiteral("Frames") : QStringLiteral("Pages"), numbers::FormatThousands(facts.Pages));
+  }
   for (auto& row : imaging::ReadPhotoMetadata(path)) rows.push_back(std::move(row));
   return rows;
 }
