@@ -113,9 +113,9 @@ void frmMain::DeclareViewCommands() {
             zoom([this] { RunFullScreen(false); }));
   // Pages turn on Ctrl with Page Down and Page Up: the keys alone step through the folder.
   t.Declare({"mnuViewNextPage", "Next Pa&ge", Qt::CTRL | Qt::Key_PageDown, "go-next", "Next Page"},
-            {[this] { document_.TurnPage(+1); }, [this] { return document_.Page() + 1 < document_.PageCount(); }});
+            {[this] { document_.TurnPage(+1); }, [this] { return document_.CanTurnPage(+1); }});
   t.Declare({"mnuViewPreviousPage", "Pre&vious Page", Qt::CTRL | Qt::Key_PageUp, "go-previous", "Previous Page"},
-            {[this] { document_.TurnPage(-1); }, [this] { return document_.ImageLoaded() && document_.Page() > 0; }});
+            {[this] { document_.TurnPage(-1); }, [this] { return document_.CanTurnPage(-1); }});
   t.Declare({"mnuViewToolbar", "Tool&bar"}, {[this] {
                                                state_.Settings.ShowToolbar = !state_.Settings.ShowToolbar;
                                                LayOut();

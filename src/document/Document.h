@@ -114,6 +114,7 @@ class Document : public QObject {
   // edits first, as stepping does; a page that does not open says so in the view.
   int Page() const { return page_; }
   int PageCount() const { return pageCount_; }
+  bool CanTurnPage(int delta) const;
   void TurnPage(int delta);
 
   const WhatIsOpen& Open() const { return open_; }

@@ -99,10 +99,15 @@ void Document::AfterSaveAs(const QString& path) {
   Q_EMIT StateChanged();
 }
 
+bool Document::CanTurnPage(int delta) const {
+  const int page = page_ + delta;
+  return delta != 0 && page >= 0 && page < pageCount_ && !CurrentFilePath().isEmpty();
+}
+
 void Document::TurnPage(int delta) {
   const int page = page_ + delta;
   const QString path = CurrentFilePath();
-  if (path.isEmpty() || page < 0 || page >= pageCount_ || page == page_ || !ConfirmSaveChanges()) return;
+  if (!CanTurnPage(delta) || !ConfirmSaveChanges()) return;
   BusyScope busy(prompts_);
   ClearCurrentImage();
   Load(path, page);
