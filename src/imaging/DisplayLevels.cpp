@@ -45,13 +45,18 @@ vips::VImage& BaseLevel(const Image& image, DisplayLevelCache& cache) {
 }
 
 // Levels stay in order of size, largest first, so a reduction starts from the smallest one
-// still as large; a few of them at most, besides the half-size ones.
+// still as large. Each is at most a quarter of the image and all of them together half of
+// it (the half-size chain takes a third): the large reductions of a zoom are made again.
 void Keep(DisplayLevelCache& cache, const vips::VImage& level) {
-  constexpr size_t kMostLevels = 12;
+  const auto area = [](const vips::VImage& image) { return double(image.width()) * image.height(); };
+  const double whole = area(cache.levels.front());
+  double held = area(level);
+  for (size_t i = 1; i < cache.levels.size(); ++i) held += area(cache.levels[i]);
+  if (4 * area(level) > whole || 2 * held > whole) return;
   auto place = cache.levels.begin() + 1;
   while (place != cache.levels.end() && place->width() > level.width()) ++place;
   if (place != cache.levels.end() && place->width() == level.width() && place->height() == level.height()) return;
-  if (cache.levels.size() < kMostLevels) cache.levels.insert(place, level);
+  cache.levels.insert(place, level);
 }
 
 }  // namespace
