@@ -1,7 +1,6 @@
 #include "browse/ThumbnailsView.h"
 
 #include "base/Colors.h"
-#include "base/FileFormats.h"
 #include "base/Paths.h"
 #include "imaging/Loader.h"
 #include "widgets/TextFit.h"
@@ -106,12 +105,9 @@ QImage OnScreen(const QImage& srgb) {
   return imaging::Image::FromQImage(srgb).ForScreen().copy();
 }
 
-// "3 pages" or "12 frames" for a file of several, read from its header when its type can
-// hold them; empty otherwise.
+// "3 pages" or "12 frames" for a file of several; empty otherwise.
 QString Badge(const QString& path) {
-  const base::FileFormat* format = base::FindFileFormat(base::FileExtension(path).toLower());
-  if (!format || !format->HoldsPages) return {};
-  const imaging::SourceFacts facts = imaging::ReadSourceFacts(path);
+  const imaging::SourceFacts facts = imaging::ReadPageFacts(path);
   if (facts.Pages < 2) return {};
   return (facts.Animated ? QStringLiteral("%1 frames") : QStringLiteral("%1 pages")).arg(facts.Pages);
 }

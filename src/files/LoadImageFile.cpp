@@ -11,7 +11,7 @@ std::optional<LoadedImage> LoadImageFile(const QString& path, const base::Screen
   auto picture = imaging::LoadFile(path, page);
   if (!picture) return std::nullopt;
   const auto natural = base::NaturalSize::FromPixels(picture->Width(), picture->Height(), metrics);
-  return LoadedImage{std::move(*picture), natural, imaging::PaletteBitsOfFile(path), imaging::ReadSourceFacts(path).TurnablePages()};
+  return LoadedImage{std::move(*picture), natural, imaging::PaletteBitsOfFile(path), imaging::ReadPageFacts(path).TurnablePages()};
 }
 
 std::optional<LoadedImage> LoadStandIn(const QString& path, const base::ScreenMetrics& metrics) {

@@ -2,6 +2,7 @@
 
 #include "imaging/Decoders.h"
 #include "imaging/Sniff.h"
+#include "base/FileFormats.h"
 #include "base/FileNames.h"
 
 #include <QFile>
@@ -108,6 +109,11 @@ SourceFacts ReadSourceFacts(const QString& path) {
     if (base::OpenForReading(file, path)) facts = SourceFacts{DcxPageCount(file.read(kDcxHeaderBytes))};
   }
   return facts.value_or(SourceFacts{});
+}
+
+SourceFacts ReadPageFacts(const QString& path) {
+  const base::FileFormat* format = base::FindFileFormat(LowerCaseExtension(path));
+  return format && !format->HoldsPages ? SourceFacts{} : ReadSourceFacts(path);
 }
 
 std::optional<QSize> ReadImageSize(const QString& path) {

@@ -48,6 +48,9 @@ struct SourceFacts {
   int TurnablePages() const { return Animated ? 1 : Pages; }
 };
 SourceFacts ReadSourceFacts(const QString& path);
+// Only the pages and frames, where opening a picture or drawing a thumbnail asks: a type
+// the format table says holds one picture (JPEG, PNG, BMP...) is not read at all.
+SourceFacts ReadPageFacts(const QString& path);
 
 // Decodes at a reduced size, fitting within the box, using shrink-on-load where the
 // format has it (JPEG, WebP, HEIF), for thumbnails and fitted display.
