@@ -277,11 +277,4 @@ TEST_F(frmMainFileTest, ASuccessfulSaveLeavesNothingToAskOrUndo) {
   EXPECT_EQ(answerer.Count(), 0);
 }
 
-TEST(FileChooser, TheChosenEntryIsFoundWithOrWithoutItsHiddenPatterns) {
-  const QStringList filters = {QStringLiteral("Bitmap (*.bmp) (*.bmp)"), QStringLiteral("Jpeg (*.jpg) (*.jpg)")};
-  EXPECT_EQ(widgets::ChosenFilterIndex(filters, QStringLiteral("Jpeg (*.jpg) (*.jpg)")), 2);
-  EXPECT_EQ(widgets::ChosenFilterIndex(filters, QStringLiteral("Jpeg (*.jpg)")), 2);
-  EXPECT_EQ(widgets::ChosenFilterIndex(filters, QStringLiteral("Tiff (*.tif)")), 0);
-}
-
 }  // namespace

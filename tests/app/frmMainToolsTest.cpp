@@ -5,7 +5,6 @@
 #include "settings/SettingsStore.h"
 #include "shell/Wallpaper.h"
 #include "view/Viewport.h"
-#include "app/frmAbout.h"
 #include "widgets/HelpWindow.h"
 #include "support/DialogAnswerer.h"
 #include "support/ImageCompare.h"
@@ -255,22 +254,6 @@ TEST_F(frmMainToolsTest, HelpFromOptionsOutlivesTheDialog) {
   EXPECT_TRUE(help->isVisible());
   EXPECT_TRUE(help->Shown().toString().contains(QStringLiteral("options"), Qt::CaseInsensitive));
   help->close();
-}
-
-// The About box names the maker, home page and licence the package declares.
-TEST(frmAbout, NamesTheHomePageAndLicenceOfThePackage) {
-  const QString metainfo = QString::fromUtf8(
-      testing_support::ReadAll(QStringLiteral(VISTREL_SOURCE_DIR "/packaging/io.github.vistrel.Vistrel.metainfo.xml.in")));
-  const auto between = [&metainfo](const QString& open, const QString& close) {
-    const qsizetype start = metainfo.indexOf(open) + open.size();
-    return metainfo.mid(start, metainfo.indexOf(close, start) - start);
-  };
-  app::frmAbout about;
-  const QString text = about.findChild<QLabel*>(QStringLiteral("lblAbout"))->text();
-  EXPECT_TRUE(text.contains(between(QStringLiteral("<url type=\"homepage\">"), QStringLiteral("</url>"))));
-  EXPECT_EQ(between(QStringLiteral("<project_license>"), QStringLiteral("</project_license>")), QStringLiteral("GPL-3.0-or-later"));
-  EXPECT_TRUE(text.contains(QStringLiteral("GNU General Public License, version 3 or later")));
-  EXPECT_TRUE(text.contains(between(QStringLiteral("<developer_name>The "), QStringLiteral("</developer_name>"))));
 }
 
 // Help > Contents opens the contents.

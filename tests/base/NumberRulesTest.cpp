@@ -40,12 +40,6 @@ TEST(RoundedDiv, RoundsBothOperandsThenTruncates) {
   }
 }
 
-TEST(TrimBlanks, RemovesBlanksOnly) {
-  EXPECT_EQ(numbers::TrimBlanks(QStringLiteral("  a b  ")), QStringLiteral("a b"));
-  EXPECT_EQ(numbers::TrimBlanks(QStringLiteral("\tx\t")), QStringLiteral("\tx\t"));
-  EXPECT_EQ(numbers::TrimBlanks(QStringLiteral("   ")), QString());
-}
-
 // Whole numbers round halves away from zero, unlike the rounding above.
 TEST(FormatThousands, GroupsThousands) {
   const std::pair<double, const char*> cases[] = {{1204, "1,204"}, {3, "3"},   {999, "999"},       {1234567.5, "1,234,568"},

@@ -35,13 +35,6 @@ TEST(Paths, ExtensionDisplayNameAndTrailingSeparators) {
   for (const auto& [rule, input, output] : cases) EXPECT_EQ(rule(QLatin1String(input)), QLatin1String(output)) << input;
 }
 
-TEST(FolderExists, IsTrueForFoldersOnly) {
-  testing_support::TempFolder folder;
-  EXPECT_TRUE(FolderExists(folder.Path()) && FolderExists(QStringLiteral("/")));
-  EXPECT_FALSE(FolderExists(folder.Touch(QStringLiteral("file.jpg"))));
-  EXPECT_FALSE(FolderExists(folder.File(QStringLiteral("missing"))) || FolderExists(QString()));
-}
-
 // Names as stored on disk: every byte sequence comes back exactly, and people see text.
 TEST(FileNames, KeepTheirBytesAndReadAsText) {
   const struct {

@@ -11,24 +11,6 @@
 
 namespace {
 
-TEST(ThumbnailPage, ScaleCellsAndBoxesFollowTheScreenHeight) {
-  struct Case {
-    int screenPixels;
-    QSize cell, box;
-  };
-  const Case cases[] = {
-      {768, {230, 180}, {130, 130}},  // scale 1
-      {1024, {320, 250}, {181, 181}},
-      {600, {170, 133}, {96, 96}},  // scale 0.743 ...
-      {480, {170, 133}, {96, 96}},  // ... and no smaller
-  };
-  for (const Case& c : cases) {
-    const browse::ThumbnailGeometry g = browse::ThumbnailGeometryFor(c.screenPixels * 15.0f, 15);
-    EXPECT_EQ(g.Cell, c.cell) << c.screenPixels;
-    EXPECT_EQ(g.Box, c.box) << c.screenPixels;
-  }
-}
-
 TEST(ThumbnailPage, PicturesAreDrawnInTheirBoxByWayOfTwips) {
   struct Case {
     QSize image, drawn;
@@ -45,13 +27,6 @@ TEST(ThumbnailPage, PicturesAreDrawnInTheirBoxByWayOfTwips) {
     EXPECT_EQ(d.Resample, c.resample) << c.image.width();
   }
   EXPECT_EQ(browse::SizeCaption({1024, 768}), QStringLiteral("1,024 x 768"));
-}
-
-TEST(ThumbnailPage, PagesHoldTwelveInListOrder) {
-  EXPECT_EQ(std::tuple(browse::PageCount(12), browse::PageCount(13), browse::PageCount(0)), std::tuple(1, 2, 0));
-  const browse::PageRows second = browse::RowsOfPage(2, 13);
-  EXPECT_EQ(std::tuple(second.First, second.Last, browse::PageOfRow(12)), std::tuple(12, 13, 2));
-  EXPECT_EQ(browse::PageLabel(3, 1204), QStringLiteral("Page 3 of 1,204"));
 }
 
 TEST(frmTexto, GoToPageTakesOnlyAPageThereIs) {

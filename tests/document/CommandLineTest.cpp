@@ -41,27 +41,6 @@ TEST(CommandLine, IsMadeAbsoluteAndTakesFileUris) {
   }
 }
 
-TEST(StatusBar, NamePlaceSizeZoomAndFileSizeOrAMessageAlone) {
-  document::StatusFacts facts;
-  facts.DisplayName = QStringLiteral("Beach.jpg");
-  facts.Row = 6;
-  facts.Count = 1200;
-  facts.Width = 6000;
-  facts.Height = 4000;
-  facts.Percentage = 25;
-  facts.FileBytes = 3 * 1024 * 1024 + 400 * 1024;
-  document::StatusTexts texts = document::ComposeStatus(facts);
-  EXPECT_EQ(QStringList({texts.Name, texts.Position, texts.Size, texts.Zoom, texts.FileSize}),
-            QStringList({"Beach.jpg", "7 / 1,200", "6000 x 4000", "25%", "3.4 MB"}));
-  facts.Row = -1;  // a single file has no place in a folder
-  EXPECT_TRUE(document::ComposeStatus(facts).Position.isEmpty());
-  facts.Message = QStringLiteral("Scanning...");
-  texts = document::ComposeStatus(facts);
-  EXPECT_EQ(QStringList({texts.Name, texts.Position, texts.Size, texts.Zoom, texts.FileSize}),
-            QStringList({"Scanning...", "", "", "", ""}));
-  EXPECT_TRUE(document::ComposeStatus({}).Name.isEmpty());
-}
-
 TEST(StatusBar, FileSizesKeepThreeFiguresAtMost) {
   const std::pair<qint64, const char*> sizes[] = {
       {0, "0 bytes"}, {1023, "1023 bytes"}, {1536, "1.5 KB"}, {340 * 1024, "340 KB"}, {qint64(1204) << 20, "1,204 MB"}};

@@ -61,26 +61,6 @@ TEST(Catalogue, ArgumentsComeFromTheBoxesTheOptionAndTheSelectionWithinTheRange)
   EXPECT_EQ(edit::ArgumentsFrom(CommandFor(Id::Gamma), emptied), (edit::Arguments{1}));
 }
 
-TEST(Catalogue, AValueThatDoesNotConvertGivesTheTablesFallbacks) {
-  edit::DialogValues typed;
-  typed.Numbers = {0, 0};
-  typed.SelectedOption = 2;
-  typed.AllConverted = false;
-  const auto fallback = [&typed](Id command) {
-    return edit::CommandArguments(CommandFor(command), typed, AtLoad(command));
-  };
-  EXPECT_EQ(fallback(Id::Brightness), (edit::Arguments{0}));
-  EXPECT_EQ(fallback(Id::Perspective), (edit::Arguments{0, 1}));    // "0, 0": amount 0, direction code 0
-  EXPECT_EQ(fallback(Id::Ripple), (edit::Arguments{1, 1, 1}));      // "1, 1, 0"
-  EXPECT_EQ(fallback(Id::Rotate), (edit::Arguments{0}));
-  EXPECT_EQ(fallback(Id::MotionBlur), (edit::Arguments{0, 0, 1}));  // the sliders' defaults
-  typed.AllConverted = true;
-  typed.Numbers = {30};
-  EXPECT_EQ(edit::CommandArguments(CommandFor(Id::Brightness), typed,
-                                   AtLoad(Id::Brightness)),
-            (edit::Arguments{30}));
-}
-
 TEST(OperationChain, ReadsSeveralOperationsByUndoNameOrClassInAnyCase) {
   const edit::OperationChain chain = ParseOperationChain(
       Words("Brightness 20 negative Rotate 12.5 Resize 800 600 Crop 10 10 100 50 hsl 1 2 3 Hue/Saturation/Luminance 4 5 6"));
@@ -91,12 +71,7 @@ TEST(OperationChain, ReadsSeveralOperationsByUndoNameOrClassInAnyCase) {
   EXPECT_EQ(chain.Steps[4].Values, (edit::Arguments{10, 10, 100, 50}));
   EXPECT_EQ(chain.Steps[5].Command->Id, Id::Hsl);
   EXPECT_EQ(chain.Steps[6].Command->Id, Id::Hsl);
-}
-
-TEST(OperationChain, ColorDepthPicksTheCommandOfItsBits) {
-  EXPECT_EQ(ParseOperationChain(Words("ColorDepth 4")).Steps.at(0).Command->Id, Id::ColorDepth4);
-  EXPECT_EQ(ParseOperationChain(Words("colordepth 24")).Steps.at(0).Command->Id, Id::ColorDepth24);
-  EXPECT_EQ(ParseOperationChain(Words("ColorDepth 5")).Error, QStringLiteral("ColorDepth takes 1 value: bits (1, 4, 8 or 24)"));
+  EXPECT_EQ(ParseOperationChain(Words("colordepth 4")).Steps.at(0).Command->Id, Id::ColorDepth4);  // by its bits
 }
 
 TEST(OperationChain, BadWordsGetAMessageNamingWhatIsAllowed) {
@@ -107,6 +82,7 @@ TEST(OperationChain, BadWordsGetAMessageNamingWhatIsAllowed) {
   EXPECT_EQ(ParseOperationChain(Words("Noise 5")).Error,
             QStringLiteral("Noise takes 2 value(s): frequency (from 1 to 20), intensity (from 1 to 128)"));
   EXPECT_EQ(ParseOperationChain(Words("Crop 0 0 0 5")).Error, QStringLiteral("Crop: width must be at least 1, not 0"));
+  EXPECT_EQ(ParseOperationChain(Words("ColorDepth 5")).Error, QStringLiteral("ColorDepth takes 1 value: bits (1, 4, 8 or 24)"));
   EXPECT_EQ(ParseOperationChain(Words("Sharpen x")).Error, QStringLiteral("Sharpen: \"x\" is not a number"));
   EXPECT_TRUE(ParseOperationChain(Words("Sepia")).Error.startsWith(QStringLiteral("Unknown operation \"Sepia\"; known: Brightness")));
   EXPECT_FALSE(ParseOperationChain({}).Error.isEmpty());

@@ -1,5 +1,4 @@
-// The dialog descriptions: how one is read when it ends early, bends or holds odd fields,
-// and the eighteen of the program, each checked for what a broken one would show the user
+// The dialog descriptions: how one is read when it ends early or bends, and the eighteen of the program, each checked for what a broken one would show the user
 // (a dialog without a title, a link to nothing, clashing tab stops, a value outside its
 // slider). Where the controls land is judged on the dialogs themselves.
 #include "edit/DialogDescription.h"
@@ -14,22 +13,6 @@ namespace {
 using edit::ControlKind;
 using edit::ParseDialogDescription;
 using edit::DialogControl;
-
-TEST(NextToken, ReturnsFieldsAndTellsTheLastOne) {
-  const QString text = QStringLiteral("ab,,c");
-  int position = 1;
-  QString token;
-  EXPECT_FALSE(edit::NextToken(text, position, token));
-  EXPECT_EQ(token, QStringLiteral("ab"));
-  EXPECT_EQ(position, 4);
-  EXPECT_FALSE(edit::NextToken(text, position, token));
-  EXPECT_EQ(token, QString());
-  EXPECT_TRUE(edit::NextToken(text, position, token));
-  EXPECT_EQ(token, QStringLiteral("c"));
-  EXPECT_EQ(position, 6);
-  EXPECT_TRUE(edit::NextToken(text, position, token));
-  EXPECT_EQ(token, QString());
-}
 
 TEST(ParseDialogDescription, BlendWithOnlyClassWindowAndPreview) {
   const auto layout = ParseDialogDescription(QStringLiteral("cla,Blend,ven,40,27,Blend,pre,24,1"));
@@ -58,41 +41,6 @@ TEST(ParseDialogDescription, ShortClauses) {
   EXPECT_EQ(ParseDialogDescription(twoBoxes).Controls.back().Index, 2);
   EXPECT_EQ(ParseDialogDescription(twoBoxes).Controls.back().Index, 2);  // each parse counts from one
   EXPECT_EQ(ParseDialogDescription(twoBoxes).Find(ControlKind::TextBox, 1)->Link, 2);  // boxes may share a link
-}
-
-// An extra field is skipped as an unknown keyword; a value that spells a keyword is taken as one.
-TEST(ParseDialogDescription, FieldsAreReadAsKeywordsWhereverTheyStand) {
-  const auto extra = ParseDialogDescription(QStringLiteral("let,1,1,&Value:,extra,tex,1,3,4,1,"));
-  ASSERT_EQ(extra.Controls.size(), 2u);
-  EXPECT_EQ(extra.Controls[0].Caption, QStringLiteral("&Value:"));
-  EXPECT_EQ(std::tuple(extra.Controls[1].Kind, extra.Controls[1].TabIndex), std::tuple(ControlKind::TextBox, 1));
-  const auto spelt = ParseDialogDescription(QStringLiteral("junk,1,2,let,3,4,Hi,"));
-  ASSERT_EQ(spelt.Controls.size(), 1u);
-  EXPECT_EQ(std::tuple(spelt.Controls[0].X, spelt.Controls[0].Caption), std::tuple(360, QStringLiteral("Hi")));
-}
-
-TEST(ParseDialogDescription, TickFrequencyRoundsHalfToEven) {
-  EXPECT_EQ(ParseDialogDescription(QStringLiteral("con,6,3,16,-100,100,0,1,"))
-                .Find(ControlKind::Slider, 1)->TickFrequency, 50);
-  EXPECT_EQ(ParseDialogDescription(QStringLiteral("con,9,3,16,1,63,1,1,"))
-                .Find(ControlKind::Slider, 1)->TickFrequency, 16);
-  EXPECT_EQ(std::tuple(edit::TickFrequency(1, 1000), edit::TickFrequency(1, 9)), std::tuple(250, 2));
-  EXPECT_EQ(edit::TickFrequency(0, 9), 2);  // 10 / 4 = 2.5 rounds to even
-}
-
-TEST(ParseDialogDescription, CoordinatesUseTheLeadingNumberAndHalfUnits) {
-  const auto layout = ParseDialogDescription(QStringLiteral("ven,40,27.5,P,opt,1,10.5x,24,&A,let,,abc,L,"));
-  EXPECT_EQ(layout.WindowHeight, 3300);
-  EXPECT_EQ(layout.Find(ControlKind::Option, 1)->Y, 1260);
-  EXPECT_EQ(layout.Find(ControlKind::Label, 1)->X + layout.Find(ControlKind::Label, 1)->Y, 0);
-}
-
-TEST(ParseDialogDescription, AnIntegerThatDoesNotConvertKeepsThePreviousValue) {
-  const auto layout = ParseDialogDescription(QStringLiteral("con,1,1,10,-5,5,0,3,con,1,5,10,x,,2.5,y,tex,1,1,4,,"));
-  const auto* second = layout.Find(ControlKind::Slider, 2);
-  EXPECT_EQ(std::tuple(second->Minimum, second->Maximum, second->Link), std::tuple(-5, 5, 3));
-  EXPECT_EQ(second->Value, 2);  // 2.5 rounds half to even
-  EXPECT_EQ(layout.Find(ControlKind::TextBox, 1)->Link, 3);
 }
 
 TEST(ParseDialogDescription, ControlsAreNumberedPerKindAndTabbedInClauseOrder) {

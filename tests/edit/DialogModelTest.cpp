@@ -83,12 +83,4 @@ TEST(DialogModel, ResizeKeepsTheAspectWhenLocked) {
   EXPECT_EQ(relocked.Text(4), QStringLiteral("300"));
 }
 
-TEST(DialogModel, ABoxLinkedToNothingMovesNoSlider) {
-  DialogModel model(edit::ParseDialogDescription(QStringLiteral("tex,1,1,4,0,con,1,3,10,0,10,5,1,")), {});
-  model.Initialize();
-  EXPECT_FALSE(model.TextChanged(1, QStringLiteral("3")));
-  EXPECT_EQ(model.SliderValue(1), 5);
-  EXPECT_FALSE(model.SliderChanged(2, 1));  // no such slider: nothing happens
-}
-
 }  // namespace

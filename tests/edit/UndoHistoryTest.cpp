@@ -45,14 +45,6 @@ TEST(UndoHistory, ANewChangeAfterUndoingDiscardsTheRedoStates) {
             std::tuple(QStringLiteral("&Redo"), QStringLiteral("&Undo D"), 3));
 }
 
-TEST(UndoHistory, SlotsAreReusedOnceTheirStateIsGone) {
-  Editing e;
-  for (int i = 1; i <= 7; ++i) e.Apply(QStringLiteral("Op%1").arg(i));
-  EXPECT_TRUE(e.Apply(QStringLiteral("Op8")));  // at the top: record 0 is dropped, its slot 0 reused
-  EXPECT_EQ(*e.history.PictureIn(0), 108);
-  EXPECT_EQ(e.history.Current(), 7);
-}
-
 }  // namespace
 
 // Changed exactly when the step shown is not the file's own state: 'e' applies an edit,

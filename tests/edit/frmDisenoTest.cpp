@@ -129,15 +129,6 @@ TEST(PreviewRenderer, ShowsOnlyTheLatestOfManyRequests) {
   EXPECT_LT(runs.loadRelaxed(), 20);  // requests overtaken by a later one never run
 }
 
-TEST(PreviewRenderer, WithoutAnOperationShowsTheImageUnchanged) {
-  edit::PreviewRenderer renderer(Solid(4, 4, QColor(10, 20, 30)), {});
-  QImage last;
-  QObject::connect(&renderer, &edit::PreviewRenderer::Rendered, [&](const QImage& image) { last = image; });
-  renderer.Request({});
-  ASSERT_TRUE(QTest::qWaitFor([&] { return !last.isNull(); }, 5000));
-  EXPECT_EQ(QColor(last.pixel(1, 1)), QColor(10, 20, 30));
-}
-
 TEST(frmDisenoPreview, ShowsTheOperationOnACopyReducedToThePanel) {
   QAtomicInt runs;
   const imaging::Image photo = Solid(800, 600, Qt::white);

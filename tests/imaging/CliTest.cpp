@@ -148,19 +148,6 @@ TEST(VistrelCli, ApplyRunsOperationsInTurnAsTheViewerDoes) {
   EXPECT_EQ(testing_support::MeanAbsoluteDifference(imaging::LoadFile(out).value(), expected), 0);
 }
 
-// The desktop integration from scripts, in the tests' private home.
-TEST(VistrelCli, AssociatesTypesAndAddsTheFolderEntry) {
-  EXPECT_EQ(Cli({"associate", "png"}).ExitCode, 0);
-  EXPECT_TRUE(Cli({"associate", "--list"}).Output.contains(QStringLiteral("png\tvistrel\n")));
-  EXPECT_EQ(Cli({"associate", "--remove", "png"}).ExitCode, 0);
-  EXPECT_TRUE(Cli({"associate", "--list"}).Output.contains(QStringLiteral("png\tother\n")));
-  EXPECT_EQ(Cli({"associate", "xyz"}).ExitCode, 2);
-  EXPECT_EQ(Cli({"folder-entry", "add"}).ExitCode, 0);
-  EXPECT_EQ(Cli({"folder-entry", "status"}).Output, QStringLiteral("present\n"));
-  EXPECT_EQ(Cli({"folder-entry", "remove"}).ExitCode, 0);
-  EXPECT_EQ(Cli({"folder-entry", "status"}).Output, QStringLiteral("absent\n"));
-}
-
 // What a killed run left (the helper's private folder with ImageMagick's temporaries, a
 // part file beside a target) is cleared by the next run, whatever its age; what a running
 // process owns stays, and a run leaves nothing of its own.

@@ -107,12 +107,4 @@ TEST(SlideShowSequence, StepsEndRepeatOrWrap) {
   EXPECT_EQ(single.Forward(), slideshow::PlayOrder::Step::Show);
 }
 
-TEST(SlideShowSequence, TheZoomFitsWithinTenToAThousandPercent) {
-  EXPECT_DOUBLE_EQ(slideshow::PlayerZoom({10000, 100}, {1000, 800}, false), 0.1);
-  EXPECT_DOUBLE_EQ(slideshow::PlayerZoom({5, 5}, {1000, 800}, true), 10);
-  EXPECT_DOUBLE_EQ(slideshow::PlayerZoom({500, 400}, {1000, 800}, false), 1);
-  EXPECT_DOUBLE_EQ(slideshow::PlayerZoom({2000, 400}, {1000, 800}, false), 0.5);
-  EXPECT_DOUBLE_EQ(slideshow::SecondsFromText(QStringLiteral("0,05"), kGerman).value(), 0.1);
-}
-
 }  // namespace

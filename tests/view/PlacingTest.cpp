@@ -46,15 +46,6 @@ TEST(Placing, AWideImageGetsAHorizontalBarOnlyAndStaysCentredVertically) {
   EXPECT_EQ(out.ControlTop, (383 - 300) * 15 / 2.0f);  // centred in the panel above the bar
 }
 
-TEST(Placing, BothBarsShowTheCornerAndShrinkEachOthersRange) {
-  const auto out = PlaceImage(Panel(1000, 800, 10));
-  ASSERT_TRUE(out.Horizontal.Visible && out.Vertical.Visible);
-  EXPECT_TRUE(out.CornerVisible);
-  EXPECT_EQ(out.Horizontal.Maximum, 1000 - 583);
-  EXPECT_EQ(out.Vertical.Maximum, 800 - 383);
-  EXPECT_EQ(out.Vertical.LargeChange, 3);  // the steps at 10 %
-}
-
 TEST(Placing, AZoomStepKeepsTheRelativePosition) {
   PlacingInput in = Panel(2000, 300);
   in.PendingFlag = Pending::ZoomStep;

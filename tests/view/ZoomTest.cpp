@@ -46,12 +46,4 @@ TEST(SelectionFit, TakesTwiceTheBarsOffThePanel) {
   EXPECT_EQ(SelectionFitPercentage(in), 100);
 }
 
-TEST(ScrollSteps, AreTwoAndTwentyFourPixelsAtOneHundredPercent) {
-  const std::tuple<int, int, int> cases[] = {{100, 2, 24}, {10, 1, 3}, {1000, 10, 240}};  // halves round to even
-  for (const auto& [percentage, small, large] : cases) {
-    EXPECT_EQ(SmallChange(percentage), small) << percentage;
-    EXPECT_EQ(LargeChange(percentage), large) << percentage;
-  }
-}
-
 }  // namespace
