@@ -1,0 +1,61 @@
+#pragma once
+// Animations (GIF, WebP): each frame's delay and the loop count as the file states them,
+// and the frames themselves read once, in order, so that playing one holds only the frames
+// near the one shown.
+
+#include "imaging/Image.h"
+
+#include <QString>
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace imaging {
+
+// A delay of 10 ms or less is played as 100 ms, as the browsers play it: such files were
+// made for viewers that did so.
+inline constexpr int kTinyDelayMs = 10;
+inline constexpr int kTinyDelayPlayedMs = 100;
+
+struct FrameTiming {
+  std::vector<int> DelaysMs;  // as played
+  int Loops = 0;              // times the whole animation plays; 0 for ever
+  int Frames() const { return int(DelaysMs.size()); }
+  qint64 TotalMs() const;
+};
+
+// The timing of an animation of two frames or more; nullopt for anything else (a still
+// picture, a file of pages, a file libvips cannot read as frames).
+std::optional<FrameTiming> ReadFrameTiming(const QString& path);
+
+// "12 frames, 3.5 s": what Properties and the command line say of an animation.
+QString DescribeAnimation(const FrameTiming& timing);
+
+// The frames of an animation, decoded one after another from the first. A GIF's come in on
+// white as its still picture does; a WebP's keep their alpha. Not for use from two threads
+// at once.
+class FrameReader {
+ public:
+  explicit FrameReader(QString path);
+  ~FrameReader();
+  FrameReader(FrameReader&&) noexcept;
+  FrameReader& operator=(FrameReader&&) noexcept;
+
+  // The next frame; nullopt after the last one, or from a frame that cannot be decoded
+  // (then Failed() is true and no frame follows). Failed() is also true after the last
+  // frame of a file that ends early: the frames shown are what it holds.
+  std::optional<Image> Next();
+  // The index the next call to Next() reads.
+  int NextIndex() const { return next_; }
+  bool Failed() const { return failed_; }
+
+ private:
+  struct Open;
+  QString path_;
+  std::unique_ptr<Open> open_;
+  int next_ = 0;
+  bool failed_ = false;
+};
+
+}  // namespace imaging

@@ -1,0 +1,56 @@
+// Animations made by ImageMagick and libvips: their timing as played and their frames read
+// in order, and what a damaged one gives.
+#include "imaging/Animation.h"
+#include "support/TestFiles.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+// ImageMagick or libvips with these words, to their exit code.
+int Made(const char* program, const QStringList& words) { return testing_support::Run(QLatin1String(program), words).ExitCode; }
+
+// Three frames, red, lime and blue, of 40 x 30, in a GIF and a WebP; and a file of pages.
+TEST(Animation, FramesComeInOrderWithTheirDelaysAndLoops) {
+  testing_support::TempFolder folder;
+  const QString gif = folder.File(QStringLiteral("three.gif")), webp = folder.File(QStringLiteral("three.webp"));
+  const QString still = folder.File(QStringLiteral("zero.gif")), tiff = folder.File(QStringLiteral("pages.tif"));
+  ASSERT_EQ(Made("convert", {"-delay", "7", "-size", "40x30", "xc:red", "xc:lime", "xc:blue", "-loop", "3", gif}), 0);
+  ASSERT_EQ(Made("vips", {"copy", gif + "[n=-1]", webp + "[lossless]"}), 0);
+  ASSERT_EQ(Made("convert", {"-delay", "0", "-size", "4x3", "xc:red", "xc:lime", still}), 0);
+  ASSERT_EQ(Made("convert", {"-size", "4x3", "xc:red", "xc:lime", tiff}), 0);
+  for (const QString& path : {gif, webp}) {
+    const auto timing = imaging::ReadFrameTiming(path);
+    ASSERT_TRUE(timing.has_value()) << path.toStdString();
+    EXPECT_EQ(timing->DelaysMs, (std::vector<int>{70, 70, 70}));
+    EXPECT_EQ(std::tuple(timing->Loops, timing->TotalMs()), std::tuple(3, qint64(210)));
+    imaging::FrameReader reader(path);
+    for (const QColor colour : {QColor(Qt::red), QColor(Qt::green), QColor(Qt::blue)}) {
+      const auto frame = reader.Next();
+      ASSERT_TRUE(frame.has_value()) << path.toStdString();
+      EXPECT_EQ(std::tuple(frame->Width(), frame->Height()), std::tuple(40, 30));
+      EXPECT_EQ(frame->ToQImage().pixelColor(20, 15), colour) << path.toStdString();
+    }
+    EXPECT_FALSE(reader.Next().has_value());
+    EXPECT_FALSE(reader.Failed());
+  }
+  EXPECT_EQ(imaging::ReadFrameTiming(still)->DelaysMs, (std::vector<int>{100, 100}));  // "as fast as possible"
+  EXPECT_EQ(imaging::DescribeAnimation(*imaging::ReadFrameTiming(still)), QStringLiteral("2 frames, 0.2 s"));
+  EXPECT_FALSE(imaging::ReadFrameTiming(tiff).has_value());
+}
+
+// A file cut short in its last frame gives what it holds, then says it failed.
+TEST(Animation, AFileCutShortGivesWhatItHoldsAndSaysSo) {
+  testing_support::TempFolder folder;
+  const QString whole = folder.File(QStringLiteral("whole.gif"));
+  ASSERT_EQ(Made("convert", {"-size", "64x64", "plasma:", "plasma:", "plasma:", whole}), 0);
+  const QByteArray bytes = testing_support::ReadAll(whole);
+  const QString cut = folder.WriteBytes(QStringLiteral("cut.gif"), bytes.left(bytes.size() - 2000));
+  imaging::FrameReader reader(cut);
+  int frames = 0;
+  while (reader.Next()) ++frames;
+  EXPECT_GE(frames, 1);
+  EXPECT_TRUE(reader.Failed());
+}
+
+}  // namespace
