@@ -44,6 +44,7 @@ frmMain::frmMain(QString settingsPath, QWidget* parent)
   BuildToolbar();
   ConnectDocument();
   ConnectViewport();
+  ConnectAnimation();
   ConnectThumbnails();
   connect(&screenColour_, &ScreenColourTracker::Changed, this, [this] {
     picFondo_->RemakeFrames();

@@ -10,6 +10,7 @@
 //                               prompts and Print
 //   frmMainToolsCommands.cpp    Options, file types, the slide show and the wallpaper
 //   frmMainViewCommands.cpp     view modes, zoom and selection
+//   frmMainAnimation.cpp        playing animations: the player, its commands and status
 //   frmMainImageCommands.cpp    the editing operations (from edit::Catalogue) and Copy
 //   frmMainList.cpp             the file list `lisLista` and its context menu
 //   frmOptions.cpp              the Options dialog
@@ -29,6 +30,7 @@
 #include "slideshow/frmSlideShow.h"
 #include "slideshow/frmSlideShow2.h"
 #include "shell/Wallpaper.h"
+#include "view/AnimationPlayer.h"
 #include "view/Placing.h"
 #include "widgets/FileChooser.h"
 #include "app/frmOptions.h"
@@ -196,6 +198,16 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   void ConnectViewport();
   void RunFullScreen(bool byDoubleClick);
 
+  // frmMainAnimation.cpp
+  void DeclareAnimationCommands();
+  void ConnectAnimation();
+  bool CanPlay() const;
+  void TogglePlaying();
+  void PlayAnimationShown();
+  void SettleAnimation();
+  void PlayInFullScreen(view::frmFull& full);
+  void ShowPageOrFrameButtons(bool visible);
+
   // frmMainImageCommands.cpp
   bool CanRunImageCommand() const;
   QRect SelectionPixels() const;
@@ -220,6 +232,7 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   QImage interimFrame_;  // while an edit is recorded: the frame to show until the exact one is made
   document::Document document_;
   CommandTable commands_;
+  view::AnimationPlayer player_;
   ScreenColourTracker screenColour_;
   QTreeView* lisLista_ = nullptr;
   QSplitter* splitter_ = nullptr;
@@ -229,7 +242,8 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   QToolBar* ctlToolbar_ = nullptr;
   // picEstado's panes: name (or a message), position, size, zoom, file size
   std::array<QLabel*, 6> statusPanes_{};
-  std::array<QToolButton*, 2> pageButtons_{};  // previous and next page, beside "page 2/5"
+  // Beside "page 2/5" or "frame 3/12": previous and next page or frame, and pause.
+  std::array<QToolButton*, 3> pageButtons_{};
   QMenu* mnuList_ = nullptr;
   widgets::FileChooser chooseFile_ = widgets::ShowFileDialog;
   FolderChooser chooseFolder_ = RunOpenFolderDialog;

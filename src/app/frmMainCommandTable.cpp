@@ -27,6 +27,7 @@ void frmMain::DeclareCommands() {
   DeclareFileCommands();
   DeclareEditCommands();
   DeclareViewCommands();
+  DeclareAnimationCommands();
   DeclareImageCommands();
   DeclareToolsAndHelpCommands();
 }
@@ -167,7 +168,8 @@ void frmMain::BuildMenus() {
   menu("mnuView", "&View",
        {"mnuViewImage", "mnuViewListAndImage", "mnuViewThumbnails", "-", "mnuViewOriginalSize", "mnuViewFit",
         "mnuViewAlwaysFit", "mnuViewZoomIn", "mnuViewZoomOut", "mnuViewZoom", "mnuViewZoomToSelection", "-",
-        "mnuViewFullScreen", "-", "mnuViewPreviousPage", "mnuViewNextPage", "-", "mnuViewToolbar", "mnuViewStatusBar"});
+        "mnuViewFullScreen", "-", "mnuViewPreviousPage", "mnuViewNextPage", "-", "mnuViewPlayAnimation",
+        "mnuViewPreviousFrame", "mnuViewNextFrame", "-", "mnuViewToolbar", "mnuViewStatusBar"});
   menu("mnuColors", "&Colors",
        {"mnuColorsBrightness", "mnuColorsContrast", "mnuColorsGamma", "mnuColorsHSL", "mnuColorsRGB",
         "mnuColorsSolarize", "mnuColorsEqualize", "mnuColorsNegative", "mnuColorsGrayScale",
@@ -206,8 +208,7 @@ void frmMain::BuildToolbar() {
   if (auto* button = qobject_cast<QToolButton*>(ctlToolbar_->widgetForAction(viewButton))) {
     button->setPopupMode(QToolButton::MenuButtonPopup);
   }
-  pageButtons_[0]->setDefaultAction(commands_.Get(QStringLiteral("mnuViewPreviousPage")));
-  pageButtons_[1]->setDefaultAction(commands_.Get(QStringLiteral("mnuViewNextPage")));
+  ShowPageOrFrameButtons(false);
 }
 
 }  // namespace app

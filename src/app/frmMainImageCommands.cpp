@@ -29,6 +29,7 @@ QRect frmMain::SelectionPixels() const {
 }
 
 void frmMain::RunCatalogueCommand(const edit::CatalogueCommand& command) {
+  SettleAnimation();
   if (!document_.CurrentImage()) return;
   const QRect selection = SelectionPixels();
   if (*command.SelectionMessage && selection.isEmpty()) {
@@ -89,6 +90,7 @@ std::optional<edit::Arguments> frmMain::AskParameters(const edit::CatalogueComma
 
 // Edit > Copy: the selection, or the whole image, to the clipboard; the image unchanged.
 void frmMain::CopyToClipboard() {
+  SettleAnimation();
   if (!document_.CurrentImage()) return;
   const QRect selection = SelectionPixels();
   const imaging::Image& image = *document_.CurrentImage();

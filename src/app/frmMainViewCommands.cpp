@@ -64,7 +64,11 @@ void frmMain::RunFullScreen(bool byDoubleClick) {
     full.ShowImage(document_.CurrentImage(), document_.Natural());
   });
   if (const QScreen* screen = this->screen()) full.setGeometry(screen->geometry());  // the screen the window is on
+  if (image.Width() == document_.CurrentImage()->Width() && image.Height() == document_.CurrentImage()->Height()) {
+    PlayInFullScreen(full);  // not a selection's part
+  }
   runFullScreen_(full);
+  player_.SetScreenSize(picFondo_->FramePaintedSize());
   picFondo_->update();
 }
 

@@ -61,6 +61,7 @@ void frmMain::BuildStatusBar() {
     if (page) statusBar()->addPermanentWidget(pageButtons_[0] = new QToolButton(this));
     statusBar()->addPermanentWidget(statusPanes_[i]);
     if (page) statusBar()->addPermanentWidget(pageButtons_[1] = new QToolButton(this));
+    if (page) statusBar()->addPermanentWidget(pageButtons_[2] = new QToolButton(this));
   }
   for (QToolButton* button : pageButtons_) {
     button->setAutoRaise(true);
@@ -132,6 +133,7 @@ void frmMain::ShowThumbnails() {
 void frmMain::ShowImage(const imaging::Image* image) {
   picFondo_->SetImage(image ? std::optional<imaging::Image>(*image) : std::nullopt, document_.Natural(),
                       state_.Settings.FitToWindow);
+  PlayAnimationShown();
 }
 
 // "photo.jpg - Vistrel", with a "*" after the name while the image differs from its file.
@@ -155,6 +157,10 @@ void frmMain::RefreshStatusBar(const QString& message) {
     facts.Percentage = picFondo_->Percentage();
     facts.Page = document_.Page();
     facts.Pages = document_.PageCount();
+    if (const auto& animation = document_.Animation()) {
+      facts.Frames = animation->Frames();
+      facts.Frame = player_.Active() ? player_.Current().Index : document_.Page();
+    }
     if (const qint64 bytes = base::FileSizeOf(path); bytes >= 0) facts.FileBytes = bytes;
   }
   RefreshTitle();
@@ -164,7 +170,7 @@ void frmMain::RefreshStatusBar(const QString& message) {
     statusPanes_[i]->setText(*panes[i]);
     statusPanes_[i]->setVisible(!panes[i]->isEmpty());
   }
-  for (QToolButton* button : pageButtons_) button->setVisible(!texts.Page.isEmpty());
+  ShowPageOrFrameButtons(!texts.Page.isEmpty());
 }
 
 }  // namespace app

@@ -121,4 +121,11 @@ void Document::TurnPage(int delta) {
   Q_EMIT StateChanged();
 }
 
+void Document::AdoptFrame(int index, const imaging::Image& frame) {
+  if (!image_ || !animation_ || IsChanged() || index == page_) return;
+  image_ = frame;
+  page_ = index;
+  StartHistory();
+}
+
 }  // namespace document

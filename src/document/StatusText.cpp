@@ -25,6 +25,7 @@ StatusTexts ComposeStatus(const StatusFacts& facts) {
     texts.Position = numbers::FormatThousands(facts.Row + 1) + QStringLiteral(" / ") + numbers::FormatThousands(facts.Count);
   }
   if (facts.Pages > 1) texts.Page = QStringLiteral("page %1/%2").arg(facts.Page + 1).arg(facts.Pages);
+  if (facts.Frames > 1) texts.Page = QStringLiteral("frame %1/%2").arg(facts.Frame + 1).arg(facts.Frames);
   texts.Size = QStringLiteral("%1 x %2").arg(facts.Width).arg(facts.Height);
   texts.Zoom = QStringLiteral("%1%").arg(facts.Percentage);
   if (facts.FileBytes) texts.FileSize = FormatFileSize(*facts.FileBytes);

@@ -1,6 +1,6 @@
 #pragma once
 // What `picEstado` says: the file's name, its place in the folder ("7 / 120"), the page
-// of a file of several ("page 2/5"), the image's size ("w x h"), the zoom ("25%") and the
+// of a file of several ("page 2/5") or the frame of an animation ("frame 3/12"), the image's size ("w x h"), the zoom ("25%") and the
 // file's size, or a command's message alone. Plain text from plain facts, so it is tested without a window.
 
 #include <QString>
@@ -17,6 +17,7 @@ struct StatusFacts {
   int Width = 0, Height = 0;  // the image's pixels
   int Percentage = 100;
   int Page = 0, Pages = 1;    // the page shown (0 the first) of the file's pages
+  int Frame = 0, Frames = 1;  // the frame shown (0 the first) of an animation's frames
   std::optional<qint64> FileBytes;  // the file on disk; none for an unsaved or missing file
 };
 

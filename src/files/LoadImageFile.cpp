@@ -11,7 +11,9 @@ std::optional<LoadedImage> LoadImageFile(const QString& path, const base::Screen
   auto picture = imaging::LoadFile(path, page);
   if (!picture) return std::nullopt;
   const auto natural = base::NaturalSize::FromPixels(picture->Width(), picture->Height(), metrics);
-  return LoadedImage{std::move(*picture), natural, imaging::PaletteBitsOfFile(path), imaging::ReadPageFacts(path).TurnablePages()};
+  const imaging::SourceFacts facts = imaging::ReadPageFacts(path);
+  return LoadedImage{std::move(*picture), natural, imaging::PaletteBitsOfFile(path), facts.TurnablePages(),
+                     facts.Animated ? imaging::ReadFrameTiming(path) : std::nullopt};
 }
 
 std::optional<LoadedImage> LoadStandIn(const QString& path, const base::ScreenMetrics& metrics) {

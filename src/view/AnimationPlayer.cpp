@@ -12,13 +12,6 @@ constexpr size_t kKeptBehind = 4;  // frames a paused user can step back through
 
 }  // namespace
 
-QImage ScreenCopy(const imaging::Image& image, QSize size) {
-  const bool alpha = image.HasAlpha();
-  if (size == QSize(image.Width(), image.Height())) return alpha ? image.ForScreenWithAlpha() : image.ForScreen();
-  return alpha ? image.FitWithin(size.width(), size.height()).ForScreenWithAlpha()
-               : image.ReducedForDisplay(size.width(), size.height()).ForScreen();
-}
-
 AnimationPlayer::AnimationPlayer(QObject* parent) : QObject(parent) {
   timer_.setSingleShot(true);
   timer_.setTimerType(Qt::PreciseTimer);
@@ -27,12 +20,13 @@ AnimationPlayer::AnimationPlayer(QObject* parent) : QObject(parent) {
 
 AnimationPlayer::~AnimationPlayer() { queue_.reset(); }
 
-void AnimationPlayer::Play(const QString& path, const imaging::FrameTiming& timing, const imaging::Image& first) {
+void AnimationPlayer::Play(const QString& path, const imaging::FrameTiming& timing, const imaging::Image& shown, int index) {
   Stop();
   timing_ = timing;
-  current_ = AnimationFrame{first, QImage(), 0};
+  index = std::clamp(index, 0, timing.Frames() - 1);
+  current_ = AnimationFrame{shown, QImage(), index};
   paused_ = ended_ = damaged_ = false;
-  queue_ = std::make_unique<FrameQueue>(path, timing.Loops, screenSize_, 1, [this] {
+  queue_ = std::make_unique<FrameQueue>(path, timing.Loops, screenSize_, (index + 1) % timing.Frames(), [this] {
     QMetaObject::invokeMethod(this, [this] { FrameArrived(); }, Qt::QueuedConnection);
   });
   clock_.start();

@@ -28,9 +28,6 @@ struct AnimationFrame {
   int Index = 0;
 };
 
-// The copy of `image` the canvas paints, at `size` (its own size at 100 % and above).
-QImage ScreenCopy(const imaging::Image& image, QSize size);
-
 class AnimationPlayer : public QObject {
   Q_OBJECT
 
@@ -38,8 +35,8 @@ class AnimationPlayer : public QObject {
   explicit AnimationPlayer(QObject* parent = nullptr);
   ~AnimationPlayer() override;
 
-  // Plays `path` on from `first`, its first frame, already on screen.
-  void Play(const QString& path, const imaging::FrameTiming& timing, const imaging::Image& first);
+  // Plays `path` on from `shown`, its frame `index` (the first unless told), already on screen.
+  void Play(const QString& path, const imaging::FrameTiming& timing, const imaging::Image& shown, int index = 0);
   void Stop();
   bool Active() const { return queue_ != nullptr; }
   bool Paused() const { return paused_; }

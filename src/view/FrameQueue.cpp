@@ -1,5 +1,7 @@
 #include "view/FrameQueue.h"
 
+#include "view/ScreenCopy.h"
+
 #include <algorithm>
 
 namespace view {

@@ -1,6 +1,7 @@
 #include "view/ImageCanvas.h"
 
 #include "imaging/Operations.h"
+#include "view/ScreenCopy.h"
 
 #include <QFutureWatcher>
 #include <QMouseEvent>
@@ -38,20 +39,34 @@ void ImageCanvas::SetZoom(int percentage) {
   update();
 }
 
-// The copy a paint needs, made once and only when it is needed. A picture with alpha keeps
-// it, to be drawn over a checkerboard.
+QImage ScreenCopy(const imaging::Image& image, QSize size) {
+  const bool alpha = image.HasAlpha();
+  if (size == QSize(image.Width(), image.Height())) return alpha ? image.ForScreenWithAlpha() : image.ForScreen();
+  return alpha ? image.FitWithin(size.width(), size.height()).ForScreenWithAlpha()
+               : image.ReducedForDisplay(size.width(), size.height()).ForScreen();
+}
+
+// The copy a paint needs, made once and only when it is needed.
 const QImage& ImageCanvas::Source() {
-  const bool alpha = image_->HasAlpha();
-  if (percentage_ >= 100) {
-    if (full_.isNull()) full_ = alpha ? image_->ForScreenWithAlpha() : image_->ForScreen();
-    return full_;
-  }
-  if (reduced_.isNull()) {
-    const QSize size = ReducedSize();
-    reduced_ = alpha ? image_->FitWithin(size.width(), size.height()).ForScreenWithAlpha()
-                     : image_->ReducedForDisplay(size.width(), size.height()).ForScreen();
-  }
-  return reduced_;
+  QImage& copy = percentage_ >= 100 ? full_ : reduced_;
+  if (copy.isNull()) copy = ScreenCopy(*image_, PaintedSize());
+  return copy;
+}
+
+QSize ImageCanvas::PaintedSize() const {
+  if (!image_) return {};
+  return percentage_ >= 100 ? QSize(image_->Width(), image_->Height()) : ReducedSize();
+}
+
+void ImageCanvas::SetFrame(const imaging::Image& frame, const QImage& screen) {
+  image_ = frame;
+  pixelsPerImagePixel_ = 1.0;
+  ++generation_;
+  reducing_ = false;
+  const bool fits = screen.size() == PaintedSize();
+  full_ = percentage_ >= 100 && fits ? screen : QImage();
+  reduced_ = percentage_ < 100 && fits ? screen : QImage();
+  update();
 }
 
 QSize ImageCanvas::ReducedSize() const {

@@ -25,6 +25,11 @@ class ImageCanvas : public QWidget {
   // of the whole image while that is read.
   void SetImage(const std::optional<imaging::Image>& image, double pixelsPerImagePixel = 1.0);
   void SetZoom(int percentage);
+  // A frame of an animation in the image's place, of the same size: `screen`, the frame as
+  // painted at the current zoom (made off the UI thread), is used when its size fits.
+  void SetFrame(const imaging::Image& frame, const QImage& screen);
+  // The size the copy for the screen is painted at now (none without an image).
+  QSize PaintedSize() const;
   // Makes the painted copies again (the screen's colours changed).
   void RemakeFrames() { SetImage(std::optional(image_), pixelsPerImagePixel_); }
   // Below 100 %: shows `frame`, the picture at the current zoom made a quicker way (an edit's

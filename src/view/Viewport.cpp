@@ -92,6 +92,12 @@ void Viewport::ReplaceImage(const imaging::Image& image, base::NaturalSize natur
 
 void Viewport::RemakeFrames() { imaImagen_->RemakeFrames(); }
 
+void Viewport::ShowFrame(const imaging::Image& frame, const QImage& screen) {
+  if (image_ && frame.Width() == image_->Width() && frame.Height() == image_->Height()) imaImagen_->SetFrame(frame, screen);
+}
+
+QSize Viewport::FramePaintedSize() const { return imaImagen_->PaintedSize(); }
+
 const QImage& Viewport::ReducedFrame() const { return imaImagen_->ReducedFrame(); }
 
 bool Viewport::FrameExact() const { return imaImagen_->FrameExact(); }

@@ -44,6 +44,10 @@ class Viewport : public QWidget {
   // An edited, undone or redone image: the zoom and any selection stay. `interim`, when
   // given, is shown at once while the exact frame is made (ImageCanvas::ShowInterimFrame).
   void ReplaceImage(const imaging::Image& image, base::NaturalSize natural, const QImage& interim = {});
+  // A frame of the animation shown, in the picture's place: zoom, scroll and selection
+  // stay (ImageCanvas::SetFrame). The size a frame is painted at now, for frames made ahead.
+  void ShowFrame(const imaging::Image& frame, const QImage& screen);
+  QSize FramePaintedSize() const;
   // The picture as painted now below 100 % (null otherwise), to make an interim frame from.
   const QImage& ReducedFrame() const;
   // No exact frame is being made off the UI thread.

@@ -43,6 +43,10 @@ void frmFull::ShowImage(const std::optional<imaging::Image>& image, base::Natura
   picFondo_->SetImage(image, natural, /*fit=*/true);
 }
 
+void frmFull::ShowFrame(const imaging::Image& frame, const QImage& screen) { picFondo_->ShowFrame(frame, screen); }
+
+QSize frmFull::FramePaintedSize() const { return picFondo_->FramePaintedSize(); }
+
 void frmFull::CloseWhenReady() {
   if (ready_) accept();
 }
@@ -74,6 +78,9 @@ void frmFull::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Shift: case Qt::Key_Control: case Qt::Key_Alt: return;
     case Qt::Key_Right: case Qt::Key_Space: case Qt::Key_PageDown: Q_EMIT StepRequested(1); return;
     case Qt::Key_Left: case Qt::Key_Backspace: case Qt::Key_PageUp: Q_EMIT StepRequested(-1); return;
+    case Qt::Key_P: case Qt::Key_Pause: case Qt::Key_Comma: case Qt::Key_Period:
+      if (animated_) return Q_EMIT AnimationKeyPressed(event->key());
+      return CloseWhenReady();
     default: CloseWhenReady();
   }
 }

@@ -4,7 +4,8 @@
 // Down and the wheel turned down ask for the next image, Left, Backspace, Page Up and the
 // wheel turned up for the previous one; any other key pressed without Shift, Ctrl or Alt,
 // or a click, closes it, but only once it is ready: the key or click that opened it never
-// closes it at once.
+// closes it at once. While an animation plays, its keys (P and Pause, comma and period)
+// are passed on rather than closing it.
 
 #include "base/Twips.h"
 #include "imaging/Image.h"
@@ -27,10 +28,15 @@ class frmFull : public QDialog {
   int Percentage() const;
   // Another image in its place (none: the background alone), fitted again.
   void ShowImage(const std::optional<imaging::Image>& image, base::NaturalSize natural);
+  // An animation's frame in the picture's place (Viewport::ShowFrame), and its keys.
+  void ShowFrame(const imaging::Image& frame, const QImage& screen);
+  QSize FramePaintedSize() const;
+  void SetAnimated(bool animated) { animated_ = animated; }
 
  Q_SIGNALS:
   // +1 the next image, -1 the previous one.
   void StepRequested(int delta);
+  void AnimationKeyPressed(int key);
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -45,6 +51,7 @@ class frmFull : public QDialog {
   Viewport* picFondo_ = nullptr;
   QTimer Timer1_;
   bool ready_ = false;
+  bool animated_ = false;
 };
 
 }  // namespace view

@@ -195,4 +195,36 @@ TEST_F(frmMainViewTest, TheToolbarButtonsHaveCaptionsAndRunTheCommandsAndTheView
   EXPECT_EQ(Doc().View(), document::ViewMode::ListAndImage);
 }
 
+
+// An animated GIF (red, lime, blue; 20 ms each, for ever) plays as it opens and counts its
+// frames in the status bar; P pauses it, period steps it, and an edit works on the frame on
+// screen and stops the playing until it is undone.
+using frmMainAnimationTest = testing_support::MainWindowTest;
+
+TEST_F(frmMainAnimationTest, PlaysPausesStepsAndEditsTheFrameShown) {
+  const QString gif = pictures_.File(QStringLiteral("moving.gif"));
+  ASSERT_EQ(testing_support::Run(QStringLiteral("convert"), {"-delay", "2", "-size", "40x30", "xc:red", "xc:lime", "xc:blue", gif}).ExitCode, 0);
+  Start(gif);
+  const auto pane = [&] { return Pane("lblStatusPage"); };
+  const auto shownColour = [&] { return Canvas()->grab().toImage().pixelColor(5, 5); };
+  EXPECT_EQ(pane(), QStringLiteral("frame 1/3"));
+  for (const char* frame : {"frame 2/3", "frame 3/3", "frame 1/3"}) {
+    EXPECT_TRUE(QTest::qWaitFor([&] { return pane() == QLatin1String(frame); }, 5000)) << frame;
+  }
+  Canvas()->setFocus();
+  QTest::keyClick(Canvas(), Qt::Key_P);
+  ASSERT_TRUE(Command("mnuViewPlayAnimation")->isChecked());
+  const QString pausedAt = pane();
+  QTest::qWait(100);
+  EXPECT_EQ(pane(), pausedAt);
+  QTest::keyClick(Canvas(), Qt::Key_Period);
+  ASSERT_TRUE(QTest::qWaitFor([&] { return pane() != pausedAt; }, 5000));
+  const QColor stepped = shownColour();
+  Trigger("mnuColorsNegative");
+  EXPECT_EQ(shownColour(), QColor(255 - stepped.red(), 255 - stepped.green(), 255 - stepped.blue()));
+  EXPECT_FALSE(Command("mnuViewPlayAnimation")->isEnabled());
+  Trigger("mnuEditUndo");
+  EXPECT_TRUE(Command("mnuViewPlayAnimation")->isEnabled());
+}
+
 }  // namespace
