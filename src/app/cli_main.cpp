@@ -7,6 +7,7 @@
 #include "edit/Catalogue.h"
 #include "settings/SettingsFile.h"
 #include "files/FailureReasons.h"
+#include "imaging/Animation.h"
 #include "imaging/Loader.h"
 #include "imaging/Saver.h"
 #include "imaging/Streaming.h"
@@ -65,12 +66,15 @@ int Info(const QStringList& paths) {
     const QByteArray profile = loaded->Picture.IccProfile();
     const QString colours = profile.isEmpty() ? QStringLiteral("sRGB") : imaging::DescribeProfile(profile);
     const int pages = imaging::ReadSourceFacts(path).TurnablePages();
+    const auto animation = imaging::ReadFrameTiming(path);
+    QString beyond = pages > 1 ? QStringLiteral("\tpages %1").arg(pages) : QString();
+    if (animation) beyond = u'\t' + imaging::DescribeAnimation(*animation);
     Print(QStringLiteral("%1\t%2\t%3x%4\t%5")
               .arg(path, loaded->Format)
               .arg(loaded->Picture.Width())
               .arg(loaded->Picture.Height())
               .arg(colours) +
-          (pages > 1 ? QStringLiteral("\tpages %1").arg(pages) : QString()));
+          beyond);
   }
   return failures == 0 ? 0 : 1;
 }
@@ -90,9 +94,9 @@ int Save(const imaging::Image& image, const QString& output) {
   return imaging::SaveImage(image, output) ? 0 : CantSave(output, QSize(image.Width(), image.Height()));
 }
 
-// `page` counts from 1, as the user does.
+// `page` counts from 1, as the user does; an animation's frames count as its pages.
 int Convert(const QString& input, const QString& output, int page = 1) {
-  const int pages = imaging::ReadSourceFacts(input).TurnablePages();
+  const int pages = imaging::ReadSourceFacts(input).Pages;
   if (page < 1 || page > pages) {
     Complain(QStringLiteral("Bad page: %1 (%2 has %3)").arg(page).arg(input, pages == 1 ? QStringLiteral("1 page") : QStringLiteral("%1 pages").arg(pages)));
     return 2;

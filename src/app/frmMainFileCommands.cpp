@@ -224,9 +224,10 @@ int frmMain::AskAboutWhatSavingDrops(const QString& path) {
   const imaging::SourceFacts facts = imaging::ReadSourceFacts(path);
   QStringList had, kept;
   if (facts.Pages > 1) {
-    had << QStringLiteral("%1 pages").arg(facts.Pages);
+    const QString unit = facts.Animated ? QStringLiteral("frame") : QStringLiteral("page");
+    had << QStringLiteral("%1 %2s").arg(facts.Pages).arg(unit);
     const int page = path == document_.CurrentFilePath() ? document_.Page() : 0;
-    kept << (page == 0 ? QStringLiteral("the first page only") : QStringLiteral("page %1 only").arg(page + 1));
+    kept << (page == 0 ? QStringLiteral("the first %1 only").arg(unit) : QStringLiteral("%1 %2 only").arg(unit).arg(page + 1));
   }
   // A deep picture is written back at 16 bits; one an 8-bit edit made (a palette) is not.
   const int keptBits = document_.CurrentImage() ? document_.CurrentImage()->BitsPerSample() : 8;

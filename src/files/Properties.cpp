@@ -3,6 +3,7 @@
 #include "base/NumberRules.h"
 #include "base/Paths.h"
 #include "browse/FileTypes.h"
+#include "imaging/Animation.h"
 #include "imaging/Loader.h"
 #include "imaging/Metadata.h"
 
@@ -36,9 +37,11 @@ std::vector<std::pair<QString, QString>> PropertyRows(const QString& path) {
       {QStringLiteral("Modified"), numbers::FormatGeneralDate(file.lastModified())},
       {QStringLiteral("Width x height"), DimensionsText(path)},
   };
-  // A file of several pages says how many; an animation, how many frames.
-  if (const imaging::SourceFacts facts = imaging::ReadSourceFacts(path); facts.Pages > 1) {
-    rows.emplace_back(facts.Animated ? QStringLiteral("Frames") : QStringLiteral("Pages"), numbers::FormatThousands(facts.Pages));
+  // A file of several pages says how many; an animation, how many frames and how long.
+  if (const auto timing = imaging::ReadFrameTiming(path)) {
+    rows.emplace_back(QStringLiteral("Animation"), imaging::DescribeAnimation(*timing));
+  } else if (const imaging::SourceFacts facts = imaging::ReadSourceFacts(path); facts.Pages > 1) {
+    rows.emplace_back(QStringLiteral("Pages"), numbers::FormatThousands(facts.Pages));
   }
   for (auto& row : imaging::ReadPhotoMetadata(path)) rows.push_back(std::move(row));
   return rows;

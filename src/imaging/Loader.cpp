@@ -42,6 +42,8 @@ std::optional<Image> Decode(const QString& path, const Decision& decision, const
     case Route::Vips:
       return DecodeWithVips(path, 0, 0, facts.OnWhite, facts.Page);
     case Route::Qt:
+      // An animation's later frames: libvips composes each over the ones before.
+      if (facts.Page > 0 && decision.Format == QLatin1String("GIF")) return DecodeWithVips(path, 0, 0, facts.OnWhite, facts.Page);
       if (auto image = DecodeWithQt(path, facts.OnWhite, facts.Page)) return image;
       // Qt refuses some old variants (OS/2 headers, odd bit counts); ImageMagick reads them.
       return DecodeWithHelper(path, HelperCoderForExtension(extension).isEmpty() ? decision.Format

@@ -50,6 +50,12 @@ TEST(VistrelCli, InfoPrintsOneLineAFileAndConvertSavesByTheExtension) {
   const CliRun beyond = Cli({"convert", "--page", "3", pages, second});
   EXPECT_EQ(beyond.ExitCode, 2);
   EXPECT_EQ(beyond.Errors, "Bad page: 3 (" + pages + " has 2 pages)\n");
+  // An animation's frames count as its pages.
+  const QString moving = folder.File(QStringLiteral("moving.gif"));
+  ASSERT_EQ(testing_support::Run(QStringLiteral("convert"), {"-delay", "50", "-size", "8x6", "xc:red", "xc:blue", moving}).ExitCode, 0);
+  EXPECT_EQ(Cli({"info", moving}).Output, moving + "\tGIF\t8x6\tsRGB\t2 frames, 1.0 s\n");
+  EXPECT_EQ(Cli({"convert", "--page", "2", moving, second}).ExitCode, 0);
+  EXPECT_EQ(QImage(second).pixelColor(0, 0), QColor(Qt::blue));
 }
 
 // Each failure names the file and why, and a bad word is refused before anything is read.
