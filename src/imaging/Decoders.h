@@ -14,6 +14,8 @@
 #include <functional>
 #include <optional>
 
+class QFile;
+
 namespace imaging {
 
 // libvips' in-process loaders (untrusted ones stay blocked); shrink > 1 decodes reduced.
@@ -29,6 +31,8 @@ std::optional<Image> OpenWithVipsInOrder(const QString& path);
 // An icon's (ICO, CUR) images count largest first.
 std::optional<Image> DecodeWithQt(const QString& path, bool onWhite = false, int page = 0);
 std::optional<QSize> QtHeaderSize(const QString& path);
+// A GIF's logical screen, from its header: Qt's reader scans the whole file to answer.
+std::optional<QSize> GifScreenSize(QFile& file);
 std::optional<SourceFacts> QtSourceFacts(const QString& path);
 
 // The helper process: ImageMagick reading the file's bytes from standard input with the

@@ -28,6 +28,13 @@ std::optional<SourceFacts> QtSourceFacts(const QString& path) {
   return SourceFacts{pages, 8, pages > 1 && reader.supportsAnimation()};
 }
 
+std::optional<QSize> GifScreenSize(QFile& file) {
+  const QByteArray head = file.peek(10);
+  if (head.size() < 10 || !head.startsWith("GIF8")) return std::nullopt;
+  const auto word = [&head](int at) { return quint8(head[at]) | quint8(head[at + 1]) << 8; };
+  return QSize(word(6), word(8));
+}
+
 namespace {
 
 // An icon's or a cursor's directory starts with 0, then its type, 1 or 2.
@@ -54,7 +61,8 @@ QImage ReadWithQt(const QString& path, int page) {
   const bool icon = IsIcon(file);
   QImageReader reader(&file);
   reader.setDecideFormatFromContent(true);
-  const QSize size = reader.size();
+  const std::optional<QSize> gif = GifScreenSize(file);
+  const QSize size = gif ? *gif : reader.size();
   if (size.isValid() && std::int64_t(size.width()) * size.height() > kMaxPixels) return {};
   reader.setAllocationLimit(static_cast<int>(kMaxPixels * 4 / (1024 * 1024)) + 1);
   return ReadPage(reader, page, icon);
