@@ -83,6 +83,7 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   document::Document& CurrentDocument() { return document_; }
   browse::FileListModel& ListModel() { return list_; }
   view::Viewport& ImageView() { return *picFondo_; }
+  view::AnimationPlayer& Player() { return player_; }
   files::Prefetcher& Prefetcher() { return prefetcher_; }
 
   // Tests answer the open and save dialogs through this.

@@ -58,7 +58,7 @@ void frmMain::ConnectAnimation() {
 }
 
 bool frmMain::CanPlay() const {
-  return player_.Active() || (document_.Animation() && document_.CurrentImage() && !document_.IsChanged() && CanZoom());
+  return player_.Active() || (document_.Animated() && document_.CurrentImage() && !document_.IsChanged() && CanZoom());
 }
 
 void frmMain::TogglePlaying() {
@@ -70,9 +70,9 @@ void frmMain::TogglePlaying() {
 void frmMain::PlayAnimationShown() {
   player_.Stop();
   const auto& image = document_.CurrentImage();
-  if (!image || !document_.Animation() || document_.IsChanged()) return;
+  if (!image || !document_.Animated() || document_.IsChanged()) return;
   player_.SetScreenSize(picFondo_->FramePaintedSize());
-  player_.Play(document_.CurrentFilePath(), *document_.Animation(), *image, document_.Page());
+  player_.Play(document_.CurrentFilePath(), *image, document_.Page());
 }
 
 // Before an edit or Copy: the frame on screen is the one they take.

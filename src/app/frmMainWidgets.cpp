@@ -157,9 +157,9 @@ void frmMain::RefreshStatusBar(const QString& message) {
     facts.Percentage = picFondo_->Percentage();
     facts.Page = document_.Page();
     facts.Pages = document_.PageCount();
-    if (const auto& animation = document_.Animation()) {
-      facts.Frames = animation->Frames();
-      facts.Frame = player_.Active() ? player_.Current().Index : document_.Page();
+    if (player_.Active()) {
+      facts.Frames = player_.Frames();
+      facts.Frame = player_.Current().Index;
     }
     if (const qint64 bytes = base::FileSizeOf(path); bytes >= 0) facts.FileBytes = bytes;
   }

@@ -150,7 +150,7 @@ void Document::Load(const QString& path, int page) {
   paletteBits_ = 0;
   page_ = page;
   if (page == 0) pageCount_ = 1;
-  animation_.reset();
+  animated_ = false;
   std::optional<files::LoadedImage> loaded;
   const QFuture<void> reading = QtConcurrent::run(&loading_, [&] {
     loaded = page == 0 ? loader_(path) : files::LoadImageFile(path, state_.Metrics, page);
@@ -165,7 +165,7 @@ void Document::Load(const QString& path, int page) {
   natural_ = loaded->Natural;
   paletteBits_ = loaded->PaletteBits;
   pageCount_ = loaded->Pages;
-  animation_ = loaded->Animation;
+  animated_ = loaded->Animated;
 }
 
 void Document::ClearCurrentImage() {

@@ -116,10 +116,10 @@ class Document : public QObject {
   int PageCount() const { return pageCount_; }
   bool CanTurnPage(int delta) const;
   void TurnPage(int delta);
-  // An animation's timing (its first frame is the image), nullopt for anything else. A
-  // frame the player shows when it stops becomes the image, as the page shown is, so that
-  // edits, Copy and the save question work on it: only while there are no edits.
-  const std::optional<imaging::FrameTiming>& Animation() const { return animation_; }
+  // An animation (its first frame is the image). A frame the player shows when it stops
+  // becomes the image, as the page shown is, so that edits, Copy and the save question
+  // work on it: only while there are no edits.
+  bool Animated() const { return animated_; }
   void AdoptFrame(int index, const imaging::Image& frame);
 
   const WhatIsOpen& Open() const { return open_; }
@@ -225,7 +225,7 @@ class Document : public QObject {
   base::NaturalSize natural_;
   int paletteBits_ = 0;  // the palette depth of the file shown
   int page_ = 0, pageCount_ = 1;
-  std::optional<imaging::FrameTiming> animation_;
+  bool animated_ = false;
   History history_;
   std::optional<imaging::Image> unrecordedBase_;  // the base state until an edit packs it
   // The image shown before the last edit, undo or redo, kept whole so that going back to it

@@ -122,7 +122,7 @@ void Document::TurnPage(int delta) {
 }
 
 void Document::AdoptFrame(int index, const imaging::Image& frame) {
-  if (!image_ || !animation_ || IsChanged() || index == page_) return;
+  if (!image_ || !animated_ || IsChanged() || index == page_) return;
   image_ = frame;
   page_ = index;
   StartHistory();

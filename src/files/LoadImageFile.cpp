@@ -1,5 +1,6 @@
 #include "files/LoadImageFile.h"
 
+#include "imaging/Animation.h"
 #include "imaging/Loader.h"
 #include "imaging/Palette.h"
 
@@ -11,9 +12,10 @@ std::optional<LoadedImage> LoadImageFile(const QString& path, const base::Screen
   auto picture = imaging::LoadFile(path, page);
   if (!picture) return std::nullopt;
   const auto natural = base::NaturalSize::FromPixels(picture->Width(), picture->Height(), metrics);
-  const imaging::SourceFacts facts = imaging::ReadPageFacts(path);
-  return LoadedImage{std::move(*picture), natural, imaging::PaletteBitsOfFile(path), facts.TurnablePages(),
-                     facts.Animated ? imaging::ReadFrameTiming(path) : std::nullopt};
+  // Whether a GIF plays is known from its first two frames; its timing is read as it starts.
+  const bool animated = imaging::IsAnimation(path);
+  return LoadedImage{std::move(*picture), natural, imaging::PaletteBitsOfFile(path),
+                     animated ? 1 : imaging::ReadPageFacts(path).TurnablePages(), animated};
 }
 
 std::optional<LoadedImage> LoadStandIn(const QString& path, const base::ScreenMetrics& metrics) {

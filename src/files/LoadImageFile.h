@@ -3,7 +3,6 @@
 // in twips, which every zoom computation starts from.
 
 #include "base/Twips.h"
-#include "imaging/Animation.h"
 #include "imaging/Image.h"
 
 #include <QString>
@@ -17,7 +16,7 @@ struct LoadedImage {
   base::NaturalSize Natural;
   int PaletteBits = 0;  // the file's palette depth, kept when the image is saved
   int Pages = 1;        // the pages a user can turn (a TIFF's, a DCX's, an icon's images)
-  std::optional<imaging::FrameTiming> Animation = std::nullopt;  // an animation's timing; the picture is its first frame
+  bool Animated = false;  // an animation: the picture is its first frame
 };
 
 // Page `page` of the file (0 the first; an icon's images count largest first).

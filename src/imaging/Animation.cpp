@@ -1,12 +1,18 @@
+// A GIF's timing comes from our scan of its blocks and its frames from Qt's reader, which
+// reads the file as it goes (libvips keeps a whole GIF in memory); a WebP's come from
+// libvips, as its still picture does.
 #include "imaging/Animation.h"
 
-#include "base/NumberRules.h"
 #include "base/FileNames.h"
-#include "base/Paths.h"
+#include "base/NumberRules.h"
+#include "imaging/Decoders.h"
+#include "imaging/GifScan.h"
 #include "imaging/ImageInternal.h"
 #include "imaging/Loader.h"
+#include "imaging/RowAssembler.h"
 
 #include <QFile>
+#include <QImageReader>
 
 #include <numeric>
 
@@ -14,25 +20,47 @@ namespace imaging {
 
 namespace {
 
-// Only these loaders make frames of an animation; a TIFF's pages are turned, not played.
-bool PlaysFrames(const vips::VImage& image) {
-  const char* loader = nullptr;
-  const bool known = vips_image_get_string(image.get_image(), "vips-loader", &loader) == 0 && loader;
-  vips_error_clear();
-  if (!known) return false;
-  const std::string_view name(loader);
-  return name.starts_with("gifload") || name.starts_with("webpload");
+enum class Kind { Other, Gif, WebP };
+
+Kind KindOf(QFile& file) {
+  const QByteArray head = file.peek(12);
+  if (head.startsWith("GIF8")) return Kind::Gif;
+  if (head.startsWith("RIFF") && head.mid(8, 4) == "WEBP") return Kind::WebP;
+  return Kind::Other;
 }
 
-std::vector<int> DelaysOf(const vips::VImage& image, int frames) {
-  int* delays = nullptr;
-  int count = 0;
-  std::vector<int> played(size_t(frames), kTinyDelayPlayedMs);
-  if (vips_image_get_array_int(image.get_image(), "delay", &delays, &count) == 0) {
-    for (int i = 0; i < std::min(count, frames); ++i) played[size_t(i)] = delays[i] <= kTinyDelayMs ? kTinyDelayPlayedMs : delays[i];
+int Played(int delayMs) { return delayMs <= kTinyDelayMs ? kTinyDelayPlayedMs : delayMs; }
+
+std::optional<FrameTiming> GifTiming(QFile& file, int enoughFrames = kMaxGifFrames) {
+  const auto scan = ScanGif(file, enoughFrames);
+  if (!scan || scan->Frames() < 2) return std::nullopt;
+  FrameTiming timing;
+  for (const int centiseconds : scan->DelaysCentiseconds) timing.DelaysMs.push_back(Played(centiseconds * 10));
+  // The loop block counts the repeats after the first play, 0 for ever, as browsers read it;
+  // without one a GIF plays once.
+  timing.Loops = scan->LoopCount < 0 ? 1 : scan->LoopCount == 0 ? 0 : scan->LoopCount + 1;
+  return timing;
+}
+
+std::optional<FrameTiming> WebPTiming(const QString& path) {
+  Initialize();
+  try {
+    const vips::VImage header = vips::VImage::new_from_source(SourceOf(path), "");
+    const int frames = vips_image_get_n_pages(header.get_image());
+    int* delays = nullptr;
+    int count = 0;
+    if (frames < 2 || vips_image_get_array_int(header.get_image(), "delay", &delays, &count) != 0) {
+      vips_error_clear();
+      return std::nullopt;
+    }
+    FrameTiming timing;
+    for (int i = 0; i < frames; ++i) timing.DelaysMs.push_back(Played(i < count ? delays[i] : 0));
+    timing.Loops = header.get_typeof("loop") != 0 ? std::max(0, header.get_int("loop")) : 0;
+    return timing;
+  } catch (const vips::VError&) {
+    vips_error_clear();
+    return std::nullopt;
   }
-  vips_error_clear();
-  return played;
 }
 
 }  // namespace
@@ -40,39 +68,67 @@ std::vector<int> DelaysOf(const vips::VImage& image, int frames) {
 qint64 FrameTiming::TotalMs() const { return std::accumulate(DelaysMs.begin(), DelaysMs.end(), qint64(0)); }
 
 std::optional<FrameTiming> ReadFrameTiming(const QString& path) {
-  Initialize();
-  try {
-    const vips::VImage header = vips::VImage::new_from_source(SourceOf(path), "");
-    const int frames = vips_image_get_n_pages(header.get_image());
-    if (frames < 2 || !PlaysFrames(header)) return std::nullopt;
-    const int loops = header.get_typeof("loop") != 0 ? std::max(0, header.get_int("loop")) : 0;
-    return FrameTiming{DelaysOf(header, frames), loops};
-  } catch (const vips::VError&) {
-    vips_error_clear();
-    return std::nullopt;
+  QFile file;
+  if (!base::OpenForReading(file, path)) return std::nullopt;
+  switch (KindOf(file)) {
+    case Kind::Gif: return GifTiming(file);
+    case Kind::WebP: return WebPTiming(path);
+    case Kind::Other: return std::nullopt;
   }
+  return std::nullopt;
+}
+
+bool IsAnimation(const QString& path) {
+  QFile file;
+  if (!base::OpenForReading(file, path)) return false;
+  switch (KindOf(file)) {
+    case Kind::Gif: return GifTiming(file, 2).has_value();
+    case Kind::WebP: return WebPTiming(path).has_value();
+    case Kind::Other: return false;
+  }
+  return false;
 }
 
 QString DescribeAnimation(const FrameTiming& timing) {
   return QStringLiteral("%1 frames, %2 s").arg(timing.Frames()).arg(numbers::FormatThousandsOneDecimal(timing.TotalMs() / 1000.0));
 }
 
-// Every frame stacked in one tall image, read from the top once.
+// A GIF read by Qt frame after frame, or every frame of a WebP stacked in one tall image
+// read from the top once.
 struct FrameReader::Open {
+  QFile file;
+  std::unique_ptr<QImageReader> gif;
+  bool cutShort = false;  // a GIF that ends early: the decoder gave what it could
   vips::VImage frames;
-  int frameHeight = 0;
-  int count = 0;
-  bool onWhite = false;
-  bool cutShort = false;  // the decoder gave what it could of a file that ends early
+  int frameHeight = 0, count = 0;
 };
 
 namespace {
 
 // libvips draws a GIF cut short as far as it goes; only the missing end mark tells.
-bool GifCutShort(const QString& path) {
-  QFile file;
-  if (!base::OpenForReading(file, path) || file.size() < 1 || !file.read(6).startsWith("GIF")) return false;
-  return file.seek(file.size() - 1) && file.read(1) != ";";
+bool GifCutShort(QFile& file) {
+  const qint64 at = file.pos();
+  const bool cut = file.size() > 0 && file.seek(file.size() - 1) && file.read(1) != ";";
+  file.seek(at);
+  return cut;
+}
+
+void OpenFrames(FrameReader::Open& open, const QString& path) {
+  if (!base::OpenForReading(open.file, path)) throw vips::VError("cannot open");
+  if (KindOf(open.file) == Kind::Gif) {
+    open.cutShort = GifCutShort(open.file);
+    const QSize size = GifScreenSize(open.file).value_or(QSize());
+    open.gif = std::make_unique<QImageReader>(&open.file);
+    if (!size.isValid() || std::int64_t(size.width()) * size.height() > kMaxPixels) throw vips::VError("frame over the pixel limit");
+    open.gif->setAllocationLimit(static_cast<int>(kMaxPixels * 4 / (1024 * 1024)) + 1);
+    return;
+  }
+  Initialize();
+  const vips::VSource source = SourceOf(path);  // first: the options are freed only by the call
+  open.frames = vips::VImage::new_from_source(source, "", vips::VImage::option()->set("n", -1)->set("access", "sequential"));
+  open.frameHeight = vips_image_get_page_height(open.frames.get_image());
+  if (std::int64_t(open.frames.width()) * open.frameHeight > kMaxPixels) throw vips::VError("frame over the pixel limit");
+  open.count = open.frames.height() / open.frameHeight;
 }
 
 }  // namespace
@@ -84,22 +140,20 @@ FrameReader& FrameReader::operator=(FrameReader&&) noexcept = default;
 
 std::optional<Image> FrameReader::Next() {
   if (failed_) return std::nullopt;
-  Initialize();
   try {
     if (!open_) {
-      const vips::VSource source = SourceOf(path_);  // first: the options are freed only by the call
-      vips::VImage all = vips::VImage::new_from_source(source, "", vips::VImage::option()->set("n", -1)->set("access", "sequential")->set("fail_on", VIPS_FAIL_ON_TRUNCATED));
-      const int height = vips_image_get_page_height(all.get_image());
-      if (std::int64_t(all.width()) * height > kMaxPixels) throw vips::VError("frame over the pixel limit");
-      open_ = std::make_unique<Open>(Open{all, height, all.height() / height, ComesInOnWhite(base::FileExtension(path_)), GifCutShort(path_)});
+      open_ = std::make_unique<Open>();
+      OpenFrames(*open_, path_);
     }
-    if (next_ >= open_->count) {
-      failed_ = open_->cutShort;
-      return std::nullopt;
+    std::optional<Image> picture;
+    if (open_->gif) {
+      // A frame is composited on white, as the GIF's still picture is.
+      if (open_->gif->canRead()) picture = FromQImageInBands(open_->gif->read(), true);
+      if (!picture) failed_ = open_->cutShort || open_->gif->error() != QImageReader::UnknownError;
+    } else if (next_ < open_->count) {
+      picture = Wrap(open_->frames.crop(0, next_ * open_->frameHeight, open_->frames.width(), open_->frameHeight));
     }
-    const vips::VImage frame = open_->frames.crop(0, next_ * open_->frameHeight, open_->frames.width(), open_->frameHeight);
-    Image picture = Wrap(frame, open_->onWhite);
-    ++next_;
+    if (picture) ++next_;
     return picture;
   } catch (const vips::VError&) {
     vips_error_clear();

@@ -25,9 +25,11 @@ struct FrameTiming {
   qint64 TotalMs() const;
 };
 
-// The timing of an animation of two frames or more; nullopt for anything else (a still
-// picture, a file of pages, a file libvips cannot read as frames).
+// The timing of an animation of two frames or more (a GIF or a WebP); nullopt for anything
+// else: a still picture, a file of pages, a GIF of over kMaxGifFrames frames.
 std::optional<FrameTiming> ReadFrameTiming(const QString& path);
+// Whether it is one, knowing no more than that: a GIF is read only up to its second frame.
+bool IsAnimation(const QString& path);
 
 // "12 frames, 3.5 s": what Properties and the command line say of an animation.
 QString DescribeAnimation(const FrameTiming& timing);
@@ -50,8 +52,9 @@ class FrameReader {
   int NextIndex() const { return next_; }
   bool Failed() const { return failed_; }
 
+  struct Open;  // the file open for reading its frames
+
  private:
-  struct Open;
   QString path_;
   std::unique_ptr<Open> open_;
   int next_ = 0;

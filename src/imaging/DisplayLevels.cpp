@@ -81,6 +81,21 @@ void AdoptDisplayLevels(const Image& image, const std::vector<vips::VImage>& lev
   for (const vips::VImage& level : levels) Keep(cache, level);
 }
 
+Image Image::ReducedQuickly(int width, int height) const {
+  width = std::clamp(width, 1, Width());
+  height = std::clamp(height, 1, Height());
+  try {
+    const vips::VImage& pixels = Internal().image;
+    vips::VImage image = HasAlpha() ? pixels.premultiply() : pixels;
+    image = image.reduce(double(Width()) / width, double(Height()) / height, vips::VImage::option()->set("kernel", VIPS_KERNEL_LINEAR));
+    if (HasAlpha()) image = image.unpremultiply();
+    return FromInternal(Pixels{AsSamples(image, pixels.format()).copy_memory()});
+  } catch (const vips::VError&) {
+    vips_error_clear();
+    return *this;  // the canvas reduces it when it paints
+  }
+}
+
 Image Image::ReducedForDisplay(int width, int height) const {
   width = std::clamp(width, 1, Width());
   height = std::clamp(height, 1, Height());

@@ -58,6 +58,10 @@ class Image {
   // from the smallest cached half-size level that is still as large, so that repeated
   // zooms do not reduce the whole image again. Thread-safe.
   Image ReducedForDisplay(int width, int height) const;
+  // The same size a quicker way, for a picture shown a moment (an animation's frame): one
+  // linear filter as wide as the factor, several times faster than the above and a little
+  // softer. Alpha is kept. Thread-safe.
+  Image ReducedQuickly(int width, int height) const;
   // Builds the half-size levels while their longest side stays at least `smallestSide`,
   // ahead of the first paint and of zooming out.
   void WarmDisplayLevels(int smallestSide = 256) const;

@@ -3,6 +3,7 @@
 #include "base/Colors.h"
 #include "base/Paths.h"
 #include "files/LoadImageFile.h"
+#include "imaging/Animation.h"
 #include "widgets/BusyPointer.h"
 #include "widgets/Fonts.h"
 
@@ -41,6 +42,11 @@ frmSlideShow2::frmSlideShow2(const PlayerSettings& settings, QWidget* parent)
       order_(BuildSequence(settings.Rows, settings.SelectedRow, settings.Random, generator_), settings.Random,
              settings.Repeat, generator_) {
   setObjectName(QStringLiteral("frmSlideShow2"));
+  connect(&player_, &view::AnimationPlayer::FrameShown, this, [this] {
+    QPixmap pixmap = QPixmap::fromImage(player_.Current().Screen);
+    pixmap.setDevicePixelRatio(devicePixelRatioF());
+    slots_[slot_]->setPixmap(pixmap);
+  });
   widgets::ApplyTahomaFont(*this);
   setAutoFillBackground(true);
   QPalette palette = this->palette();
@@ -156,8 +162,18 @@ void frmSlideShow2::ShowCurrent() {
     shownName_ = prepared.Name;
     lblEstado_->setText(prepared.Name);
     picInfo_->raise();
+    PlayIfAnimated(prepared.Picture);
   }
   PrepareNext();
+}
+
+// Its frames are made at the size the first is shown at.
+void frmSlideShow2::PlayIfAnimated(const QImage& shown) {
+  player_.Stop();
+  const QString path = base::JoinPath(settings_.Folder, shownName_);
+  if (!imaging::IsAnimation(path)) return;
+  player_.SetScreenSize(shown.size());
+  player_.Play(path, imaging::Image::FromQImage(shown));
 }
 
 void frmSlideShow2::PrepareNext() {

@@ -1,10 +1,12 @@
 #pragma once
 // frmSlideShow2: the borderless full-screen player. Each image is shown in one of two
 // slots while the next one is decoded and scaled in the other, off the UI thread, so a
-// step paints at once; the slots change in one step.
+// step paints at once; the slots change in one step. An animation plays in its slot for as
+// long as it is shown.
 
 #include "slideshow/PlayerSettings.h"
 #include "slideshow/Sequence.h"
+#include "view/AnimationPlayer.h"
 
 #include <QDialog>
 #include <QFuture>
@@ -48,6 +50,7 @@ class frmSlideShow2 : public QDialog {
   void Step(bool forward);
   void ShowCurrent();
   void PrepareNext();
+  void PlayIfAnimated(const QImage& shown);
   Prepared PreparedFor(const QString& name);
   void ShowHint();
   void RunCommand(const QString& word);
@@ -65,6 +68,7 @@ class frmSlideShow2 : public QDialog {
   QString shownName_;
   QFuture<Prepared> next_;
   std::array<QLabel*, 2> slots_{};
+  view::AnimationPlayer player_;
   int slot_ = 0;
   QWidget* picInfo_ = nullptr;
   QLabel* lblEstado_ = nullptr;

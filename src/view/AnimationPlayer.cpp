@@ -20,19 +20,37 @@ AnimationPlayer::AnimationPlayer(QObject* parent) : QObject(parent) {
 
 AnimationPlayer::~AnimationPlayer() { queue_.reset(); }
 
-void AnimationPlayer::Play(const QString& path, const imaging::FrameTiming& timing, const imaging::Image& shown, int index) {
+void AnimationPlayer::Play(const QString& path, const imaging::Image& shown, int index) {
   Stop();
-  timing_ = timing;
-  index = std::clamp(index, 0, timing.Frames() - 1);
-  current_ = AnimationFrame{shown, QImage(), index};
+  timing_ = {};
+  current_ = AnimationFrame{shown, QImage(), std::max(0, index)};
   paused_ = ended_ = damaged_ = false;
-  queue_ = std::make_unique<FrameQueue>(path, timing.Loops, screenSize_, (index + 1) % timing.Frames(), [this] {
+  queue_ = std::make_unique<FrameQueue>(path, screenSize_, current_->Index + 1, [this] {
     QMetaObject::invokeMethod(this, [this] { FrameArrived(); }, Qt::QueuedConnection);
   });
+  // After the events waiting now, the first frame's paint among them.
+  QTimer::singleShot(0, this, [this, queue = queue_.get()] {
+    if (queue_.get() == queue) queue_->Start();
+  });
+  Q_EMIT StateChanged();
+}
+
+// The timing the worker has read: the first frame's time starts now. False while it is
+// still being read; a file without one is no animation, and the player stops.
+bool AnimationPlayer::TakeTiming() {
+  if (timing_.Frames() > 0) return true;
+  const std::optional<imaging::FrameTiming> timing = queue_->Timing();
+  if (!timing) {
+    if (queue_->Finished()) Stop();
+    return false;
+  }
+  timing_ = *timing;
+  current_->Index = std::min(current_->Index, timing_.Frames() - 1);
   clock_.start();
   dueMs_ = 0;
   ScheduleNext();
   Q_EMIT StateChanged();
+  return true;
 }
 
 void AnimationPlayer::Stop() {
@@ -109,7 +127,7 @@ void AnimationPlayer::Tick() {
 }
 
 void AnimationPlayer::FrameArrived() {
-  if (!queue_ || !awaited_) return;
+  if (!queue_ || !TakeTiming() || !awaited_) return;
   const int wanted = *awaited_;
   if (wanted == -1) {
     awaited_.reset();
@@ -138,7 +156,7 @@ void AnimationPlayer::Show(AnimationFrame frame) {
 // landed, so the pace holds; a machine so busy that a whole delay was lost starts afresh
 // rather than rushing through the frames it missed.
 void AnimationPlayer::ScheduleNext() {
-  if (paused_ || ended_) return;
+  if (paused_ || ended_ || timing_.Frames() == 0) return;
   const int delay = timing_.DelaysMs[size_t(current_->Index)];
   const qint64 now = clock_.elapsed();
   dueMs_ += delay;

@@ -35,8 +35,10 @@ class AnimationPlayer : public QObject {
   explicit AnimationPlayer(QObject* parent = nullptr);
   ~AnimationPlayer() override;
 
-  // Plays `path` on from `shown`, its frame `index` (the first unless told), already on screen.
-  void Play(const QString& path, const imaging::FrameTiming& timing, const imaging::Image& shown, int index = 0);
+  // Plays `path` on from `shown`, its frame `index` (the first unless told), already on
+  // screen; the timing is read on the worker, and the frames move once it is known. A file
+  // that turns out not to be an animation stops the player.
+  void Play(const QString& path, const imaging::Image& shown, int index = 0);
   void Stop();
   bool Active() const { return queue_ != nullptr; }
   bool Paused() const { return paused_; }
@@ -49,6 +51,7 @@ class AnimationPlayer : public QObject {
   bool CanStep(int delta) const;
   // The frame on screen, while Active().
   const AnimationFrame& Current() const { return *current_; }
+  // 0 until the timing is read.
   int Frames() const { return timing_.Frames(); }
   // The size the canvas paints a frame at now; frames made from here on come at it.
   void SetScreenSize(QSize size);
@@ -64,6 +67,7 @@ class AnimationPlayer : public QObject {
   void Tick();
   void Show(AnimationFrame frame);
   void FrameArrived();
+  bool TakeTiming();
   void ScheduleNext();
   void Restart(int index);
 

@@ -3,6 +3,7 @@
 #include "view/ScreenCopy.h"
 
 #include <algorithm>
+#include <future>
 
 namespace view {
 
@@ -19,9 +20,12 @@ size_t CapacityFor(const imaging::Image& frame) {
 
 }  // namespace
 
-FrameQueue::FrameQueue(QString path, int loops, QSize screenSize, int first, std::function<void()> arrived)
-    : path_(std::move(path)), loops_(loops), arrived_(std::move(arrived)), restartAt_(first), screenSize_(screenSize),
-      thread_([this] { Work(); }) {}
+FrameQueue::FrameQueue(QString path, QSize screenSize, int first, std::function<void()> arrived)
+    : path_(std::move(path)), arrived_(std::move(arrived)), restartAt_(first), screenSize_(screenSize) {}
+
+void FrameQueue::Start() {
+  if (!thread_.joinable()) thread_ = std::thread([this] { Work(); });
+}
 
 FrameQueue::~FrameQueue() {
   {
@@ -29,7 +33,7 @@ FrameQueue::~FrameQueue() {
     stopping_ = true;
   }
   wake_.notify_all();
-  thread_.join();
+  if (thread_.joinable()) thread_.join();
 }
 
 void FrameQueue::Restart(int index) {
@@ -55,6 +59,11 @@ std::optional<AnimationFrame> FrameQueue::Take() {
   return frame;
 }
 
+std::optional<imaging::FrameTiming> FrameQueue::Timing() const {
+  const std::lock_guard lock(mutex_);
+  return timing_;
+}
+
 bool FrameQueue::Finished() const {
   const std::lock_guard lock(mutex_);
   return finished_ && queued_.empty();
@@ -70,16 +79,46 @@ void FrameQueue::SetScreenSize(QSize size) {
   screenSize_ = size;
 }
 
+// Decoding is sequential; each frame's copy for the screen is made on the other core while
+// the next frame decodes, and the frame is queued once both are done.
 void FrameQueue::Work() {
+  std::optional<imaging::FrameTiming> timing = imaging::ReadFrameTiming(path_);
   std::unique_lock lock(mutex_);
+  timing_ = timing;
+  damaged_ = finished_ = !timing;
+  const int loops = timing ? timing->Loops : 1;
+  lock.unlock();
+  arrived_();
+  lock.lock();
   std::optional<imaging::FrameReader> reader;
+  std::optional<AnimationFrame> copying;
+  std::future<QImage> copy;
+  // The frame whose copy is being made, queued when the copy is done; false when dropped.
+  const auto land = [&] {
+    if (!copying) return false;
+    lock.unlock();
+    copying->Screen = copy.get();
+    lock.lock();
+    const bool kept = !restartAt_ && !stopping_;
+    if (kept) queued_.push_back(std::move(*copying));
+    copying.reset();
+    return kept;
+  };
   while (!stopping_) {
     if (restartAt_) {
+      land();
+      queued_.clear();
       reader.emplace(path_);
       skipTo_ = *restartAt_;
       restartAt_.reset();
     }
-    if (finished_ || queued_.size() >= capacity_) {
+    if (finished_ || queued_.size() + (copying ? 1 : 0) >= capacity_) {
+      if (land()) {
+        lock.unlock();
+        arrived_();
+        lock.lock();
+        continue;
+      }
       wake_.wait(lock, [this] { return stopping_ || restartAt_ || (!finished_ && queued_.size() < capacity_); });
       continue;
     }
@@ -88,26 +127,28 @@ void FrameQueue::Work() {
     const QSize size = screenSize_;
     lock.unlock();
     std::optional<imaging::Image> picture = reader->Next();
-    QImage screen = picture && index >= skipTo_ ? ScreenCopy(*picture, size.isEmpty() ? QSize(picture->Width(), picture->Height()) : size) : QImage();
     lock.lock();
     if (restartAt_ || stopping_) continue;
-    if (picture) {
+    bool arrived = land();
+    if (picture && index >= skipTo_) {
       if (index == 0) capacity_ = CapacityFor(*picture);
-      if (index >= skipTo_) queued_.push_back({std::move(*picture), std::move(screen), index});
-      if (index < skipTo_) continue;
-    } else if (reader->Failed()) {
-      damaged_ = finished_ = true;
-    } else if (loops_ == 0 || ++loopsPlayed_ < loops_) {
+      const QSize wanted = size.isEmpty() ? QSize(picture->Width(), picture->Height()) : size;
+      copy = std::async(std::launch::async, [frame = *picture, wanted] { return ScreenCopy(frame, wanted, true); });
+      copying = AnimationFrame{std::move(*picture), QImage(), index};
+    } else if (!picture && reader->Failed()) {
+      arrived = damaged_ = finished_ = true;
+    } else if (!picture && (loops == 0 || ++loopsPlayed_ < loops)) {
       reader.emplace(path_);
       skipTo_ = 0;
-      continue;
-    } else {
-      finished_ = true;
+    } else if (!picture) {
+      arrived = finished_ = true;
     }
+    if (!arrived) continue;
     lock.unlock();
     arrived_();
     lock.lock();
   }
+  if (copying) copy.wait();
 }
 
 }  // namespace view

@@ -39,9 +39,13 @@ void ImageCanvas::SetZoom(int percentage) {
   update();
 }
 
-QImage ScreenCopy(const imaging::Image& image, QSize size) {
+QImage ScreenCopy(const imaging::Image& image, QSize size, bool quickly) {
   const bool alpha = image.HasAlpha();
   if (size == QSize(image.Width(), image.Height())) return alpha ? image.ForScreenWithAlpha() : image.ForScreen();
+  if (quickly) {
+    const imaging::Image reduced = image.ReducedQuickly(size.width(), size.height());
+    return alpha ? reduced.ForScreenWithAlpha() : reduced.ForScreen();
+  }
   return alpha ? image.FitWithin(size.width(), size.height()).ForScreenWithAlpha()
                : image.ReducedForDisplay(size.width(), size.height()).ForScreen();
 }

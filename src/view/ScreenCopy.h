@@ -9,6 +9,7 @@
 
 namespace view {
 
-QImage ScreenCopy(const imaging::Image& image, QSize size);
+// `quickly`: reduced the quicker way (imaging::Image::ReducedQuickly), for an animation's frames.
+QImage ScreenCopy(const imaging::Image& image, QSize size, bool quickly = false);
 
 }  // namespace view

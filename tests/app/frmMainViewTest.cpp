@@ -207,7 +207,7 @@ TEST_F(frmMainAnimationTest, PlaysPausesStepsAndEditsTheFrameShown) {
   Start(gif);
   const auto pane = [&] { return Pane("lblStatusPage"); };
   const auto shownColour = [&] { return Canvas()->grab().toImage().pixelColor(5, 5); };
-  EXPECT_EQ(pane(), QStringLiteral("frame 1/3"));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return pane().endsWith(QStringLiteral("/3")); }, 5000));  // once its timing is read
   for (const char* frame : {"frame 2/3", "frame 3/3", "frame 1/3"}) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return pane() == QLatin1String(frame); }, 5000)) << frame;
   }

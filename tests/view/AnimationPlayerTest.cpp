@@ -22,7 +22,7 @@ class AnimationPlayerTest : public ::testing::Test {
       EXPECT_EQ(player_.Current().Screen.size(), QSize(4, 3));  // made at the size asked
     });
     player_.SetScreenSize(QSize(4, 3));
-    player_.Play(path_, imaging::ReadFrameTiming(path_).value(), imaging::LoadFile(path_).value());
+    player_.Play(path_, imaging::LoadFile(path_).value());
   }
   bool WaitFor(std::function<bool()> done) { return QTest::qWaitFor(std::move(done), 5000); }
 
