@@ -31,7 +31,7 @@ Kind KindOf(QFile& file) {
 
 int Played(int delayMs) { return delayMs <= kTinyDelayMs ? kTinyDelayPlayedMs : delayMs; }
 
-std::optional<FrameTiming> GifTiming(QFile& file, int enoughFrames = kMaxGifFrames) {
+std::optional<FrameTiming> GifTiming(QFile& file, int enoughFrames = kMaxGifFrames + 1) {
   const auto scan = ScanGif(file, enoughFrames);
   if (!scan || scan->Frames() < 2) return std::nullopt;
   FrameTiming timing;

@@ -22,6 +22,6 @@ struct GifScan {
 
 // nullopt for what is not a GIF or holds over kMaxGifFrames frames; the scan stops after
 // `enoughFrames` frames when fewer are enough to know (whether there are two, say).
-std::optional<GifScan> ScanGif(QIODevice& device, int enoughFrames = kMaxGifFrames);
+std::optional<GifScan> ScanGif(QIODevice& device, int enoughFrames = kMaxGifFrames + 1);
 
 }  // namespace imaging

@@ -1,6 +1,8 @@
 // Animations made by ImageMagick and libvips: their timing as played and their frames read
 // in order, and what a damaged one gives.
 #include "imaging/Animation.h"
+#include "imaging/GifScan.h"
+#include "imaging/Loader.h"
 #include "support/TestFiles.h"
 
 #include <gtest/gtest.h>
@@ -51,6 +53,35 @@ TEST(Animation, AFileCutShortGivesWhatItHoldsAndSaysSo) {
   while (reader.Next()) ++frames;
   EXPECT_GE(frames, 1);
   EXPECT_TRUE(reader.Failed());
+}
+
+// Hostile files of frames and pages: a GIF of more frames than are played (shown as a
+// still picture) and a TIFF whose last page points back to its first: each is read in
+// bounded time and opens on its first picture.
+TEST(Animation, EndlessFramesAndLoopingPagesAreBounded) {
+  testing_support::TempFolder folder;
+  QByteArray gif = QByteArray("GIF89a\x01\x00\x01\x00\x80\x00\x00", 13) + QByteArray("\x00\x00\x00\xff\xff\xff", 6);
+  const QByteArray frame("\x21\xf9\x04\x00\x00\x00\x00\x00\x2c\x00\x00\x00\x00\x01\x00\x01\x00\x00\x02\x02\x44\x01\x00", 23);
+  for (int i = 0; i <= imaging::kMaxGifFrames; ++i) gif += frame;
+  const QString many = folder.WriteBytes(QStringLiteral("many.gif"), gif + ';');
+  EXPECT_TRUE(imaging::IsAnimation(many));  // what the first frames say; the timing refuses it
+  EXPECT_FALSE(imaging::ReadFrameTiming(many).has_value());
+  EXPECT_TRUE(imaging::LoadFile(many).has_value());
+  const QString looping = folder.File(QStringLiteral("looping.tif"));
+  ASSERT_EQ(Made("convert", {"-size", "4x3", "xc:red", "xc:lime", looping}), 0);
+  QByteArray tiff = testing_support::ReadAll(looping);
+  const auto word = [&tiff](qsizetype at, int bytes) {
+    quint32 value = 0;
+    for (int i = bytes - 1; i >= 0; --i) value = value << 8 | quint8(tiff[at + i]);
+    return value;
+  };
+  const quint32 first = word(4, 4), second = word(first + 2 + 12 * word(first, 2), 4);
+  const qsizetype end = second + 2 + 12 * word(second, 2);
+  for (int i = 0; i < 4; ++i) tiff[end + i] = char(first >> (8 * i));
+  folder.WriteBytes(QStringLiteral("looping.tif"), tiff);
+  EXPECT_LE(imaging::ReadSourceFacts(looping).Pages, 2);
+  EXPECT_EQ(imaging::LoadFile(looping)->ToQImage().pixelColor(1, 1), QColor(Qt::red));
+  EXPECT_FALSE(imaging::LoadFile(looping, 5).has_value());
 }
 
 }  // namespace
