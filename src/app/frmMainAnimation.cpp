@@ -99,7 +99,11 @@ void frmMain::ShowPageOrFrameButtons(bool visible) {
                          "mnuViewPlayAnimation"};
   for (size_t i = 0; i < pageButtons_.size(); ++i) {
     QAction* action = commands_.Get(QLatin1String(names[i]));
-    if (pageButtons_[i]->defaultAction() != action) pageButtons_[i]->setDefaultAction(action);
+    if (pageButtons_[i]->defaultAction() != action) {
+      // The action it had goes too: a button with two actions offers them as a menu.
+      if (QAction* had = pageButtons_[i]->defaultAction()) pageButtons_[i]->removeAction(had);
+      pageButtons_[i]->setDefaultAction(action);
+    }
     pageButtons_[i]->setVisible(visible && (i < 2 || frames));
   }
 }
