@@ -142,20 +142,6 @@ TEST(SettingsWrite, APathWithALineBreakIsNotKept) {
   EXPECT_EQ(back.StartOption, 1);
 }
 
-TEST(SettingsRead, AKindOutsideZeroToTwoReadsNoPathLineAndShiftsTheRest) {
-  QStringList lines = DefaultLines();
-  lines[At("LastOpenKind")] = QStringLiteral("7");
-  lines[At("RecentFolder0") - 1] = QStringLiteral("/first/recent");  // the title becomes recent folder 0
-  lines[At("StartOption")] = QStringLiteral("1");  // is read as ImageExtensionsOnly
-  lines[At("ImageExtensionsOnly")] = QStringLiteral("0");  // as RecentEnabled
-  lines[At("PrintMargin3")] = QStringLiteral("0.7");  // the last margin, whatever the locale's default
-  const SettingsStore s = Read(lines);
-  EXPECT_EQ(std::tuple(s.LastOpenKind, s.RecentFolders[0]), std::tuple(7, QStringLiteral("/first/recent")));
-  // The title "Print" reads 0, the last margin (0.7) rounds to 1, the title "Options" reads 0.
-  EXPECT_EQ(std::tuple(s.PrintMargins[0], s.PrintUnits, s.StartOption), std::tuple(0.0f, 1, 0));
-  EXPECT_EQ(std::tuple(s.ImageExtensionsOnly, s.RecentEnabled), std::tuple(true, false));
-}
-
 // Without a settings file the margins are in the locale's measurement system.
 TEST(SettingsDefaults, MarginsFollowTheLocalesMeasurementSystem) {
   const std::tuple<QLocale, int, float> cases[] = {{QLocale(QLocale::English, QLocale::UnitedStates), 0, 0.7f},
@@ -239,14 +225,6 @@ TEST(RecentFolders, AddingPutsTheTrimmedFolderOnTopOnce) {
       EXPECT_EQ(s.RecentFolders[19], QStringLiteral("/f1"));
     }
   }
-}
-
-TEST(RecentFolders, RemovingOneLeavesNoGap) {
-  settings::SettingsStore s = settings::DefaultSettings({});
-  for (const char* folder : {"/c", "/b", "/a"}) settings::AddRecentFolder(s, QLatin1String(folder));
-  settings::RemoveRecentFolder(s, 1);
-  EXPECT_EQ(settings::RecentFolderList(s), (QStringList{"/a", "/c"}));
-  EXPECT_TRUE(s.RecentFolders[2].isEmpty());
 }
 
 }  // namespace
