@@ -41,8 +41,8 @@ int main(int argc, char** argv) {
   std::printf("folder_scan_files: %d files\n", count);
 
   size_t listed = 0;
-  const double scanSort = bench::BestMilliseconds(3, [&] { listed = browse::ScanFolder(pictures.path(), true).size(); });
-  std::vector<browse::FileEntry> entries = browse::ScanFolder(pictures.path(), true);
+  const double scanSort = bench::BestMilliseconds(3, [&] { listed = browse::ScanFolder(pictures.path(), browse::ScanFilter::Images).size(); });
+  std::vector<browse::FileEntry> entries = browse::ScanFolder(pictures.path(), browse::ScanFilter::Images);
   const double sortOnly = bench::BestMilliseconds(3, [&] {
     std::vector<browse::FileEntry> shuffled(entries.rbegin(), entries.rend());
     browse::SortEntries(shuffled);

@@ -39,7 +39,7 @@ double TaggedPageMilliseconds(const QString& photo, const base::ScreenMetrics& m
   }
   for (int i = 1; i < 12; ++i) QFile::copy(first, tagged.filePath(QStringLiteral("photo%1.jpg").arg(i, 2, 10, QLatin1Char('0'))));
   browse::FileListModel list;
-  list.SetEntries(browse::ScanFolder(tagged.path(), true));
+  list.SetEntries(browse::ScanFolder(tagged.path(), browse::ScanFilter::Images));
   return PageMilliseconds(list, tagged.path(), metrics);
 }
 
@@ -61,7 +61,7 @@ int main(int argc, char** argv) {
   }
   std::printf("thumbnails_source: 12 photos of 6000x4000 jpeg\n");
   browse::FileListModel list;
-  list.SetEntries(browse::ScanFolder(pictures.path(), true));
+  list.SetEntries(browse::ScanFolder(pictures.path(), browse::ScanFilter::Images));
   const base::ScreenMetrics metrics;
 
   const double cold = PageMilliseconds(list, pictures.path(), metrics);

@@ -65,7 +65,7 @@ int Info(const QStringList& paths) {
     }
     const QByteArray profile = loaded->Picture.IccProfile();
     const QString colours = profile.isEmpty() ? QStringLiteral("sRGB") : imaging::DescribeProfile(profile);
-    const int pages = imaging::ReadSourceFacts(path).TurnablePages();
+    const int pages = imaging::ReadPageFacts(path).TurnablePages();
     const auto animation = imaging::ReadFrameTiming(path);
     QString beyond = pages > 1 ? QStringLiteral("\tpages %1").arg(pages) : QString();
     if (animation) beyond = u'\t' + imaging::DescribeAnimation(*animation);

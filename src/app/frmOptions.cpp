@@ -87,7 +87,10 @@ QWidget* frmOptions::OpenFolderPage() {
   optArchivosImagen_[0] = Named(new QRadioButton(QStringLiteral("&Open files with image extensions (bmp, jpg...)")),
                                 QStringLiteral("optArchivosImagen(0)"));
   optArchivosImagen_[1] = Named(new QRadioButton(QStringLiteral("O&pen all files")), QStringLiteral("optArchivosImagen(1)"));
-  return Page(1, {optArchivosImagen_[0], optArchivosImagen_[1]});
+  // Today's types (HEIC, WebP, AVIF, JPEG XL, SVG...) are listed unless this asks for the old list.
+  chkClassicTypes_ = Named(new QCheckBox(QStringLiteral("C&lassic types only (no HEIC, WebP, AVIF, JPEG XL, SVG...)")),
+                           QStringLiteral("chkClassicTypes"));
+  return Page(1, {optArchivosImagen_[0], optArchivosImagen_[1], chkClassicTypes_});
 }
 
 QWidget* frmOptions::ViewPage() {
@@ -171,6 +174,7 @@ void frmOptions::Load() {
   const settings::SettingsStore& s = settings_;
   optInicio_[std::clamp(s.StartOption, 0, 2)]->setChecked(true);
   optArchivosImagen_[s.ImageExtensionsOnly ? 0 : 1]->setChecked(true);
+  chkClassicTypes_->setChecked(s.ClassicTypesOnly);
   chkViewToolbar_->setChecked(s.ShowToolbar);
   chkViewStatusBar_->setChecked(s.ShowStatusBar);
   chkEnlarge_->setChecked(s.EnlargeSmallImages);
@@ -207,7 +211,7 @@ void frmOptions::Restore() {
   viewBarsChanged_ = true;
   for (int i = 0; i < 3; ++i) SetSwatch(i, kDefaultColours[i]);
   thumbColorChanged_ = true;
-  for (QCheckBox* box : {chkReciente_, chkConfirma_, chkExplorer_, chkEnlarge_}) box->setChecked(false);
+  for (QCheckBox* box : {chkReciente_, chkConfirma_, chkExplorer_, chkEnlarge_, chkClassicTypes_}) box->setChecked(false);
   chkColourManaged_->setChecked(true);
   cboIntent_->setCurrentIndex(0);
   txtScreenProfile_->clear();
@@ -217,6 +221,7 @@ void frmOptions::Accept() {
   settings::SettingsStore& s = settings_;
   s.StartOption = optInicio_[0]->isChecked() ? 0 : optInicio_[1]->isChecked() ? 1 : 2;
   s.ImageExtensionsOnly = optArchivosImagen_[0]->isChecked();
+  s.ClassicTypesOnly = chkClassicTypes_->isChecked();
   s.ShowToolbar = chkViewToolbar_->isChecked();
   s.ShowStatusBar = chkViewStatusBar_->isChecked();
   s.EnlargeSmallImages = chkEnlarge_->isChecked();

@@ -4,7 +4,7 @@ namespace base {
 
 namespace {
 
-constexpr bool kScanned = true, kNotScanned = false, kWritable = true, kReadOnly = false, kHoldsPages = true;
+constexpr bool kScanned = true, kNotScanned = false, kWritable = true, kReadOnly = false, kHoldsPages = true, kModern = true;
 
 }  // namespace
 
@@ -18,7 +18,7 @@ const std::vector<FileFormat>& FileFormats() {
       {"emf", "Enhanced metafile image", "image/emf", "EMF", kScanned, nullptr, nullptr, kReadOnly},
       {"gif", "Gif image", "image/gif", "", kScanned, "gif", nullptr, kReadOnly, nullptr, kHoldsPages},
       {"ico", "Icon", "image/vnd.microsoft.icon", "ICO", kScanned, "ico", nullptr, kReadOnly, nullptr, kHoldsPages},
-      {"jpe", "Jpeg image", "image/jpeg", "", kNotScanned, nullptr, nullptr, kWritable},
+      {"jpe", "Jpeg image", "image/jpeg", "", kNotScanned, nullptr, nullptr, kWritable, nullptr, false, kModern},
       {"jpg", "Jpeg image", "image/jpeg", "", kScanned, "jpg;jpeg;jpe;jif", "Jpeg (*.jpg)", kWritable},
       {"jpeg", "Jpeg image", "image/jpeg", "", kScanned, nullptr, nullptr, kWritable, "jpg"},
       {"jif", "Jpeg image", "image/jpeg", "", kScanned, nullptr, nullptr, kWritable, "jpg"},
@@ -33,6 +33,16 @@ const std::vector<FileFormat>& FileFormats() {
       {"wmf", "Windows metafile image", "image/wmf", "WMF", kScanned, "wmf;emf", nullptr, kReadOnly},
       {"wpg", "Word Perfect graphic bitmap image", "application/x-wpg", "WPG", kScanned, "wpg",
        "Word Perfect graphic bitmap (*.wpg)", kWritable},
+      // Today's types, read by libvips (Photoshop's by the helper); writers come with their options.
+      {"tiff", "Tiff image", "image/tiff", "", kNotScanned, nullptr, nullptr, kWritable, "tif", kHoldsPages, kModern},
+      {"webp", "WebP image", "image/webp", "", kNotScanned, "webp", nullptr, kReadOnly, nullptr, kHoldsPages, kModern},
+      {"heic", "HEIF image", "image/heic", "", kNotScanned, "heic;heif", nullptr, kReadOnly, nullptr, kHoldsPages, kModern},
+      {"heif", "HEIF image", "image/heif", "", kNotScanned, nullptr, nullptr, kReadOnly, "heic", kHoldsPages, kModern},
+      {"avif", "AVIF image", "image/avif", "", kNotScanned, "avif", nullptr, kReadOnly, nullptr, kHoldsPages, kModern},
+      {"jxl", "JPEG XL image", "image/jxl", "", kNotScanned, "jxl", nullptr, kReadOnly, nullptr, false, kModern},
+      {"jp2", "JPEG 2000 image", "image/jp2", "", kNotScanned, "jp2", nullptr, kReadOnly, nullptr, false, kModern},
+      {"svg", "SVG drawing", "image/svg+xml", "", kNotScanned, "svg", nullptr, kReadOnly, nullptr, false, kModern},
+      {"psd", "Photoshop image", "image/vnd.adobe.photoshop", "PSD", kNotScanned, "psd", nullptr, kReadOnly, nullptr, false, kModern},
   };
   return formats;
 }

@@ -25,9 +25,13 @@ struct FileFormat {
   bool Writable;       // Save can write it
   const char* SavedLike = nullptr;  // without an entry: the type whose entry Save As preselects
   bool HoldsPages = false;          // a file may hold several pages or an animation's frames
+  // A type of today's folders (HEIC, WebP...) rather than of the classic list: the scan lists
+  // it unless Options asks for the classic types only.
+  bool Modern = false;
 };
 
-// Every row, in the folder scan's order (jpe, which the scan leaves out, before jpg).
+// Every row: the classic types in the folder scan's order (jpe, which the classic scan
+// leaves out, before jpg), then today's.
 const std::vector<FileFormat>& FileFormats();
 // The row of a lower-case extension, or null.
 const FileFormat* FindFileFormat(const QString& lowerCaseExtension);

@@ -5,19 +5,25 @@
 
 namespace browse {
 
-const QStringList& ScanExtensions() {
-  static const QStringList extensions = [] {
-    QStringList scanned;
-    for (const base::FileFormat& format : base::FileFormats()) {
-      if (format.Scanned) scanned << QLatin1String(format.Extension);
-    }
-    return scanned;
-  }();
-  return extensions;
+namespace {
+
+QStringList ScannedRows(bool modern) {
+  QStringList scanned;
+  for (const base::FileFormat& format : base::FileFormats()) {
+    if (format.Scanned || (modern && format.Modern)) scanned << QLatin1String(format.Extension);
+  }
+  return scanned;
 }
 
-bool IsScanExtension(const QString& lowerCaseExtension) {
-  return ScanExtensions().contains(lowerCaseExtension);
+}  // namespace
+
+const QStringList& ScanExtensions(bool modern) {
+  static const QStringList classic = ScannedRows(false), today = ScannedRows(true);
+  return modern ? today : classic;
+}
+
+bool IsScanExtension(const QString& lowerCaseExtension, bool modern) {
+  return ScanExtensions(modern).contains(lowerCaseExtension);
 }
 
 QString FileTypeDescription(const QString& extension) {

@@ -6,12 +6,12 @@
 
 namespace browse {
 
-// The 21 extensions of the folder scan, in the scan's order. "jpe" and "tiff" are
-// deliberately absent.
-const QStringList& ScanExtensions();
+// The extensions of the folder scan, in the table's order: the 21 classic ones ("jpe" and
+// "tiff" deliberately absent), and with `modern` today's as well (jpe and tiff among them).
+const QStringList& ScanExtensions(bool modern = true);
 
-// True when the lower-cased extension is one of the 21 scan extensions.
-bool IsScanExtension(const QString& lowerCaseExtension);
+// True when the lower-cased extension is one the scan lists.
+bool IsScanExtension(const QString& lowerCaseExtension, bool modern = true);
 
 // "Bitmap image", "Jpeg image", ..., "<EXT> file" for others, "File" for none.
 QString FileTypeDescription(const QString& extension);

@@ -19,7 +19,7 @@ namespace {
 
 // The extension test on the raw name, before any text is decoded: most files of a
 // large folder are rejected or accepted here without an allocation.
-bool HasScanExtension(const char* name) {
+bool HasScanExtension(const char* name, bool modern) {
   const char* dot = std::strrchr(name, '.');
   if (!dot) return false;
   char lower[8];
@@ -30,7 +30,7 @@ bool HasScanExtension(const char* name) {
     lower[n++] = static_cast<char>(*c >= 'A' && *c <= 'Z' ? *c - 'A' + 'a' : *c);
   }
   lower[n] = '\0';
-  return IsScanExtension(QString::fromLatin1(lower, static_cast<qsizetype>(n)));
+  return IsScanExtension(QString::fromLatin1(lower, static_cast<qsizetype>(n)), modern);
 }
 
 bool IsRegularFile(int folderFd, const dirent* entry) {
@@ -47,7 +47,7 @@ void SortEntries(std::vector<FileEntry>& entries) {
             [](const FileEntry& a, const FileEntry& b) { return ListTextLess(a.DisplayName, b.DisplayName); });
 }
 
-std::vector<FileEntry> ScanFolder(const QString& folder, bool imageExtensionsOnly, const std::atomic_bool* cancel) {
+std::vector<FileEntry> ScanFolder(const QString& folder, ScanFilter filter, const std::atomic_bool* cancel) {
   std::vector<FileEntry> entries;
   DIR* dir = folder.isEmpty() ? nullptr : opendir(base::EncodeFileName(folder).constData());
   if (!dir) return entries;
@@ -56,7 +56,7 @@ std::vector<FileEntry> ScanFolder(const QString& folder, bool imageExtensionsOnl
       closedir(dir);
       return {};
     }
-    if (imageExtensionsOnly && !HasScanExtension(entry->d_name)) continue;
+    if (filter != ScanFilter::AllFiles && !HasScanExtension(entry->d_name, filter == ScanFilter::Images)) continue;
     if (!IsRegularFile(dirfd(dir), entry)) continue;
     const QString name = base::DecodeFileName(entry->d_name);
     entries.push_back({base::DisplayName(name), name});

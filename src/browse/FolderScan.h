@@ -17,11 +17,14 @@ struct FileEntry {
   bool operator==(const FileEntry&) const = default;
 };
 
-// The files of `folder` (hidden ones included, folders never), filtered by the 21 scan
-// extensions when `imageExtensionsOnly`, sorted in list order. An unreadable folder gives
-// an empty list, and so does a scan stopped by `cancel` (checked between entries).
-std::vector<FileEntry> ScanFolder(const QString& folder, bool imageExtensionsOnly,
-                                  const std::atomic_bool* cancel = nullptr);
+// Which files the scan lists: every one, the scan extensions of the classic types only, or
+// those and today's.
+enum class ScanFilter { AllFiles, ClassicImages, Images };
+
+// The files of `folder` (hidden ones included, folders never), filtered by the scan
+// extensions, sorted in list order. An unreadable folder gives an empty list, and so does
+// a scan stopped by `cancel` (checked between entries).
+std::vector<FileEntry> ScanFolder(const QString& folder, ScanFilter filter, const std::atomic_bool* cancel = nullptr);
 
 // Sorts entries in the one list order (by their shown text).
 void SortEntries(std::vector<FileEntry>& entries);

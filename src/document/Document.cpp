@@ -130,9 +130,11 @@ void Document::ScanFolder() {
   std::vector<browse::FileEntry> entries;
   std::atomic_bool cancel{false};
   const QString folder = ListFolder();
-  const QFuture<void> scan = QtConcurrent::run([&] {
-    entries = scanner_(folder, state_.Settings.ImageExtensionsOnly, &cancel);
-  });
+  const settings::SettingsStore& s = state_.Settings;
+  const browse::ScanFilter filter = !s.ImageExtensionsOnly ? browse::ScanFilter::AllFiles
+                                    : s.ClassicTypesOnly    ? browse::ScanFilter::ClassicImages
+                                                            : browse::ScanFilter::Images;
+  const QFuture<void> scan = QtConcurrent::run([&] { entries = scanner_(folder, filter, &cancel); });
   const bool cancelled = prompts_.WaitFor(scan, cancel);
   list_.SetEntries(cancelled ? std::vector<browse::FileEntry>{} : std::move(entries));
   if (cancelled) Q_EMIT StatusChanged(QStringLiteral("Folder scan cancelled"));

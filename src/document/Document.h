@@ -76,7 +76,7 @@ class Document : public QObject {
  public:
   using Loader = std::function<std::optional<files::LoadedImage>(const QString& path)>;
   using History = edit::UndoHistory<imaging::PackedImage>;
-  using Scanner = std::function<std::vector<browse::FileEntry>(const QString& folder, bool imagesOnly,
+  using Scanner = std::function<std::vector<browse::FileEntry>(const QString& folder, browse::ScanFilter filter,
                                                                const std::atomic_bool* cancel)>;
 
   Document(AppState& state, browse::FileListModel& list, DocumentPrompts& prompts, Loader loader);
@@ -214,8 +214,8 @@ class Document : public QObject {
   Loader loader_;
   Loader standIn_;
   QThreadPool loading_;  // the one thread that reads the image to show
-  Scanner scanner_ = [](const QString& folder, bool imagesOnly, const std::atomic_bool* cancel) {
-    return browse::ScanFolder(folder, imagesOnly, cancel);
+  Scanner scanner_ = [](const QString& folder, browse::ScanFilter filter, const std::atomic_bool* cancel) {
+    return browse::ScanFolder(folder, filter, cancel);
   };
   WhatIsOpen open_;
   ViewMode viewMode_ = ViewMode::Image;

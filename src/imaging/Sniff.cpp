@@ -31,6 +31,9 @@ Decision ChooseDecoder(const QByteArray& head, const QString& ext) {
   if (Starts(head, "II*\0", 4) || Starts(head, "MM\0*", 4)) return {Route::Vips, "TIFF"};
   if (Starts(head, "RIFF", 4) && head.mid(8, 4) == "WEBP") return {Route::Vips, "WEBP"};
   if (head.mid(4, 4) == "ftyp") return {Route::Vips, "HEIF"};
+  if (Starts(head, "\xFF\x0A", 2) || Starts(head, "\0\0\0\x0CJXL ", 8)) return {Route::Vips, "JXL"};
+  if (Starts(head, "\0\0\0\x0CjP  ", 8) || Starts(head, "\xFF\x4F\xFF\x51", 4)) return {Route::Vips, "JP2"};
+  if (ext == QLatin1String("svg") && head.trimmed().startsWith('<')) return {Route::Vips, "SVG"};  // libvips checks the rest
   if (Starts(head, "BM", 2)) return {Route::Qt, "BMP"};
   // Icons and cursors: reserved 0, type 1 or 2, then a non-zero image count (a raw
   // true-colour TGA also starts 00 00 02 00, but its count field is 0).

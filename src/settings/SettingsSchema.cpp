@@ -167,6 +167,7 @@ std::vector<SettingsLine> OptionLines() {
                return FitsOnALine(s.ScreenProfileFile) ? s.ScreenProfileFile : QString();
              },
              [](const QString& line, const Metrics&, SettingsStore& s) { s.ScreenProfileFile = line; }, {}}),
+      Added(Flag("ClassicTypesOnly", &S::ClassicTypesOnly, kCurrentLayout)),
   };
 }
 

@@ -32,6 +32,7 @@ struct SettingsStore {
   std::int32_t PrintUnits = 0;
   std::int32_t StartOption = 0;
   bool ImageExtensionsOnly = true;
+  bool ClassicTypesOnly = false;  // the scan leaves out today's types (HEIC, WebP...)
   bool RecentEnabled = true;
   bool ConfirmDelete = true;
   std::int32_t ColorImage = RGB(153, 153, 153);

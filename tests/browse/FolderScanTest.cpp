@@ -19,10 +19,16 @@ QStringList Shown(const std::vector<FileEntry>& entries) {
   return names;
 }
 
-TEST(ScanFolder, WithImageExtensionsOnlyListsOnlyThe21Extensions) {
+// The classic list is the 21 extensions; today's adds HEIC, WebP, jpe, tiff and the rest.
+TEST(ScanFolder, ImagesAreTheClassicExtensionsOrTheseAndTodays) {
   TempFolder folder;
-  for (const char* name : {"a.JPG", "b.jpe", "c.tiff", "d.txt"}) folder.Touch(QLatin1String(name));
-  EXPECT_EQ(Shown(browse::ScanFolder(folder.Path(), true)), QStringList{"a.JPG"});
+  for (const char* name : {"a.JPG", "b.jpe", "c.tiff", "d.txt", "e.HEIC", "f.webp", "g.avif", "h.jxl", "i.svg", "j.psd"}) {
+    folder.Touch(QLatin1String(name));
+  }
+  EXPECT_EQ(Shown(browse::ScanFolder(folder.Path(), browse::ScanFilter::ClassicImages)), QStringList{"a.JPG"});
+  EXPECT_EQ(Shown(browse::ScanFolder(folder.Path(), browse::ScanFilter::Images)),
+            QStringList({"a.JPG", "b.jpe", "c.tiff", "e.HEIC", "f.webp", "g.avif", "h.jxl", "i.svg", "j.psd"}));
+  EXPECT_EQ(browse::ScanExtensions(false).size(), 21);
 }
 
 TEST(ScanFolder, WithAllFilesListsHiddenOnesButNeverFolders) {
@@ -31,12 +37,12 @@ TEST(ScanFolder, WithAllFilesListsHiddenOnesButNeverFolders) {
   folder.Touch(QStringLiteral("notes.txt"));
   folder.Touch(QStringLiteral("x.png"));
   folder.MakeFolder(QStringLiteral("sub.jpg"));
-  EXPECT_EQ(Shown(browse::ScanFolder(folder.Path(), false)), QStringList({".hidden", "notes.txt", "x.png"}));
+  EXPECT_EQ(Shown(browse::ScanFolder(folder.Path(), browse::ScanFilter::AllFiles)), QStringList({".hidden", "notes.txt", "x.png"}));
 }
 
 TEST(ScanFolder, AnUnreadableFolderGivesAnEmptyList) {
-  EXPECT_TRUE(browse::ScanFolder(QStringLiteral("/nonexistent/folder"), true).empty());
-  EXPECT_TRUE(browse::ScanFolder(QString(), false).empty());
+  EXPECT_TRUE(browse::ScanFolder(QStringLiteral("/nonexistent/folder"), browse::ScanFilter::Images).empty());
+  EXPECT_TRUE(browse::ScanFolder(QString(), browse::ScanFilter::AllFiles).empty());
 }
 
 TEST(ListOrder, IgnoresCaseComparesNumbersByValueAndIsTotal) {

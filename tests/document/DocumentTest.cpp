@@ -157,7 +157,7 @@ TEST_F(DocumentTest, AnEntryThatFailsToOpenSaysSoAndStaysCurrent) {
 // A folder that takes long to read (a slow network share) keeps the window alive, and Esc
 // stops the scan.
 TEST_F(DocumentTest, EscStopsASlowFolderScan) {
-  document_.SetScanner([](const QString&, bool, const std::atomic_bool* cancel) {
+  document_.SetScanner([](const QString&, browse::ScanFilter, const std::atomic_bool* cancel) {
     for (int i = 0; i < 1000 && !cancel->load(); ++i) QThread::msleep(5);
     return std::vector<browse::FileEntry>{{QStringLiteral("a.png"), QStringLiteral("a.png")}};
   });

@@ -8,8 +8,9 @@ namespace {
 
 TEST(FileDialogs, OpenGroupsAndSaveAsEntriesComeFromTheFormatTable) {
   const std::vector<files::DialogFilter> open = files::OpenFileFilters();
-  ASSERT_EQ(open.size(), 19u);
-  EXPECT_EQ(open.front().Patterns.size(), 22);  // jpe too, which the folder scan leaves out
+  ASSERT_EQ(open.size(), 26u);
+  EXPECT_EQ(open.front().Patterns.size(), 31);  // jpe too, which the classic folder scan leaves out
+  EXPECT_EQ(open[19].Description, QStringLiteral("HEIF image (*.heic, *.heif)"));  // today's after the classic ones
   EXPECT_EQ(open[7].Description, QStringLiteral("Jpeg image (*.jpg, *.jpeg, *.jpe, *.jif)"));
   EXPECT_EQ(open[9].Patterns, QStringList({"*.pcx", "*.dcx"}));
   EXPECT_EQ(open.back().Description, QStringLiteral("All files"));

@@ -2,6 +2,10 @@
 // desktop's own tools: xdg-mime and gio.
 #include "shell/DesktopKeyFile.h"
 #include "shell/FreedesktopShell.h"
+#include "base/FileFormats.h"
+
+#include <QRegularExpression>
+#include <QSet>
 
 #include <QCoreApplication>
 #include <QDir>
@@ -92,6 +96,16 @@ TEST(FreedesktopShell, TheFolderEntryIsAddedAndRemovedInEveryFileManager) {
   desktop.RemoveFolderEntry();
   EXPECT_FALSE(desktop.FolderEntryExists());
   EXPECT_FALSE(QFile::exists(script));
+}
+
+// The desktop entry offers to open exactly the types of the format table.
+TEST(FreedesktopShell, TheDesktopEntryListsEveryTypeOfTheFormatTable) {
+  const QString entry = QString::fromUtf8(testing_support::ReadAll(QStringLiteral(VISTREL_SOURCE_DIR "/packaging/vistrel.desktop")));
+  const QString line = entry.split(u'\n').filter(QRegularExpression(QStringLiteral("^MimeType="))).value(0);
+  const QStringList listed = line.mid(9).split(u';', Qt::SkipEmptyParts);
+  QSet<QString> table;
+  for (const base::FileFormat& format : base::FileFormats()) table << QLatin1String(format.MimeType);
+  EXPECT_EQ(QSet<QString>(listed.begin(), listed.end()), table);
 }
 
 // The key file keeps a user's other lines as they were.
