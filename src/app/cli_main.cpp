@@ -105,6 +105,12 @@ int Convert(const QString& input, const QString& output, int page = 1) {
   return image ? Save(*image, output) : CantOpen(input);
 }
 
+// Without a page asked for, an animation written as WebP keeps every frame.
+int ConvertWhole(const QString& input, const QString& output) {
+  if (!output.endsWith(QLatin1String(".webp"), Qt::CaseInsensitive) || !imaging::ReadFrameTiming(input)) return Convert(input, output);
+  return imaging::SaveAnimation(input, output) ? 0 : CantSave(output);
+}
+
 int Thumbnail(const QString& input, const QString& output, const QString& boxText) {
   const auto box = ThumbnailBox(boxText);
   if (!box) {
@@ -187,7 +193,7 @@ int main(int argc, char** argv) {
   }
   imaging::Initialize();
   if (verb == QLatin1String("info") && arguments.size() >= 2) return Info(arguments.mid(1));
-  if (verb == QLatin1String("convert") && arguments.size() == 3) return Convert(arguments[1], arguments[2]);
+  if (verb == QLatin1String("convert") && arguments.size() == 3) return ConvertWhole(arguments[1], arguments[2]);
   if (verb == QLatin1String("convert") && arguments.size() == 5 && arguments[1] == QLatin1String("--page")) {
     bool number = false;
     const int page = arguments[2].toInt(&number);

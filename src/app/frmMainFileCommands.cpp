@@ -5,6 +5,7 @@
 #include "files/FailureReasons.h"
 #include "files/FileDialogs.h"
 #include "files/FileOperations.h"
+#include "imaging/Animation.h"
 #include "imaging/Loader.h"
 #include "files/frmProperties.h"
 #include "widgets/frmTexto.h"
@@ -271,9 +272,14 @@ bool frmMain::RunSaveAs() {
   return true;
 }
 
+// An unedited animation saved as WebP keeps every frame; anything else is the picture shown.
 bool frmMain::SaveUnderBusyPointer(const QString& target) {
   widgets::BusyPointerGuard busy;
   picFondo_->SelectNone();
+  const QString source = document_.CurrentFilePath();
+  if (document_.Animated() && !document_.IsChanged() && LowerSuffix(target) == QLatin1String("webp") && source != target) {
+    return imaging::SaveAnimation(source, target);
+  }
   return document_.SaveImageTo(target);
 }
 

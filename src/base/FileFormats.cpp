@@ -35,7 +35,7 @@ const std::vector<FileFormat>& FileFormats() {
        "Word Perfect graphic bitmap (*.wpg)", kWritable},
       // Today's types, read by libvips (Photoshop's by the helper); writers come with their options.
       {"tiff", "Tiff image", "image/tiff", "", kNotScanned, nullptr, nullptr, kWritable, "tif", kHoldsPages, kModern},
-      {"webp", "WebP image", "image/webp", "", kNotScanned, "webp", nullptr, kReadOnly, nullptr, kHoldsPages, kModern},
+      {"webp", "WebP image", "image/webp", "", kNotScanned, "webp", "WebP (*.webp)", kWritable, nullptr, kHoldsPages, kModern},
       {"heic", "HEIF image", "image/heic", "", kNotScanned, "heic;heif", nullptr, kReadOnly, nullptr, kHoldsPages, kModern},
       {"heif", "HEIF image", "image/heif", "", kNotScanned, nullptr, nullptr, kReadOnly, "heic", kHoldsPages, kModern},
       {"avif", "AVIF image", "image/avif", "", kNotScanned, "avif", nullptr, kReadOnly, nullptr, kHoldsPages, kModern},

@@ -13,6 +13,7 @@
 
 #include <QFile>
 #include <QImageReader>
+#include <QSaveFile>
 
 #include <numeric>
 
@@ -87,6 +88,25 @@ bool IsAnimation(const QString& path) {
     case Kind::Other: return false;
   }
   return false;
+}
+
+bool SaveAnimation(const QString& source, const QString& target) {
+  Initialize();
+  try {
+    const vips::VSource from = SourceOf(source);  // first: the options are freed only by the call
+    const vips::VImage frames = vips::VImage::new_from_source(from, "", vips::VImage::option()->set("n", -1));
+    if (std::int64_t(frames.width()) * vips_image_get_page_height(frames.get_image()) > kMaxPixels) return false;
+    void* bytes = nullptr;
+    size_t size = 0;
+    frames.write_to_buffer(".webp", &bytes, &size, vips::VImage::option()->set("Q", 90));
+    const QByteArray encoded(static_cast<const char*>(bytes), qsizetype(size));
+    g_free(bytes);
+    QSaveFile file(target);
+    return file.open(QIODevice::WriteOnly) && file.write(encoded) == encoded.size() && file.commit();
+  } catch (const vips::VError&) {
+    vips_error_clear();
+    return false;
+  }
 }
 
 QString DescribeAnimation(const FrameTiming& timing) {

@@ -31,6 +31,10 @@ std::optional<FrameTiming> ReadFrameTiming(const QString& path);
 // Whether it is one, knowing no more than that: a GIF is read only up to its second frame.
 bool IsAnimation(const QString& path);
 
+// Every frame of the animation `source` with its delay and the loop count, written as the
+// WebP `target` (whole or not at all); false when either cannot be done.
+bool SaveAnimation(const QString& source, const QString& target);
+
 // "12 frames, 3.5 s": what Properties and the command line say of an animation.
 QString DescribeAnimation(const FrameTiming& timing);
 

@@ -100,6 +100,9 @@ std::optional<VipsSaveSpec> VipsSaveSpecFor(const QString& ext, const SaveOption
                         .HoldsSixteenBits = true,
                         .HoldsProfile = true};
   }
+  if (ext == "webp") {
+    return VipsSaveSpec{.Suffix = ".webp", .Options = [] { return vips::VImage::option()->set("Q", 90); }, .HoldsProfile = true};
+  }
   if (ext == "ppm") return VipsSaveSpec{.Suffix = ".ppm", .Options = [] { return vips::VImage::option(); }, .OnWhite = true};
   return std::nullopt;
 }

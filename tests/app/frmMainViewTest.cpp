@@ -1,6 +1,7 @@
 // The image view on the real main window: zoom commands, the selection drag, Zoom to
 // Selection, Always Fit, stepping with keys, buttons and the wheel, the toolbar.
 #include "document/StatusText.h"
+#include "files/FileDialogs.h"
 #include "support/MainWindowTest.h"
 #include "view/Viewport.h"
 #include "view/frmFull.h"
@@ -225,6 +226,9 @@ TEST_F(frmMainAnimationTest, PlaysPausesStepsAndEditsTheFrameShown) {
   EXPECT_FALSE(Command("mnuViewPlayAnimation")->isEnabled());
   Trigger("mnuEditUndo");
   EXPECT_TRUE(Command("mnuViewPlayAnimation")->isEnabled());
+  fileAnswer_ = {pictures_.File(QStringLiteral("moving.webp")), files::SaveAsFilterIndex(QStringLiteral("webp"))};
+  Trigger("mnuFileSaveAs");  // unedited, as WebP: every frame
+  EXPECT_EQ(testing_support::Run(QStringLiteral("identify"), {fileAnswer_.Path}).Output.count(QStringLiteral("WEBP 40x30")), 3);
 }
 
 }  // namespace

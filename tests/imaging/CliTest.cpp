@@ -56,6 +56,9 @@ TEST(VistrelCli, InfoPrintsOneLineAFileAndConvertSavesByTheExtension) {
   EXPECT_EQ(Cli({"info", moving}).Output, moving + "\tGIF\t8x6\tsRGB\t2 frames, 1.0 s\n");
   EXPECT_EQ(Cli({"convert", "--page", "2", moving, second}).ExitCode, 0);
   EXPECT_EQ(QImage(second).pixelColor(0, 0), QColor(Qt::blue));
+  const QString webp = folder.File(QStringLiteral("moving.webp"));  // without a page, a WebP keeps every frame
+  EXPECT_EQ(Cli({"convert", moving, webp}).ExitCode, 0);
+  EXPECT_EQ(testing_support::Run(QStringLiteral("identify"), {webp}).Output.count(QStringLiteral("WEBP 8x6")), 2);
 }
 
 // Each failure names the file and why, and a bad word is refused before anything is read.
