@@ -107,7 +107,6 @@ std::optional<GifScan> ScanGif(QIODevice& device, int enoughFrames) {
     }
     if (!whole) break;
   }
-  scan.CutShort = scan.Frames() < enoughFrames;
   return scan;
 }
 

@@ -16,7 +16,6 @@ inline constexpr int kMaxGifFrames = 100000;
 struct GifScan {
   std::vector<int> DelaysCentiseconds;  // one per frame, as stored
   int LoopCount = -1;                   // the NETSCAPE block's count; -1 when there is none
-  bool CutShort = false;                // the data ends before the trailer: the last frame may be partial
   int Frames() const { return int(DelaysCentiseconds.size()); }
 };
 
