@@ -205,7 +205,7 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   bool CanPlay() const;
   void TogglePlaying();
   void PlayAnimationShown();
-  void SettleAnimation();
+  void SettleImage();
   void PlayInFullScreen(view::frmFull& full);
   void ShowPageOrFrameButtons(bool visible);
 

@@ -75,8 +75,12 @@ void frmMain::PlayAnimationShown() {
   player_.Play(document_.CurrentFilePath(), *image, document_.Page());
 }
 
-// Before an edit or Copy: the frame on screen is the one they take.
-void frmMain::SettleAnimation() { player_.SetPaused(true); }
+// Before an edit or Copy: the frame on screen is the one they take, and a RAW's preview
+// gives way to the developed image.
+void frmMain::SettleImage() {
+  player_.SetPaused(true);
+  document_.DevelopPreview();
+}
 
 // Full screen plays the animation too, its frames made at the full screen's size.
 void frmMain::PlayInFullScreen(view::frmFull& full) {

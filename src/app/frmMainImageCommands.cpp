@@ -29,7 +29,7 @@ QRect frmMain::SelectionPixels() const {
 }
 
 void frmMain::RunCatalogueCommand(const edit::CatalogueCommand& command) {
-  SettleAnimation();
+  SettleImage();
   if (!document_.CurrentImage()) return;
   const QRect selection = SelectionPixels();
   if (*command.SelectionMessage && selection.isEmpty()) {
@@ -90,7 +90,7 @@ std::optional<edit::Arguments> frmMain::AskParameters(const edit::CatalogueComma
 
 // Edit > Copy: the selection, or the whole image, to the clipboard; the image unchanged.
 void frmMain::CopyToClipboard() {
-  SettleAnimation();
+  SettleImage();
   if (!document_.CurrentImage()) return;
   const QRect selection = SelectionPixels();
   const imaging::Image& image = *document_.CurrentImage();

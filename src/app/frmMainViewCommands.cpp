@@ -16,7 +16,12 @@ namespace app {
 
 bool frmMain::CanZoom() const { return document_.CanEdit(); }
 
-void frmMain::ZoomTo(int percentage, view::Pending pending) { picFondo_->ApplyZoom(percentage, pending); }
+// Above 100 % a RAW's preview would show its own pixels enlarged: the developed image
+// takes its place first.
+void frmMain::ZoomTo(int percentage, view::Pending pending) {
+  if (percentage > 100) document_.DevelopPreview();
+  picFondo_->ApplyZoom(percentage, pending);
+}
 
 // Zoom In adds 20 and stops at 1000; Zoom Out goes the other way and stops at 10.
 void frmMain::StepZoom(int direction) {

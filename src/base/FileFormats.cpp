@@ -43,6 +43,17 @@ const std::vector<FileFormat>& FileFormats() {
       {"jp2", "JPEG 2000 image", "image/jp2", "", kNotScanned, "jp2", nullptr, kReadOnly, nullptr, false, kModern},
       {"svg", "SVG drawing", "image/svg+xml", "", kNotScanned, "svg", nullptr, kReadOnly, nullptr, false, kModern},
       {"psd", "Photoshop image", "image/vnd.adobe.photoshop", "PSD", kNotScanned, "psd", nullptr, kReadOnly, nullptr, false, kModern},
+      // Camera RAW, read by our LibRaw helper.
+      {"cr2", "Camera RAW image", "image/x-canon-cr2", kCameraRaw, kNotScanned, "cr2;cr3;nef;arw;dng;raf;orf;rw2;pef;srw", nullptr, kReadOnly, nullptr, false, kModern},
+      {"cr3", "Camera RAW image", "image/x-canon-cr3", kCameraRaw, kNotScanned, nullptr, nullptr, kReadOnly, nullptr, false, kModern},
+      {"nef", "Camera RAW image", "image/x-nikon-nef", kCameraRaw, kNotScanned, nullptr, nullptr, kReadOnly, nullptr, false, kModern},
+      {"arw", "Camera RAW image", "image/x-sony-arw", kCameraRaw, kNotScanned, nullptr, nullptr, kReadOnly, nullptr, false, kModern},
+      {"dng", "Camera RAW image", "image/x-adobe-dng", kCameraRaw, kNotScanned, nullptr, nullptr, kReadOnly, nullptr, false, kModern},
+      {"raf", "Camera RAW image", "image/x-fuji-raf", kCameraRaw, kNotScanned, nullptr, nullptr, kReadOnly, nullptr, false, kModern},
+      {"orf", "Camera RAW image", "image/x-olympus-orf", kCameraRaw, kNotScanned, nullptr, nullptr, kReadOnly, nullptr, false, kModern},
+      {"rw2", "Camera RAW image", "image/x-panasonic-rw2", kCameraRaw, kNotScanned, nullptr, nullptr, kReadOnly, nullptr, false, kModern},
+      {"pef", "Camera RAW image", "image/x-pentax-pef", kCameraRaw, kNotScanned, nullptr, nullptr, kReadOnly, nullptr, false, kModern},
+      {"srw", "Camera RAW image", "image/x-samsung-srw", kCameraRaw, kNotScanned, nullptr, nullptr, kReadOnly, nullptr, false, kModern},
   };
   return formats;
 }

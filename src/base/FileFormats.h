@@ -12,6 +12,9 @@
 
 namespace base {
 
+// The helper coder of camera RAW files: our own LibRaw helper reads them, not the converter.
+inline constexpr char kCameraRaw[] = "LIBRAW";
+
 struct FileFormat {
   const char* Extension;    // lower case: "jpg"
   const char* Description;  // the list's Type column: "Jpeg image"

@@ -153,6 +153,7 @@ void Document::Load(const QString& path, int page) {
   page_ = page;
   if (page == 0) pageCount_ = 1;
   animated_ = false;
+  preview_ = false;
   std::optional<files::LoadedImage> loaded;
   const QFuture<void> reading = QtConcurrent::run(&loading_, [&] {
     loaded = page == 0 ? loader_(path) : files::LoadImageFile(path, state_.Metrics, page);
@@ -168,6 +169,27 @@ void Document::Load(const QString& path, int page) {
   paletteBits_ = loaded->PaletteBits;
   pageCount_ = loaded->Pages;
   animated_ = loaded->Animated;
+  preview_ = loaded->Preview;
+}
+
+void Document::DevelopPreview() {
+  if (!preview_ || !image_) return;
+  preview_ = false;
+  BusyScope busy(prompts_);
+  std::optional<files::LoadedImage> developed;
+  const QString path = CurrentFilePath();
+  const QFuture<void> developing = QtConcurrent::run(&loading_, [&] { developed = files::DevelopRawFile(path, state_.Metrics); });
+  std::atomic_bool ignored{false};
+  prompts_.WaitFor(developing, ignored);
+  if (!developed) {
+    Q_EMIT StatusChanged(QStringLiteral("The RAW image could not be developed: its preview is shown"));
+    return;
+  }
+  image_ = std::move(developed->Picture);
+  natural_ = developed->Natural;
+  StartHistory();
+  ShowImage();
+  Q_EMIT StatusChanged({});
 }
 
 void Document::ClearCurrentImage() {

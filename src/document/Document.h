@@ -122,6 +122,12 @@ class Document : public QObject {
   bool Animated() const { return animated_; }
   void AdoptFrame(int index, const imaging::Image& frame);
 
+  // A camera RAW shows its embedded preview until the whole image is wanted (an edit, a zoom
+  // above 100 %, Copy, saving): DevelopPreview then develops it on the loading thread and
+  // shows it in the preview's place; a RAW that does not develop keeps its preview and says so.
+  bool ShowsPreview() const { return preview_; }
+  void DevelopPreview();
+
   const WhatIsOpen& Open() const { return open_; }
   bool FolderOpen() const { return open_.Kind == settings::kOpenFolder; }
   bool FileOpen() const { return open_.Kind == settings::kOpenFile; }
@@ -226,6 +232,7 @@ class Document : public QObject {
   int paletteBits_ = 0;  // the palette depth of the file shown
   int page_ = 0, pageCount_ = 1;
   bool animated_ = false;
+  bool preview_ = false;
   History history_;
   std::optional<imaging::Image> unrecordedBase_;  // the base state until an edit packs it
   // The image shown before the last edit, undo or redo, kept whole so that going back to it

@@ -71,6 +71,7 @@ void Document::CloseFile() {
 }
 
 bool Document::SaveImageTo(const QString& path) {
+  DevelopPreview();
   imaging::SaveOptions options;
   options.PaletteBits = paletteBits_;
   if (!image_ || files::IsMarkedReadOnly(path) || !imaging::SaveImage(*image_, path, options)) return false;

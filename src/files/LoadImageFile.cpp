@@ -3,12 +3,46 @@
 #include "imaging/Animation.h"
 #include "imaging/Loader.h"
 #include "imaging/Palette.h"
+#include "imaging/Raw.h"
 
 #include <algorithm>
 
 namespace files {
 
+namespace {
+
+QSize ScreenPixels(const base::ScreenMetrics& metrics) {
+  return {std::max(1, int(metrics.ScreenWidthTwips / metrics.TwipsPerPixelX)),
+          std::max(1, int(metrics.ScreenHeightTwips / metrics.TwipsPerPixelY))};
+}
+
+std::optional<LoadedImage> RawPreview(const QString& path, const base::ScreenMetrics& metrics) {
+  auto preview = imaging::ReadRawPreview(path);
+  if (!preview) return std::nullopt;
+  const QSize screen = ScreenPixels(metrics);
+  const bool largeEnough = preview->Picture.Width() * 2 >= std::min(preview->Developed.width(), screen.width()) &&
+                           preview->Picture.Height() * 2 >= std::min(preview->Developed.height(), screen.height());
+  if (!largeEnough) return std::nullopt;
+  const auto natural = base::NaturalSize::FromPixels(preview->Picture.Width(), preview->Picture.Height(), metrics);
+  LoadedImage loaded{std::move(preview->Picture), natural};
+  loaded.Preview = true;
+  return loaded;
+}
+
+}  // namespace
+
+std::optional<LoadedImage> DevelopRawFile(const QString& path, const base::ScreenMetrics& metrics) {
+  auto picture = imaging::DevelopRaw(path);
+  if (!picture) return std::nullopt;
+  const auto natural = base::NaturalSize::FromPixels(picture->Width(), picture->Height(), metrics);
+  return LoadedImage{std::move(*picture), natural};
+}
+
 std::optional<LoadedImage> LoadImageFile(const QString& path, const base::ScreenMetrics& metrics, int page) {
+  if (imaging::IsCameraRaw(path)) {
+    if (auto preview = RawPreview(path, metrics)) return preview;
+    return DevelopRawFile(path, metrics);
+  }
   auto picture = imaging::LoadFile(path, page);
   if (!picture) return std::nullopt;
   const auto natural = base::NaturalSize::FromPixels(picture->Width(), picture->Height(), metrics);
@@ -19,8 +53,7 @@ std::optional<LoadedImage> LoadImageFile(const QString& path, const base::Screen
 }
 
 std::optional<LoadedImage> LoadStandIn(const QString& path, const base::ScreenMetrics& metrics) {
-  const int screenWidth = std::max(1, int(metrics.ScreenWidthTwips / metrics.TwipsPerPixelX));
-  const int screenHeight = std::max(1, int(metrics.ScreenHeightTwips / metrics.TwipsPerPixelY));
+  const int screenWidth = ScreenPixels(metrics).width(), screenHeight = ScreenPixels(metrics).height();
   const auto size = imaging::ReadImageSizeCheaply(path);
   if (!size || qint64(size->width()) * size->height() <= 4 * qint64(screenWidth) * screenHeight) return std::nullopt;
   // Half the screen's sides: a JPEG then decodes at 1/8 scale, in a fraction of the time.

@@ -17,10 +17,16 @@ struct LoadedImage {
   int PaletteBits = 0;  // the file's palette depth, kept when the image is saved
   int Pages = 1;        // the pages a user can turn (a TIFF's, a DCX's, an icon's images)
   bool Animated = false;  // an animation: the picture is its first frame
+  bool Preview = false;   // a camera RAW's embedded preview: DevelopRawFile gives the whole image
 };
 
-// Page `page` of the file (0 the first; an icon's images count largest first).
+// Page `page` of the file (0 the first; an icon's images count largest first). A camera
+// RAW opens on the preview it holds when that fills at least half the screen or half the
+// developed image; otherwise it is developed at once.
 std::optional<LoadedImage> LoadImageFile(const QString& path, const base::ScreenMetrics& metrics, int page = 0);
+
+// The whole developed image of a camera RAW file.
+std::optional<LoadedImage> DevelopRawFile(const QString& path, const base::ScreenMetrics& metrics);
 
 // A quick picture of a large image to show while the whole one is read: decoded straight
 // at a fraction of its size (a JPEG at 1/2, 1/4 or 1/8 scale) to fit half the screen, with

@@ -58,6 +58,8 @@ class HelperDecoder {
   HelperDecoder();
   // Our EMF player, `vistrel-emf`, beside the program (or in the build tree).
   static HelperDecoder ForEmf();
+  // Our camera RAW reader, `vistrel-raw` (imaging/Raw.h); its arguments are given per call.
+  static HelperDecoder ForRaw();
   HelperDecoder(QString program, QStringList arguments, HelperLimits limits);
 
   // `onWhite` composites any alpha onto white as the picture arrives. `timedOut`, when
@@ -66,6 +68,11 @@ class HelperDecoder {
                               bool* timedOut = nullptr, int page = 0) const;
   // Writes the image in the coder's format (TGA, PCX, DCX), through the same caps.
   std::optional<QByteArray> Encode(const Image& image, const QString& coder) const;
+  // Runs the program with `arguments` and reads a PAM from its output.
+  std::optional<Image> DecodeOutput(const QStringList& arguments, bool onWhite = false, bool* timedOut = nullptr) const;
+  // Runs the program with `arguments` (and `input` on its standard input) and returns what
+  // it wrote, nullopt when that is more than `maxBytes` or the run failed.
+  std::optional<QByteArray> Output(const QStringList& arguments, qint64 maxBytes, const QByteArray& input = {}) const;
   // Converts bytes of one format (an ImageMagick coder) into another.
   std::optional<QByteArray> Convert(const QByteArray& bytes, const QString& fromCoder, const QString& coder) const;
 

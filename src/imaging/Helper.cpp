@@ -19,6 +19,7 @@
 #include <QStandardPaths>
 
 #include <csignal>
+#include <limits>
 #include <memory>
 
 #include <sys/resource.h>
@@ -94,19 +95,27 @@ HelperDecoder::HelperDecoder()
                      QStringLiteral("8"), QStringLiteral("%OUT%")},
                     {}) {}
 
-// The metafile helper: installed under ../libexec/vistrel beside the program's folder (so a
-// relocated install works), beside the program in the build tree, or in the build's bin.
-HelperDecoder HelperDecoder::ForEmf() {
+namespace {
+
+// One of our own helpers: installed under ../libexec/vistrel beside the program's folder (so
+// a relocated install works), beside the program in the build tree, or in the build's bin.
+HelperDecoder OwnHelper(const QString& name, QStringList arguments) {
   const QString folder = QCoreApplication::applicationDirPath();
-  QString program = folder + QStringLiteral("/../libexec/vistrel/vistrel-emf");
-  if (!QFileInfo::exists(program)) program = folder + QStringLiteral("/vistrel-emf");
-  if (!QFileInfo::exists(program)) program = QStringLiteral(VISTREL_BUILD_BIN_DIR "/vistrel-emf");
+  QString program = folder + QStringLiteral("/../libexec/vistrel/") + name;
+  if (!QFileInfo::exists(program)) program = folder + u'/' + name;
+  if (!QFileInfo::exists(program)) program = QStringLiteral(VISTREL_BUILD_BIN_DIR "/") + name;
   HelperLimits limits;
 #if defined(__SANITIZE_ADDRESS__)
-  limits.AddressSpaceBytes = 0;  // our helper is AddressSanitizer-built too: its shadow needs the space
+  limits.AddressSpaceBytes = 0;  // our helpers are AddressSanitizer-built too: the shadow needs the space
 #endif
-  return HelperDecoder(program, {QStringLiteral("%FILE%")}, limits);
+  return HelperDecoder(program, std::move(arguments), limits);
 }
+
+}  // namespace
+
+HelperDecoder HelperDecoder::ForEmf() { return OwnHelper(QStringLiteral("vistrel-emf"), {QStringLiteral("%FILE%")}); }
+
+HelperDecoder HelperDecoder::ForRaw() { return OwnHelper(QStringLiteral("vistrel-raw"), {}); }
 
 HelperDecoder::HelperDecoder(QString program, QStringList arguments, HelperLimits limits)
     : program_(std::move(program)), arguments_(std::move(arguments)), limits_(limits) {}
@@ -174,10 +183,28 @@ std::optional<Image> HelperDecoder::Decode(const QByteArray& bytes, const QStrin
   arguments.replaceInStrings(QStringLiteral("%IN%"), coder + u':' + copy.fileName() + QStringLiteral("[%1]").arg(std::max(0, page)));
   arguments.replaceInStrings(QStringLiteral("%FILE%"), copy.fileName());
   arguments.replaceInStrings(QStringLiteral("%OUT%"), QStringLiteral("PAM:-"));
+  return DecodeOutput(arguments, onWhite, timedOut);
+}
+
+std::optional<Image> HelperDecoder::DecodeOutput(const QStringList& arguments, bool onWhite, bool* timedOut) const {
+  const auto folder = PrivateFolder();
+  if (!folder) return std::nullopt;
   PamReceiver picture(kMaxPixels, onWhite);
   const auto receive = [&picture](const QByteArray& chunk) { return picture.Take(chunk); };
   if (!Run({}, arguments, folder->path(), receive, timedOut)) return std::nullopt;
   return picture.Finish();
+}
+
+std::optional<QByteArray> HelperDecoder::Output(const QStringList& arguments, qint64 maxBytes, const QByteArray& input) const {
+  const auto folder = PrivateFolder();
+  if (!folder) return std::nullopt;
+  QByteArray output;
+  const auto receive = [&output, maxBytes](const QByteArray& chunk) {
+    output += chunk;
+    return output.size() <= maxBytes;
+  };
+  if (!Run(input, arguments, folder->path(), receive) || output.isEmpty()) return std::nullopt;
+  return output;
 }
 
 std::optional<QByteArray> HelperDecoder::Encode(const Image& image, const QString& coder) const {
@@ -189,15 +216,7 @@ std::optional<QByteArray> HelperDecoder::Convert(const QByteArray& bytes, const 
   QStringList arguments = arguments_;
   arguments.replaceInStrings(QStringLiteral("%IN%"), fromCoder + QStringLiteral(":-"));
   arguments.replaceInStrings(QStringLiteral("%OUT%"), coder + QStringLiteral(":-"));
-  const auto folder = PrivateFolder();
-  if (!folder) return std::nullopt;
-  QByteArray output;
-  const auto receive = [&output](const QByteArray& chunk) {
-    output += chunk;
-    return true;
-  };
-  if (!Run(bytes, arguments, folder->path(), receive) || output.isEmpty()) return std::nullopt;
-  return output;
+  return Output(arguments, std::numeric_limits<qint64>::max(), bytes);
 }
 
 QByteArray ToPam(const Image& image) {

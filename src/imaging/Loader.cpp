@@ -1,6 +1,7 @@
 #include "imaging/Loader.h"
 
 #include "imaging/Decoders.h"
+#include "imaging/Raw.h"
 #include "imaging/Sniff.h"
 #include "base/FileFormats.h"
 #include "base/FileNames.h"
@@ -51,6 +52,8 @@ std::optional<Image> Decode(const QString& path, const Decision& decision, const
                               facts);
     case Route::Helper:
       return DecodeWithHelper(path, decision.Format, facts);
+    case Route::Raw:
+      return DevelopRaw(path);
     case Route::None:
       break;
   }
@@ -94,6 +97,11 @@ namespace {
 std::optional<QSize> HeaderSize(const QString& path, const Decision& decision) {
   if (decision.Via == Route::Vips) return VipsHeaderSize(path);
   if (decision.Via == Route::Qt) return QtHeaderSize(path);
+  if (decision.Via == Route::Raw) {
+    const auto facts = ReadRawFacts(path);
+    const QSize size(facts.value(QStringLiteral("width")).toInt(), facts.value(QStringLiteral("height")).toInt());
+    if (!size.isEmpty()) return size;
+  }
   return std::nullopt;
 }
 
@@ -135,6 +143,13 @@ std::optional<Image> LoadFitting(const QString& path, int maxWidth, int maxHeigh
   if (decision.Via == Route::Vips) {
     image = DecodeWithVips(path, maxWidth, maxHeight, onWhite);
     if (image && facts) noted.Original = VipsHeaderSize(path).value_or(QSize());
+  } else if (decision.Via == Route::Raw) {
+    if (auto preview = ReadRawPreview(path, maxWidth, maxHeight)) {
+      image = std::move(preview->Picture);
+      noted.Original = preview->Developed;
+    } else if ((image = DevelopRaw(path, true))) {
+      noted.Original = HeaderSize(path, decision).value_or(QSize());
+    }
   } else {
     image = Decode(path, decision, extension, {onWhite, &noted.TimedOut});
     if (image) noted.Original = QSize(image->Width(), image->Height());

@@ -3,9 +3,13 @@
 #include "base/NumberRules.h"
 
 #include "imaging/ImageInternal.h"
+#include "imaging/Raw.h"
 
 #include <QDateTime>
 #include <QFile>
+#include <QHash>
+
+#include <functional>
 
 namespace imaging {
 
@@ -78,28 +82,42 @@ QString Joined(const QString& first, const QString& second) {
   return second.isEmpty() ? first : first + u' ' + second;
 }
 
+using Rows = std::vector<std::pair<QString, QString>>;
+using FieldReader = std::function<QString(const char* name)>;
+
+void Add(Rows& rows, const char* name, const QString& value) {
+  if (!value.isEmpty()) rows.emplace_back(QLatin1String(name), value);
+}
+
+// The camera's rows, from fields named as libvips names EXIF's.
+void AddCameraRows(Rows& rows, const FieldReader& field) {
+  Add(rows, "Camera", Joined(field("exif-ifd0-Make"), field("exif-ifd0-Model")));
+  Add(rows, "Lens", field("exif-ifd2-LensModel"));
+  Add(rows, "Exposure", ExposureText(field("exif-ifd2-ExposureTime")));
+  Add(rows, "Aperture", Formatted(field("exif-ifd2-FNumber"), QStringLiteral("f/"), {}));
+  Add(rows, "ISO", field("exif-ifd2-ISOSpeedRatings"));
+  Add(rows, "Focal length", Formatted(field("exif-ifd2-FocalLength"), {}, QStringLiteral(" mm")));
+  Add(rows, "Taken", CameraDate(field("exif-ifd2-DateTimeOriginal")));
+  Add(rows, "Orientation", OrientationText(field("exif-ifd0-Orientation")));
+}
+
 }  // namespace
 
 std::vector<std::pair<QString, QString>> ReadPhotoMetadata(const QString& path) {
-  std::vector<std::pair<QString, QString>> rows;
+  Rows rows;
+  if (IsCameraRaw(path)) {
+    const QHash<QString, QString> facts = ReadRawFacts(path);
+    AddCameraRows(rows, [&facts](const char* name) { return facts.value(QLatin1String(name)); });
+    return rows;
+  }
   try {
     const vips::VSource source = SourceOf(path);  // first: the options are freed only by the call
     vips::VImage image = vips::VImage::new_from_source(source, "", vips::VImage::option()->set("access", VIPS_ACCESS_SEQUENTIAL));
-    const auto add = [&rows](const char* name, const QString& value) {
-      if (!value.isEmpty()) rows.emplace_back(QLatin1String(name), value);
-    };
-    add("Camera", Joined(Field(image, "exif-ifd0-Make"), Field(image, "exif-ifd0-Model")));
-    add("Lens", Field(image, "exif-ifd2-LensModel"));
-    add("Exposure", ExposureText(Field(image, "exif-ifd2-ExposureTime")));
-    add("Aperture", Formatted(Field(image, "exif-ifd2-FNumber"), QStringLiteral("f/"), {}));
-    add("ISO", Field(image, "exif-ifd2-ISOSpeedRatings"));
-    add("Focal length", Formatted(Field(image, "exif-ifd2-FocalLength"), {}, QStringLiteral(" mm")));
-    add("Taken", CameraDate(Field(image, "exif-ifd2-DateTimeOriginal")));
-    add("Orientation", OrientationText(Field(image, "exif-ifd0-Orientation")));
-    add("Colour profile", ProfileSummary(WithStatedColours(image, path)));
+    AddCameraRows(rows, [&image](const char* name) { return Field(image, name); });
+    Add(rows, "Colour profile", ProfileSummary(WithStatedColours(image, path)));
     const QString latitude = Coordinate(Field(image, "exif-ifd3-GPSLatitude"), Field(image, "exif-ifd3-GPSLatitudeRef"));
     const QString longitude = Coordinate(Field(image, "exif-ifd3-GPSLongitude"), Field(image, "exif-ifd3-GPSLongitudeRef"));
-    if (!latitude.isEmpty() && !longitude.isEmpty()) add("GPS position", latitude + QStringLiteral(", ") + longitude);
+    if (!latitude.isEmpty() && !longitude.isEmpty()) Add(rows, "GPS position", latitude + QStringLiteral(", ") + longitude);
   } catch (const vips::VError&) {
     vips_error_clear();
   }

@@ -10,6 +10,7 @@ enum class Route {
   Vips,    // libvips' own, fuzzed loaders in this process: JPEG, PNG, GIF, TIFF, WebP, HEIF
   Qt,      // Qt's image readers in this process: BMP, ICO, CUR, PBM, PGM, PPM
   Helper,  // ImageMagick in a capped helper process: the legacy formats
+  Raw,     // LibRaw in our capped helper process: camera RAW (imaging/Raw.h)
   None,
 };
 

@@ -5,8 +5,10 @@
 #include "imaging/Loader.h"
 #include "imaging/Operations.h"
 #include "imaging/Palette.h"
+#include "imaging/Saver.h"
 #include "support/FakePrompts.h"
 #include "support/ImageCompare.h"
+#include "support/RawFiles.h"
 #include "support/TestFiles.h"
 
 #include <QFile>
@@ -300,3 +302,24 @@ TEST_F(DocumentEditingTest, SavingKeepsAPaletteWhileTheColoursFit) {
 }
 
 }  // namespace
+
+// A camera RAW opens on its embedded preview (here its negative, to tell them apart); the
+// whole image is developed in its place when asked, as the base of the history.
+TEST_F(DocumentTest, ARawOpensOnItsPreviewAndDevelopsInItsPlace) {
+  const QString scene = folder_.File(QStringLiteral("scene.png")), preview = folder_.File(QStringLiteral("preview.jpg"));
+  imaging::SaveImage(imaging::ops::RotateQuarter(testing_support::Hopper(), 1).FitWithin(96, 96), scene);
+  testing_support::Run(QStringLiteral("convert"), {scene, "-negate", preview});
+  const QString dng = testing_support::MakeDng(folder_.File(QStringLiteral("photo.dng")), {scene, 1, preview});
+  ASSERT_FALSE(dng.isEmpty());
+  ASSERT_TRUE(document_.OpenFile(dng));
+  const imaging::Image original = imaging::LoadFile(scene).value();
+  EXPECT_TRUE(document_.ShowsPreview());
+  EXPECT_LT(MeanAbsoluteDifference(*document_.CurrentImage(), imaging::ops::Negative(original)), 8);
+  QSignalSpy shown(&document_, &Document::ImageShown);
+  document_.DevelopPreview();
+  EXPECT_FALSE(document_.ShowsPreview());
+  EXPECT_EQ(shown.count(), 1);
+  EXPECT_LT(MeanAbsoluteDifference(*document_.CurrentImage(), original), 30);  // the negative is about 100 away
+  EXPECT_FALSE(document_.IsChanged());
+  EXPECT_FALSE(document_.UndoHistory().CanUndo());
+}

@@ -20,7 +20,7 @@ root="$work/elsewhere/vistrel"
 export HOME="$work/home" XDG_CONFIG_HOME="$work/home/.config" XDG_DATA_HOME="$work/home/.local/share"
 export XDG_CACHE_HOME="$work/home/.cache" XDG_DATA_DIRS="$root/share:/usr/share"
 
-for file in bin/vistrel bin/vistrel-cli libexec/vistrel/vistrel-emf; do
+for file in bin/vistrel bin/vistrel-cli libexec/vistrel/vistrel-emf libexec/vistrel/vistrel-raw; do
   [ -x "$root/$file" ] || fail "$file is not installed"
 done
 for size in scalable 16x16 48x48 256x256; do
