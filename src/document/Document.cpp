@@ -11,17 +11,22 @@
 #include <QtConcurrent/QtConcurrentRun>
 #include <QFileInfo>
 
+#include <memory>
+
 namespace document {
 
 namespace {
 
 constexpr int kMomentMs = 100;  // a picture within this feels immediate
+// A read still going after this long makes its quick picture beside it, ready by the moment.
+constexpr int kQuickStartMs = 40;
 
 }  // namespace
 
 Document::Document(AppState& state, browse::FileListModel& list, DocumentPrompts& prompts, Loader loader)
     : state_(state), list_(list), prompts_(prompts), loader_(std::move(loader)) {
   loading_.setMaxThreadCount(1);
+  quickLoading_.setMaxThreadCount(1);
 }
 
 StartupEnd Document::OpenAtStartup(const QString& commandLine) {
@@ -158,8 +163,8 @@ void Document::Load(const QString& path, int page) {
   const QFuture<void> reading = QtConcurrent::run(&loading_, [&] {
     loaded = page == 0 ? loader_(path) : files::LoadImageFile(path, state_.Metrics, page);
   });
-  if (!loading_.waitForDone(kMomentMs)) {
-    if (auto standIn = page == 0 && standIn_ ? standIn_(path) : std::nullopt) Q_EMIT StandInShown(standIn->Picture, standIn->Natural);
+  if (!loading_.waitForDone(kQuickStartMs) && page == 0) ShowQuickPictureWhileReading(path);
+  if (!loading_.waitForDone(0)) {
     std::atomic_bool ignored{false};
     prompts_.WaitFor(reading, ignored);
   }
@@ -170,6 +175,17 @@ void Document::Load(const QString& path, int page) {
   pageCount_ = loaded->Pages;
   animated_ = loaded->Animated;
   preview_ = loaded->Preview;
+}
+
+// The quick picture is made on a thread of its own and shown only when the whole image is
+// still not read at the moment; otherwise it is dropped when ready.
+void Document::ShowQuickPictureWhileReading(const QString& path) {
+  if (!standIn_) return;
+  auto quick = std::make_shared<std::optional<files::LoadedImage>>();
+  QFuture<void> making = QtConcurrent::run(&quickLoading_, [quick, path, standIn = standIn_] { *quick = standIn(path); });
+  if (loading_.waitForDone(kMomentMs - kQuickStartMs)) return;
+  making.waitForFinished();
+  if (*quick && !loading_.waitForDone(0)) Q_EMIT StandInShown((*quick)->Picture, (*quick)->Natural);
 }
 
 void Document::DevelopPreview() {

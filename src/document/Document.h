@@ -201,6 +201,7 @@ class Document : public QObject {
   bool OpenSingleFile(const QString& path, bool reportFailure);
   void OpenFirstEntry();
   void Load(const QString& path, int page = 0);
+  void ShowQuickPictureWhileReading(const QString& path);
   void ClearCurrentImage();
   void ForgetWhatIsOpen();
   void AnnounceNeighbours();
@@ -219,7 +220,8 @@ class Document : public QObject {
   DocumentPrompts& prompts_;
   Loader loader_;
   Loader standIn_;
-  QThreadPool loading_;  // the one thread that reads the image to show
+  QThreadPool loading_;       // the one thread that reads the image to show
+  QThreadPool quickLoading_;  // the one thread that makes its quick picture
   Scanner scanner_ = [](const QString& folder, browse::ScanFilter filter, const std::atomic_bool* cancel) {
     return browse::ScanFolder(folder, filter, cancel);
   };
