@@ -26,7 +26,7 @@ namespace {
 constexpr int kLargestThumbnailSide = 16384;
 constexpr const char* kUsage =
     "usage: vistrel-cli info FILE...\n"
-    "       vistrel-cli convert [--page N] IN OUT\n"
+    "       vistrel-cli convert [--page N] [--quality 1-100] [--compression lzw|deflate|jpeg|none] IN OUT\n"
     "       vistrel-cli thumbnail IN OUT WIDTHxHEIGHT\n"
     "       vistrel-cli apply IN OUT OPERATION [VALUE...] [OPERATION [VALUE...]]...\n"
     "       vistrel-cli wallpaper set FILE\n"
@@ -90,25 +90,42 @@ std::optional<QSize> ThumbnailBox(const QString& text) {
   return QSize(width, height);
 }
 
-int Save(const imaging::Image& image, const QString& output) {
-  return imaging::SaveImage(image, output) ? 0 : CantSave(output, QSize(image.Width(), image.Height()));
+int Save(const imaging::Image& image, const QString& output, const imaging::SaveOptions& options = {}) {
+  return imaging::SaveImage(image, output, options) ? 0 : CantSave(output, QSize(image.Width(), image.Height()));
 }
 
 // `page` counts from 1, as the user does; an animation's frames count as its pages.
-int Convert(const QString& input, const QString& output, int page = 1) {
+int Convert(const QString& input, const QString& output, int page, const imaging::SaveOptions& options) {
   const int pages = imaging::ReadSourceFacts(input).Pages;
   if (page < 1 || page > pages) {
     Complain(QStringLiteral("Bad page: %1 (%2 has %3)").arg(page).arg(input, pages == 1 ? QStringLiteral("1 page") : QStringLiteral("%1 pages").arg(pages)));
     return 2;
   }
   const auto image = imaging::LoadFile(input, page - 1);
-  return image ? Save(*image, output) : CantOpen(input);
+  return image ? Save(*image, output, options) : CantOpen(input);
 }
 
-// Without a page asked for, an animation written as WebP keeps every frame.
-int ConvertWhole(const QString& input, const QString& output) {
-  if (!output.endsWith(QLatin1String(".webp"), Qt::CaseInsensitive) || !imaging::ReadFrameTiming(input)) return Convert(input, output);
-  return imaging::SaveAnimation(input, output) ? 0 : CantSave(output);
+// convert's words after the verb: its options, then IN and OUT. Without a page asked for,
+// an animation written as WebP keeps every frame.
+int ConvertCommand(QStringList words) {
+  std::optional<int> page;
+  imaging::SaveOptions options;
+  static const QStringList kCompressions = {"lzw", "deflate", "jpeg", "none"};
+  while (words.size() > 2 && words.front().startsWith(QLatin1String("--"))) {
+    const QString option = words.takeFirst(), value = words.takeFirst();
+    bool number = false;
+    const int count = value.toInt(&number);
+    if (option == QLatin1String("--page") && number) page = count;
+    else if (option == QLatin1String("--quality") && number && count >= 1 && count <= 100) options.Quality = count;
+    else if (option == QLatin1String("--compression") && kCompressions.contains(value)) options.Tiff = imaging::TiffCompression(kCompressions.indexOf(value));
+    else return Usage();
+  }
+  if (words.size() != 2) return Usage();
+  const QString &input = words[0], &output = words[1];
+  if (page || !output.endsWith(QLatin1String(".webp"), Qt::CaseInsensitive) || !imaging::ReadFrameTiming(input)) {
+    return Convert(input, output, page.value_or(1), options);
+  }
+  return imaging::SaveAnimation(input, output, options) ? 0 : CantSave(output);
 }
 
 int Thumbnail(const QString& input, const QString& output, const QString& boxText) {
@@ -193,12 +210,7 @@ int main(int argc, char** argv) {
   }
   imaging::Initialize();
   if (verb == QLatin1String("info") && arguments.size() >= 2) return Info(arguments.mid(1));
-  if (verb == QLatin1String("convert") && arguments.size() == 3) return ConvertWhole(arguments[1], arguments[2]);
-  if (verb == QLatin1String("convert") && arguments.size() == 5 && arguments[1] == QLatin1String("--page")) {
-    bool number = false;
-    const int page = arguments[2].toInt(&number);
-    return number ? Convert(arguments[3], arguments[4], page) : Usage();
-  }
+  if (verb == QLatin1String("convert")) return ConvertCommand(arguments.mid(1));
   if (verb == QLatin1String("thumbnail") && arguments.size() == 4) return Thumbnail(arguments[1], arguments[2], arguments[3]);
   if (verb == QLatin1String("apply") && arguments.size() >= 4) return Apply(arguments[1], arguments[2], arguments.mid(3));
   if (printing) {

@@ -23,6 +23,7 @@
 #include "widgets/BusyPointer.h"
 #include "edit/Catalogue.h"
 #include "files/Prefetcher.h"
+#include "files/frmSaveOptions.h"
 #include "settings/SettingsFile.h"
 #include "print/frmImprimir.h"
 #include "shell/DesktopWallpaper.h"
@@ -88,6 +89,7 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
 
   // Tests answer the open and save dialogs through this.
   void SetFileChooser(widgets::FileChooser chooser) { chooseFile_ = std::move(chooser); }
+  void SetSaveOptionsAsker(files::SaveOptionsAsker asker) { askSaveOptions_ = std::move(asker); }
   // ... the Open Folder dialog through this: the chosen folder, empty when closed ...
   using FolderChooser = std::function<QString(QWidget* parent, settings::SettingsStore& settings, const QString& startFolder)>;
   void SetFolderChooser(FolderChooser chooser) { chooseFolder_ = std::move(chooser); }
@@ -247,6 +249,7 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   std::array<QToolButton*, 3> pageButtons_{};
   QMenu* mnuList_ = nullptr;
   widgets::FileChooser chooseFile_ = widgets::ShowFileDialog;
+  files::SaveOptionsAsker askSaveOptions_ = files::AskSaveOptions;
   FolderChooser chooseFolder_ = RunOpenFolderDialog;
   ParameterDialogRunner runParameterDialog_ = RunParameterDialog;
   FullScreenRunner runFullScreen_ = RunFullScreenView;

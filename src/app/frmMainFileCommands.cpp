@@ -263,6 +263,7 @@ bool frmMain::RunSaveAs() {
   const QString target = files::WithSaveAsExtension(answer.Path, answer.FilterIndex);
   // The dialog asked about the name as typed; a file under the completed name is asked about here.
   if (target != answer.Path && QFileInfo::exists(target) && !ConfirmReplace(target, request.Title)) return false;
+  if (!askSaveOptions_(this, LowerSuffix(target), state_.Settings)) return false;
   if (!SaveUnderBusyPointer(target)) {
     ShowCantSave(target, QStringLiteral("Save As"));
     return false;
@@ -278,7 +279,9 @@ bool frmMain::SaveUnderBusyPointer(const QString& target) {
   picFondo_->SelectNone();
   const QString source = document_.CurrentFilePath();
   if (document_.Animated() && !document_.IsChanged() && LowerSuffix(target) == QLatin1String("webp") && source != target) {
-    return imaging::SaveAnimation(source, target);
+    imaging::SaveOptions options;
+    options.Quality = state_.Settings.SaveQuality;
+    return imaging::SaveAnimation(source, target, options);
   }
   return document_.SaveImageTo(target);
 }

@@ -33,13 +33,13 @@ const std::vector<FileFormat>& FileFormats() {
       {"wmf", "Windows metafile image", "image/wmf", "WMF", kScanned, "wmf;emf", nullptr, kReadOnly},
       {"wpg", "Word Perfect graphic bitmap image", "application/x-wpg", "WPG", kScanned, "wpg",
        "Word Perfect graphic bitmap (*.wpg)", kWritable},
-      // Today's types, read by libvips (Photoshop's by the helper); writers come with their options.
+      // Today's types, read by libvips (Photoshop's by the helper); libvips writes WebP, HEIF, AVIF and JPEG XL.
       {"tiff", "Tiff image", "image/tiff", "", kNotScanned, nullptr, nullptr, kWritable, "tif", kHoldsPages, kModern},
       {"webp", "WebP image", "image/webp", "", kNotScanned, "webp", "WebP (*.webp)", kWritable, nullptr, kHoldsPages, kModern},
-      {"heic", "HEIF image", "image/heic", "", kNotScanned, "heic;heif", nullptr, kReadOnly, nullptr, kHoldsPages, kModern},
-      {"heif", "HEIF image", "image/heif", "", kNotScanned, nullptr, nullptr, kReadOnly, "heic", kHoldsPages, kModern},
-      {"avif", "AVIF image", "image/avif", "", kNotScanned, "avif", nullptr, kReadOnly, nullptr, kHoldsPages, kModern},
-      {"jxl", "JPEG XL image", "image/jxl", "", kNotScanned, "jxl", nullptr, kReadOnly, nullptr, false, kModern},
+      {"heic", "HEIF image", "image/heic", "", kNotScanned, "heic;heif", "HEIF (*.heic)", kWritable, nullptr, kHoldsPages, kModern},
+      {"heif", "HEIF image", "image/heif", "", kNotScanned, nullptr, nullptr, kWritable, "heic", kHoldsPages, kModern},
+      {"avif", "AVIF image", "image/avif", "", kNotScanned, "avif", "AVIF (*.avif)", kWritable, nullptr, kHoldsPages, kModern},
+      {"jxl", "JPEG XL image", "image/jxl", "", kNotScanned, "jxl", "JPEG XL (*.jxl)", kWritable, nullptr, false, kModern},
       {"jp2", "JPEG 2000 image", "image/jp2", "", kNotScanned, "jp2", nullptr, kReadOnly, nullptr, false, kModern},
       {"svg", "SVG drawing", "image/svg+xml", "", kNotScanned, "svg", nullptr, kReadOnly, nullptr, false, kModern},
       {"psd", "Photoshop image", "image/vnd.adobe.photoshop", "PSD", kNotScanned, "psd", nullptr, kReadOnly, nullptr, false, kModern},

@@ -74,6 +74,8 @@ bool Document::SaveImageTo(const QString& path) {
   DevelopPreview();
   imaging::SaveOptions options;
   options.PaletteBits = paletteBits_;
+  options.Quality = std::clamp(int(state_.Settings.SaveQuality), 1, 100);
+  options.Tiff = imaging::TiffCompression(std::clamp(int(state_.Settings.TiffCompression), 0, 3));
   if (!image_ || files::IsMarkedReadOnly(path) || !imaging::SaveImage(*image_, path, options)) return false;
   StartHistory();
   return true;

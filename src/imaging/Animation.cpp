@@ -2,6 +2,7 @@
 // reads the file as it goes (libvips keeps a whole GIF in memory); a WebP's come from
 // libvips, as its still picture does.
 #include "imaging/Animation.h"
+#include "imaging/SaverInternal.h"
 
 #include "base/FileNames.h"
 #include "base/NumberRules.h"
@@ -90,7 +91,7 @@ bool IsAnimation(const QString& path) {
   return false;
 }
 
-bool SaveAnimation(const QString& source, const QString& target) {
+bool SaveAnimation(const QString& source, const QString& target, const SaveOptions& options) {
   Initialize();
   try {
     const vips::VSource from = SourceOf(source);  // first: the options are freed only by the call
@@ -98,7 +99,7 @@ bool SaveAnimation(const QString& source, const QString& target) {
     if (std::int64_t(frames.width()) * vips_image_get_page_height(frames.get_image()) > kMaxPixels) return false;
     void* bytes = nullptr;
     size_t size = 0;
-    frames.write_to_buffer(".webp", &bytes, &size, vips::VImage::option()->set("Q", 90));
+    frames.write_to_buffer(".webp", &bytes, &size, VipsSaveSpecFor(QStringLiteral("webp"), options)->Options());
     const QByteArray encoded(static_cast<const char*>(bytes), qsizetype(size));
     g_free(bytes);
     QSaveFile file(target);

@@ -4,6 +4,7 @@
 // near the one shown.
 
 #include "imaging/Image.h"
+#include "imaging/Saver.h"
 
 #include <QString>
 
@@ -32,8 +33,8 @@ std::optional<FrameTiming> ReadFrameTiming(const QString& path);
 bool IsAnimation(const QString& path);
 
 // Every frame of the animation `source` with its delay and the loop count, written as the
-// WebP `target` (whole or not at all); false when either cannot be done.
-bool SaveAnimation(const QString& source, const QString& target);
+// WebP `target` (whole or not at all) at the options' quality; false when either cannot be done.
+bool SaveAnimation(const QString& source, const QString& target, const SaveOptions& options = {});
 
 // "12 frames, 3.5 s": what Properties and the command line say of an animation.
 QString DescribeAnimation(const FrameTiming& timing);

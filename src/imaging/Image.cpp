@@ -21,7 +21,9 @@ void Initialize() {
     // Today's types whose libraries libvips does not vouch for, but which users' folders
     // hold: SVG (librsvg), JPEG XL (libjxl) and JPEG 2000 (OpenJPEG), read in process as
     // browsers and desktops read them. Everything else untrusted stays blocked.
-    for (const char* loader : {"VipsForeignLoadSvg", "VipsForeignLoadJxl", "VipsForeignLoadJp2k"}) vips_operation_block_set(loader, FALSE);
+    for (const char* coder : {"VipsForeignLoadSvg", "VipsForeignLoadJxl", "VipsForeignSaveJxl", "VipsForeignLoadJp2k"}) {
+      vips_operation_block_set(coder, FALSE);
+    }
     // The program keeps the images it decoded; libvips' operation cache would keep a
     // second copy of each (and answer repeated benchmark runs from memory).
     vips_cache_set_max(0);

@@ -8,6 +8,7 @@
 #include "base/FileNames.h"
 
 #include <QBuffer>
+#include <algorithm>
 #include <QFileInfo>
 #include <QImageWriter>
 #include <QSaveFile>
@@ -95,13 +96,32 @@ std::optional<VipsSaveSpec> VipsSaveSpecFor(const QString& ext, const SaveOption
         .Suffix = ".png", .Options = [] { return vips::VImage::option(); }, .HoldsSixteenBits = true, .HoldsProfile = true};
   }
   if (ext == "tif" || ext == "tiff") {
+    static const char* const kCompressions[] = {"lzw", "deflate", "jpeg", "none"};
+    const char* compression = kCompressions[int(options.Tiff)];
     return VipsSaveSpec{.Suffix = ".tif",
-                        .Options = [] { return vips::VImage::option()->set("compression", "lzw"); },
+                        .Options = [compression] { return vips::VImage::option()->set("compression", compression); },
                         .HoldsSixteenBits = true,
                         .HoldsProfile = true};
   }
+  // Today's formats: the quality, or lossless at 100.
+  const int quality = std::clamp(options.Quality, 1, 100);
+  const auto qualityOptions = [quality](vips::VOption* set) {
+    return quality == 100 ? set->set("lossless", true) : set->set("Q", quality);
+  };
+  const auto heifOptions = [quality, qualityOptions](vips::VOption* set) {  // lossless keeps every pixel's colour too
+    return quality == 100 ? qualityOptions(set)->set("subsample_mode", VIPS_FOREIGN_SUBSAMPLE_OFF) : qualityOptions(set);
+  };
   if (ext == "webp") {
-    return VipsSaveSpec{.Suffix = ".webp", .Options = [] { return vips::VImage::option()->set("Q", 90); }, .HoldsProfile = true};
+    return VipsSaveSpec{.Suffix = ".webp", .Options = [qualityOptions] { return qualityOptions(vips::VImage::option()); }, .HoldsProfile = true};
+  }
+  if (ext == "heic" || ext == "heif" || ext == "avif") {
+    const VipsForeignHeifCompression codec = ext == "avif" ? VIPS_FOREIGN_HEIF_COMPRESSION_AV1 : VIPS_FOREIGN_HEIF_COMPRESSION_HEVC;
+    return VipsSaveSpec{.Suffix = ".heif",
+                        .Options = [heifOptions, codec] { return heifOptions(vips::VImage::option()->set("compression", codec)); },
+                        .HoldsProfile = true};
+  }
+  if (ext == "jxl") {
+    return VipsSaveSpec{.Suffix = ".jxl", .Options = [qualityOptions] { return qualityOptions(vips::VImage::option()); }, .HoldsProfile = true};
   }
   if (ext == "ppm") return VipsSaveSpec{.Suffix = ".ppm", .Options = [] { return vips::VImage::option(); }, .OnWhite = true};
   return std::nullopt;

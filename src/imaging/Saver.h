@@ -1,5 +1,5 @@
 #pragma once
-// Saving in the twelve Save As formats, by the target's extension. The user's
+// Saving in the Save As formats, by the target's extension. The user's
 // file is never overwritten in place: the encoded bytes go to a temporary file beside the
 // target, which is then renamed over it; a failure leaves the target as it was.
 
@@ -12,6 +12,9 @@
 
 namespace imaging {
 
+// TIFF's compressions, in the order Save As offers them.
+enum class TiffCompression { Lzw, Deflate, Jpeg, None };
+
 struct SaveOptions {
   // The JPEG luminance and chrominance factors, both 13 by default. A factor
   // scales the quantisation tables up from best quality; libjpeg's quality 100 - factor is
@@ -21,12 +24,15 @@ struct SaveOptions {
   // The palette depth of the file the image came from (1, 4 or 8; 0 for none). BMP, PCX
   // and PNG are written through a palette of that depth while the colours fit in it.
   int PaletteBits = 0;
+  // WebP, AVIF, HEIF and JPEG XL: 1 to 100; 100 is lossless.
+  int Quality = 90;
+  TiffCompression Tiff = TiffCompression::Lzw;
 
   int JpegQuality() const;
 };
 
 // The encoded file for an extension (bmp, dcx, dib, jpg, jpeg, jif, jpe, pbm, pcx, pgm,
-// png, ppm, tga, tif, tiff, wpg); nullopt for an unknown extension or a failed encoder.
+// png, ppm, tga, tif, tiff, wpg, webp, avif, heic, heif, jxl); nullopt for an unknown extension or a failed encoder.
 std::optional<QByteArray> EncodeImage(const Image& image, const QString& lowerCaseExtension,
                                       const SaveOptions& options = {});
 

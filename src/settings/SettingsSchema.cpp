@@ -168,6 +168,8 @@ std::vector<SettingsLine> OptionLines() {
              },
              [](const QString& line, const Metrics&, SettingsStore& s) { s.ScreenProfileFile = line; }, {}}),
       Added(Flag("ClassicTypesOnly", &S::ClassicTypesOnly, kCurrentLayout)),
+      Added(Long("SaveQuality", &S::SaveQuality, kCurrentLayout)),
+      Added(Long("TiffCompression", &S::TiffCompression, kCurrentLayout)),
   };
 }
 

@@ -33,6 +33,8 @@ struct SettingsStore {
   std::int32_t StartOption = 0;
   bool ImageExtensionsOnly = true;
   bool ClassicTypesOnly = false;  // the scan leaves out today's types (HEIC, WebP...)
+  std::int32_t SaveQuality = 90;      // WebP, AVIF, HEIF and JPEG XL: 1 to 100, 100 lossless
+  std::int32_t TiffCompression = 0;  // LZW, Deflate, JPEG, none
   bool RecentEnabled = true;
   bool ConfirmDelete = true;
   std::int32_t ColorImage = RGB(153, 153, 153);

@@ -8,6 +8,7 @@
 #include "support/MainWindowTest.h"
 
 #include <QDir>
+#include <QComboBox>
 #include <QFile>
 #include <QImage>
 #include <QProcess>
@@ -174,6 +175,7 @@ TEST_F(frmMainFileTest, SaveAsProposesTheShownFormatTakesTheChosenOnesExtensionA
   Start(file);
   Trigger("mnuImageFlip");
   fileAnswer_ = {pictures_.File(QStringLiteral("copy")), 11};  // "Tiff (*.tif)", no extension typed
+  saveOptions_ = [](files::frmSaveOptions& dialog) { testing_support::Child<QComboBox>(dialog, "cboCompression")->setCurrentIndex(1); };
   Trigger("mnuFileSaveAs");
   ASSERT_EQ(requests_.size(), 1u);
   const widgets::FileDialogRequest& request = requests_.front();
@@ -181,6 +183,8 @@ TEST_F(frmMainFileTest, SaveAsProposesTheShownFormatTakesTheChosenOnesExtensionA
   EXPECT_TRUE(request.NameFilters[request.SelectedFilter - 1].endsWith(QStringLiteral("(*.jpg)")));
   const QString saved = pictures_.File(QStringLiteral("copy.tif"));
   ASSERT_TRUE(QFile::exists(saved));
+  EXPECT_EQ(testing_support::Run(QStringLiteral("identify"), {"-format", "%C", saved}).Output, QStringLiteral("Zip"));  // Deflate, as chosen
+  EXPECT_EQ(window_->State().Settings.TiffCompression, 1);
   EXPECT_EQ(window_->CurrentDocument().Open().File, saved);
   EXPECT_FALSE(Doc().IsChanged());
 }

@@ -59,6 +59,13 @@ TEST(VistrelCli, InfoPrintsOneLineAFileAndConvertSavesByTheExtension) {
   const QString webp = folder.File(QStringLiteral("moving.webp"));  // without a page, a WebP keeps every frame
   EXPECT_EQ(Cli({"convert", moving, webp}).ExitCode, 0);
   EXPECT_EQ(testing_support::Run(QStringLiteral("identify"), {webp}).Output.count(QStringLiteral("WEBP 8x6")), 2);
+  // The writers' options, as Save As offers them.
+  const QString photo = CorpusPath(QStringLiteral("formats/hopper.png")), low = folder.File(QStringLiteral("low.webp"));
+  const QString plain = folder.File(QStringLiteral("plain.webp")), tiff = folder.File(QStringLiteral("plain.tif"));
+  EXPECT_EQ(Cli({"convert", "--quality", "30", photo, low}).ExitCode + Cli({"convert", photo, plain}).ExitCode, 0);
+  EXPECT_LT(QFileInfo(low).size(), QFileInfo(plain).size());
+  EXPECT_EQ(Cli({"convert", "--compression", "none", photo, tiff}).ExitCode, 0);
+  EXPECT_EQ(testing_support::Run(QStringLiteral("identify"), {"-format", "%C", tiff}).Output, QStringLiteral("None"));
 }
 
 // Each failure names the file and why, and a bad word is refused before anything is read.
@@ -87,7 +94,10 @@ TEST(VistrelCli, FailuresSayWhatAndWhy) {
     EXPECT_EQ(run.Errors, c.errors);
   }
   EXPECT_FALSE(QFile::exists(out));
-  EXPECT_EQ(Cli({"nothing"}).ExitCode, 2);
+  for (const QStringList& words : {QStringList{"nothing"}, QStringList{"convert", "--quality", "0", photo, out},
+                                   QStringList{"convert", "--compression", "zip", photo, out}, QStringList{"convert", photo}}) {
+    EXPECT_EQ(Cli(words).ExitCode, 2) << words.join(u' ').toStdString();
+  }
   const CliRun help = Cli({"--help"});
   EXPECT_EQ(help.ExitCode, 0);
   EXPECT_TRUE(help.Output.startsWith(QStringLiteral("usage: vistrel-cli")));

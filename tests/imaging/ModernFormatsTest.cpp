@@ -2,9 +2,15 @@
 // JPEG 2000 and WebP written here by their libraries through the vips command, Photoshop by
 // ImageMagick, and an SVG drawing.
 #include "imaging/Loader.h"
+#include "imaging/Saver.h"
 #include "support/ImageCompare.h"
 #include "support/TestFiles.h"
 
+
+#include <QFileInfo>
+
+#include <cmath>
+#include <map>
 
 #include <gtest/gtest.h>
 
@@ -48,6 +54,55 @@ TEST(TodaysFormats, AnSvgDrawingOpensAtItsOwnSize) {
   ASSERT_TRUE(loaded.has_value());
   EXPECT_EQ(std::tuple(loaded->Width(), loaded->Height()), std::tuple(64, 32));
   EXPECT_EQ(loaded->ToQImage().pixelColor(10, 10), QColor(Qt::red));
+}
+
+// Written by us, read back by other decoders (djxl for JPEG XL, which ImageMagick 6 lacks):
+// the picture, the quality's effect on the size, and 100 as lossless.
+class TodaysWriters : public ::testing::TestWithParam<std::pair<const char*, bool>> {};
+
+TEST_P(TodaysWriters, WriteWhatOtherDecodersReadAtTheQualityAsked) {
+  const auto [extension, exactWhenLossless] = GetParam();
+  testing_support::TempFolder folder;
+  const imaging::Image hopper = testing_support::Hopper();
+  std::map<int, qint64> sizes;
+  for (const int quality : {30, 90, 100}) {
+    imaging::SaveOptions options;
+    options.Quality = quality;
+    const QString path = folder.File(QStringLiteral("q%1.").arg(quality) + QLatin1String(extension));
+    ASSERT_TRUE(imaging::SaveImage(hopper, path, options)) << quality;
+    sizes[quality] = QFileInfo(path).size();
+    const QString png = folder.File(QStringLiteral("q%1.png").arg(quality));
+    const bool jxl = QLatin1String(extension) == QLatin1String("jxl");
+    ASSERT_EQ(testing_support::Run(QLatin1String(jxl ? "djxl" : "convert"), {path, png}).ExitCode, 0) << quality;
+    const double psnr = testing_support::Psnr(imaging::LoadFile(png).value(), hopper);
+    EXPECT_GT(psnr, 25) << quality;
+    if (quality == 100) {  // ImageMagick turns HEIF's lossless YCbCr back a little off; ours is exact
+      EXPECT_GT(testing_support::Psnr(imaging::LoadFile(path).value(), hopper), 60);
+      EXPECT_TRUE(!exactWhenLossless || std::isinf(psnr));
+    }
+  }
+  EXPECT_LT(sizes[30], sizes[90]);
+}
+
+INSTANTIATE_TEST_SUITE_P(Formats, TodaysWriters,
+                         ::testing::Values(std::pair("webp", true), std::pair("avif", false), std::pair("heic", false),
+                                           std::pair("jxl", true)));
+
+TEST(TodaysWriters, TiffIsWrittenWithTheCompressionAsked) {
+  testing_support::TempFolder folder;
+  const imaging::Image hopper = testing_support::Hopper();
+  const std::pair<imaging::TiffCompression, const char*> compressions[] = {
+      {imaging::TiffCompression::Lzw, "LZW"}, {imaging::TiffCompression::Deflate, "Zip"},
+      {imaging::TiffCompression::Jpeg, "JPEG"}, {imaging::TiffCompression::None, "None"}};
+  for (const auto& [compression, name] : compressions) {
+    imaging::SaveOptions options;
+    options.Tiff = compression;
+    const QString path = folder.File(QLatin1String(name) + QStringLiteral(".tif"));
+    ASSERT_TRUE(imaging::SaveImage(hopper, path, options)) << name;
+    EXPECT_EQ(testing_support::Run(QStringLiteral("identify"), {"-format", "%C", path}).Output, QLatin1String(name));
+    const double psnr = testing_support::Psnr(imaging::LoadFile(path).value(), hopper);
+    EXPECT_TRUE(compression == imaging::TiffCompression::Jpeg ? psnr > 30 : std::isinf(psnr)) << name << " " << psnr;
+  }
 }
 
 // Legacy types the corpus lacks or names differently.

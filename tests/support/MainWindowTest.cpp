@@ -19,6 +19,13 @@ void MainWindowTest::Start(const QString& commandLine, bool alwaysFit) {
     ++dialogsShown_;
     return parameters_ ? parameters_(dialog) : false;
   });
+  window_->SetSaveOptionsAsker([this](QWidget*, const QString& extension, settings::SettingsStore& settings) {
+    if (!files::HasSaveOptions(extension)) return true;
+    files::frmSaveOptions dialog(extension, settings);
+    if (saveOptions_) saveOptions_(dialog);
+    dialog.Store(settings);
+    return true;
+  });
   window_->RunStartup(commandLine);
 }
 

@@ -39,6 +39,7 @@ class MainWindowTest : public ::testing::Test {
   std::vector<widgets::FileDialogRequest> requests_;
   widgets::FileDialogAnswer fileAnswer_;
   std::function<bool(edit::frmDiseno&)> parameters_;
+  std::function<void(files::frmSaveOptions&)> saveOptions_;  // sets the Save Options dialog's values
   int dialogsShown_ = 0;
 };
 
