@@ -43,6 +43,7 @@ const std::vector<FileFormat>& FileFormats() {
       {"jp2", "JPEG 2000 image", "image/jp2", "", kNotScanned, "jp2", nullptr, kReadOnly, nullptr, false, kModern},
       {"svg", "SVG drawing", "image/svg+xml", "", kNotScanned, "svg", nullptr, kReadOnly, nullptr, false, kModern},
       {"psd", "Photoshop image", "image/vnd.adobe.photoshop", "PSD", kNotScanned, "psd", nullptr, kReadOnly, nullptr, false, kModern},
+      {"pdf", "PDF document", "application/pdf", "", kNotScanned, "pdf", nullptr, kReadOnly, nullptr, kHoldsPages, kModern},
       // Camera RAW, read by our LibRaw helper.
       {"cr2", "Camera RAW image", "image/x-canon-cr2", kCameraRaw, kNotScanned, "cr2;cr3;nef;arw;dng;raf;orf;rw2;pef;srw", nullptr, kReadOnly, nullptr, false, kModern},
       {"cr3", "Camera RAW image", "image/x-canon-cr3", kCameraRaw, kNotScanned, nullptr, nullptr, kReadOnly, nullptr, false, kModern},

@@ -1,6 +1,7 @@
 #include "imaging/Loader.h"
 
 #include "imaging/Decoders.h"
+#include "imaging/Pdf.h"
 #include "imaging/Raw.h"
 #include "imaging/Sniff.h"
 #include "base/FileFormats.h"
@@ -54,6 +55,8 @@ std::optional<Image> Decode(const QString& path, const Decision& decision, const
       return DecodeWithHelper(path, decision.Format, facts);
     case Route::Raw:
       return DevelopRaw(path);
+    case Route::Pdf:
+      return RenderPdfPage(path, facts.Page);
     case Route::None:
       break;
   }
@@ -114,6 +117,7 @@ SourceFacts ReadSourceFacts(const QString& path) {
   std::optional<SourceFacts> facts;
   if (decision.Via == Route::Vips) facts = VipsSourceFacts(path);
   if (decision.Via == Route::Qt) facts = QtSourceFacts(path);
+  if (decision.Via == Route::Pdf) facts = SourceFacts{std::max(1, PdfPageCount(path))};
   if (decision.Format == QLatin1String("DCX")) {
     QFile file;
     if (base::OpenForReading(file, path)) facts = SourceFacts{DcxPageCount(file.read(kDcxHeaderBytes))};

@@ -26,6 +26,7 @@ Decision ChooseDecoder(const QByteArray& head, const QString& ext) {
   // Most RAW files are TIFF inside: the extension says which reader makes sense of them.
   if (HelperCoderForExtension(ext) == QLatin1String(base::kCameraRaw)) return {Route::Raw, "RAW"};
   if (Starts(head, "\xFF\xD8\xFF", 3)) return {Route::Vips, "JPEG"};
+  if (Starts(head, "%PDF-", 5)) return {Route::Pdf, "PDF"};
   if (Starts(head, "\x89PNG", 4)) return {Route::Vips, "PNG"};
   // Qt's GIF reader: its 32-bit frame becomes the picture in its own buffer, where libvips'
   // loader would hold a canvas of its own beside ours.

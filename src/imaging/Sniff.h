@@ -11,6 +11,7 @@ enum class Route {
   Qt,      // Qt's image readers in this process: BMP, ICO, CUR, PBM, PGM, PPM
   Helper,  // ImageMagick in a capped helper process: the legacy formats
   Raw,     // LibRaw in our capped helper process: camera RAW (imaging/Raw.h)
+  Pdf,     // poppler's pdftoppm in a capped helper process (imaging/Pdf.h)
   None,
 };
 

@@ -56,6 +56,31 @@ TEST(TodaysFormats, AnSvgDrawingOpensAtItsOwnSize) {
   EXPECT_EQ(loaded->ToQImage().pixelColor(10, 10), QColor(Qt::red));
 }
 
+// A PDF written by Qt's PDF engine (through our print command): its pages count and each
+// opens on its own; a cut one or one that only says it is a PDF is refused.
+TEST(TodaysFormats, APdfsPagesOpenEachByItsNumber) {
+  testing_support::TempFolder folder;
+  const QString pdf = folder.File(QStringLiteral("two.pdf")), red = folder.File(QStringLiteral("red.png"));
+  ASSERT_TRUE(testing_support::Painted(60, 40, [](int, int) { return QColor(Qt::red); }).ToQImage().save(red));
+  const QString hopper = CorpusPath(QStringLiteral("formats/hopper.png"));
+  ASSERT_EQ(testing_support::Run(QStringLiteral(VISTREL_CLI_PATH), {"print", red, hopper, "--pdf", pdf, "--fit", "--center"}).ExitCode, 0);
+  EXPECT_EQ(imaging::ReadSourceFacts(pdf).Pages, 2);
+  const auto first = imaging::LoadImage(pdf), second = imaging::LoadImage(pdf, 1);
+  ASSERT_TRUE(first && second);
+  EXPECT_EQ(first->Format, QStringLiteral("PDF"));
+  EXPECT_EQ(std::max(first->Picture.Width(), first->Picture.Height()), 2000);
+  const QPoint middle(first->Picture.Width() / 2, first->Picture.Height() / 2);
+  const auto reddish = [&middle](const imaging::Image& page) {
+    const QColor colour = testing_support::PixelAt(page, middle.x(), middle.y());
+    return colour.red() > 240 && colour.green() < 16;
+  };
+  EXPECT_TRUE(reddish(first->Picture));
+  EXPECT_FALSE(reddish(second->Picture));
+  const QByteArray bytes = testing_support::ReadAll(pdf);
+  EXPECT_FALSE(imaging::LoadFile(folder.WriteBytes(QStringLiteral("cut.pdf"), bytes.left(bytes.size() / 3))));
+  EXPECT_FALSE(imaging::LoadFile(folder.WriteBytes(QStringLiteral("fake.pdf"), "%PDF-1.4 and nothing else")));
+}
+
 // Written by us, read back by other decoders (djxl for JPEG XL, which ImageMagick 6 lacks):
 // the picture, the quality's effect on the size, and 100 as lossless.
 class TodaysWriters : public ::testing::TestWithParam<std::pair<const char*, bool>> {};
