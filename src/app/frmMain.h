@@ -18,6 +18,7 @@
 #include "app/CommandTable.h"
 #include "app/ScreenColourTracker.h"
 #include "browse/FileListModel.h"
+#include "browse/ListBadges.h"
 #include "document/AppState.h"
 #include "document/Document.h"
 #include "widgets/BusyPointer.h"
@@ -238,6 +239,7 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   view::AnimationPlayer player_;
   ScreenColourTracker screenColour_;
   QTreeView* lisLista_ = nullptr;
+  browse::ListBadges listBadges_;
   QSplitter* splitter_ = nullptr;
   view::Viewport* picFondo_ = nullptr;
   browse::ThumbnailsView* picFondoThumbnails_ = nullptr;

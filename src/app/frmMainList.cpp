@@ -2,6 +2,7 @@
 #include "app/frmMain.h"
 
 #include "base/Paths.h"
+#include "browse/ListBadges.h"
 #include "browse/ListColumn.h"
 #include "browse/ThumbnailsView.h"
 
@@ -9,6 +10,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMenu>
+#include <QPainter>
 #include <QSignalBlocker>
 #include <QStyledItemDelegate>
 #include <QTreeView>
@@ -18,10 +20,25 @@ namespace app {
 namespace {
 
 // The list's own editor offers the base name for typing, as the Rename dialog does. The
-// view selects the whole text after this, so the selection is made once it has.
-class RenameDelegate : public QStyledItemDelegate {
+// view selects the whole text after this, so the selection is made once it has. A file of
+// several pages or frames is marked at the row's right end.
+class ListDelegate : public QStyledItemDelegate {
  public:
-  using QStyledItemDelegate::QStyledItemDelegate;
+  ListDelegate(browse::ListBadges& badges, std::function<QString(int row)> pathOf, QObject* parent)
+      : QStyledItemDelegate(parent), badges_(badges), pathOf_(std::move(pathOf)) {}
+
+  void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    QStyledItemDelegate::paint(painter, option, index);
+    const auto badge = badges_.Find(pathOf_(index.row()));
+    if (!badge || badge->isEmpty()) return;
+    const int room = option.rect.width() - option.fontMetrics.horizontalAdvance(index.data().toString()) - 16;
+    if (option.fontMetrics.horizontalAdvance(*badge) > room) return;  // the name comes first
+    painter->save();
+    painter->setPen(option.palette.color(option.state & QStyle::State_Selected ? QPalette::HighlightedText : QPalette::PlaceholderText));
+    painter->drawText(option.rect.adjusted(0, 0, -4, 0), Qt::AlignRight | Qt::AlignVCenter, *badge);
+    painter->restore();
+  }
+
   void setEditorData(QWidget* editor, const QModelIndex& index) const override {
     QStyledItemDelegate::setEditorData(editor, index);
     if (auto* line = qobject_cast<QLineEdit*>(editor)) {
@@ -29,6 +46,10 @@ class RenameDelegate : public QStyledItemDelegate {
                                 Qt::QueuedConnection);
     }
   }
+
+ private:
+  browse::ListBadges& badges_;
+  std::function<QString(int row)> pathOf_;
 };
 
 }  // namespace
@@ -43,7 +64,9 @@ void frmMain::BuildListView() {
   lisLista_->setSelectionMode(QAbstractItemView::SingleSelection);
   lisLista_->setEditTriggers(QAbstractItemView::EditKeyPressed | QAbstractItemView::SelectedClicked);
   lisLista_->setContextMenuPolicy(Qt::CustomContextMenu);
-  lisLista_->setItemDelegate(new RenameDelegate(lisLista_));
+  lisLista_->setItemDelegate(new ListDelegate(listBadges_, [this](int row) { return document_.EntryPath(row); }, lisLista_));
+  connect(&listBadges_, &browse::ListBadges::Ready, lisLista_->viewport(), qOverload<>(&QWidget::update));
+  connect(&document_, &document::Document::ListFilled, &listBadges_, &browse::ListBadges::Clear);
   lisLista_->setMinimumWidth(settings::kSplitterMinPixels);
   lisLista_->setMaximumWidth(settings::kSplitterMaxPixels);
   lisLista_->header()->setStretchLastSection(false);

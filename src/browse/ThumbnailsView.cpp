@@ -1,4 +1,5 @@
 #include "browse/ThumbnailsView.h"
+#include "browse/ListBadges.h"
 
 #include "base/Colors.h"
 #include "base/Paths.h"
@@ -103,13 +104,6 @@ namespace {
 QImage OnScreen(const QImage& srgb) {
   if (imaging::CurrentScreenColour() == imaging::ScreenColour{}) return srgb;
   return imaging::Image::FromQImage(srgb).ForScreen().copy();
-}
-
-// "3 pages" or "12 frames" for a file of several; empty otherwise.
-QString Badge(const QString& path) {
-  const imaging::SourceFacts facts = imaging::ReadPageFacts(path);
-  if (facts.Pages < 2) return {};
-  return (facts.Animated ? QStringLiteral("%1 frames") : QStringLiteral("%1 pages")).arg(facts.Pages);
 }
 
 // The file's thumbnail and its size: from the desktop's cache when it has a fresh one,
@@ -303,7 +297,7 @@ void ThumbnailsView::StartDecoding() {
                                       drawn.Resample ? Qt::SmoothTransformation : Qt::FastTransformation);
         cell.Picture.setDevicePixelRatio(ratio);
       }
-      cell.Badge = Badge(path);
+      cell.Badge = PageBadge(path);
       cell.Done = true;
       QMetaObject::invokeMethod(this, [this, generation, index, cell] { Delivered(generation, index, cell); },
                                 Qt::QueuedConnection);

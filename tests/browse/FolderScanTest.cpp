@@ -1,8 +1,12 @@
 // Which files the scan lists, in which order, and how their types are named.
 #include "browse/FileTypes.h"
 #include "browse/FolderScan.h"
+#include "browse/ListBadges.h"
 #include "browse/ListOrder.h"
 #include "support/TestFiles.h"
+
+#include <QSignalSpy>
+#include <QTest>
 
 #include <algorithm>
 
@@ -63,3 +67,22 @@ TEST(FileTypeDescription, IgnoresCaseAndBlanksAndNamesAnUnknownOne) {
 }
 
 }  // namespace
+
+// The list's marks are read off the painting thread, once a file; another folder drops them.
+TEST(ListBadges, MarkFilesOfSeveralPagesOrFramesOnceRead) {
+  TempFolder folder;
+  const QString gif = folder.File(QStringLiteral("moving.gif")), tiff = folder.File(QStringLiteral("pages.tif"));
+  ASSERT_EQ(testing_support::Run(QStringLiteral("convert"), {"-delay", "10", "-size", "4x3", "xc:red", "xc:lime", "xc:blue", gif}).ExitCode, 0);
+  ASSERT_EQ(testing_support::Run(QStringLiteral("convert"), {"-size", "4x3", "xc:red", "xc:lime", tiff}).ExitCode, 0);
+  const QString png = folder.WritePng(QStringLiteral("still.png"));
+  browse::ListBadges badges;
+  QSignalSpy ready(&badges, &browse::ListBadges::Ready);
+  for (const QString& path : {gif, tiff, png}) EXPECT_FALSE(badges.Find(path).has_value());
+  EXPECT_FALSE(badges.Find(gif).has_value());  // asked once
+  ASSERT_TRUE(QTest::qWaitFor([&] { return ready.count() == 3; }, 10000));
+  EXPECT_EQ(badges.Find(gif), QStringLiteral("3 frames"));
+  EXPECT_EQ(badges.Find(tiff), QStringLiteral("2 pages"));
+  EXPECT_EQ(badges.Find(png), QString());
+  badges.Clear();
+  EXPECT_FALSE(badges.Find(gif).has_value());
+}
