@@ -1,11 +1,12 @@
 // A GIF's timing comes from our scan of its blocks and its frames from Qt's reader, which
 // reads the file as it goes (libvips keeps a whole GIF in memory); a WebP's come from
-// libvips, as its still picture does.
+// libvips, as its still picture does; an APNG's from our sorting of its chunks.
 #include "imaging/Animation.h"
 #include "imaging/SaverInternal.h"
 
 #include "base/FileNames.h"
 #include "base/NumberRules.h"
+#include "imaging/Apng.h"
 #include "imaging/Decoders.h"
 #include "imaging/GifScan.h"
 #include "imaging/ImageInternal.h"
@@ -22,14 +23,18 @@ namespace imaging {
 
 namespace {
 
-enum class Kind { Other, Gif, WebP };
+enum class Kind { Other, Gif, WebP, Apng };
 
 Kind KindOf(QFile& file) {
   const QByteArray head = file.peek(12);
   if (head.startsWith("GIF8")) return Kind::Gif;
   if (head.startsWith("RIFF") && head.mid(8, 4) == "WEBP") return Kind::WebP;
+  if (head.startsWith("\x89PNG") && LooksLikeApng(file.peek(kApngHeadBytes))) return Kind::Apng;
   return Kind::Other;
 }
+
+// An APNG is read whole: its frames' data lie between its chunks.
+constexpr qint64 kLargestApng = qint64(256) << 20;
 
 int Played(int delayMs) { return delayMs <= kTinyDelayMs ? kTinyDelayPlayedMs : delayMs; }
 
@@ -65,6 +70,15 @@ std::optional<FrameTiming> WebPTiming(const QString& path) {
   }
 }
 
+std::optional<FrameTiming> ApngFileTiming(QFile& file) {
+  const auto stored = ReadApngTiming(base::ReadWhole(file, kLargestApng));
+  if (!stored) return std::nullopt;
+  FrameTiming timing;
+  for (const int delay : stored->DelaysMs) timing.DelaysMs.push_back(Played(delay));
+  timing.Loops = stored->Plays;
+  return timing;
+}
+
 }  // namespace
 
 qint64 FrameTiming::TotalMs() const { return std::accumulate(DelaysMs.begin(), DelaysMs.end(), qint64(0)); }
@@ -75,6 +89,7 @@ std::optional<FrameTiming> ReadFrameTiming(const QString& path) {
   switch (KindOf(file)) {
     case Kind::Gif: return GifTiming(file);
     case Kind::WebP: return WebPTiming(path);
+    case Kind::Apng: return ApngFileTiming(file);
     case Kind::Other: return std::nullopt;
   }
   return std::nullopt;
@@ -86,6 +101,7 @@ bool IsAnimation(const QString& path) {
   switch (KindOf(file)) {
     case Kind::Gif: return GifTiming(file, 2).has_value();
     case Kind::WebP: return WebPTiming(path).has_value();
+    case Kind::Apng: return true;
     case Kind::Other: return false;
   }
   return false;
@@ -119,6 +135,7 @@ QString DescribeAnimation(const FrameTiming& timing) {
 struct FrameReader::Open {
   QFile file;
   std::unique_ptr<QImageReader> gif;
+  std::unique_ptr<ApngFrames> apng;
   bool cutShort = false;  // a GIF that ends early: the decoder gave what it could
   vips::VImage frames;
   int frameHeight = 0, count = 0;
@@ -136,6 +153,10 @@ bool GifCutShort(QFile& file) {
 
 void OpenFrames(FrameReader::Open& open, const QString& path) {
   if (!base::OpenForReading(open.file, path)) throw vips::VError("cannot open");
+  if (KindOf(open.file) == Kind::Apng) {
+    open.apng = std::make_unique<ApngFrames>(base::ReadWhole(open.file, kLargestApng));
+    return;
+  }
   if (KindOf(open.file) == Kind::Gif) {
     open.cutShort = GifCutShort(open.file);
     const QSize size = GifScreenSize(open.file).value_or(QSize());
@@ -167,7 +188,10 @@ std::optional<Image> FrameReader::Next() {
       OpenFrames(*open_, path_);
     }
     std::optional<Image> picture;
-    if (open_->gif) {
+    if (open_->apng) {
+      if (const auto frame = open_->apng->Next()) picture = FromQImageInBands(*frame, false);
+      failed_ = !picture && open_->apng->Failed();
+    } else if (open_->gif) {
       // A frame is composited on white, as the GIF's still picture is.
       if (open_->gif->canRead()) picture = FromQImageInBands(open_->gif->read(), true);
       if (!picture) failed_ = open_->cutShort || open_->gif->error() != QImageReader::UnknownError;

@@ -5,6 +5,8 @@
 #include "imaging/Loader.h"
 #include "support/TestFiles.h"
 
+#include <QFile>
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -12,16 +14,30 @@ namespace {
 // ImageMagick or libvips with these words, to their exit code.
 int Made(const char* program, const QStringList& words) { return testing_support::Run(QLatin1String(program), words).ExitCode; }
 
-// Three frames, red, lime and blue, of 40 x 30, in a GIF and a WebP; and a file of pages.
+// An APNG of the pictures by apngasm, each shown `delay` hundredths, played `plays` times.
+QString MakeApng(const testing_support::TempFolder& folder, const QList<QStringList>& pictures, const char* delay, const char* plays) {
+  QStringList frames;
+  for (const QStringList& words : pictures) {
+    frames << folder.File(QStringLiteral("frame%1.png").arg(frames.size() + 1));
+    if (Made("convert", words + QStringList{frames.back()}) != 0) return {};
+  }
+  const QString apng = folder.File(QStringLiteral("moving.png"));
+  const bool made = Made("apngasm", {apng, folder.File(QStringLiteral("frame*.png")), delay, "100", QStringLiteral("-l") + plays}) == 0;
+  for (const QString& frame : frames) QFile::remove(frame);
+  return made ? apng : QString();
+}
+
+// Three frames, red, lime and blue, of 40 x 30, in a GIF, a WebP and an APNG; and a file of pages.
 TEST(Animation, FramesComeInOrderWithTheirDelaysAndLoops) {
   testing_support::TempFolder folder;
   const QString gif = folder.File(QStringLiteral("three.gif")), webp = folder.File(QStringLiteral("three.webp"));
+  const QString apng = MakeApng(folder, {{"-size", "40x30", "xc:red"}, {"-size", "40x30", "xc:lime"}, {"-size", "40x30", "xc:blue"}}, "7", "3");
   const QString still = folder.File(QStringLiteral("zero.gif")), tiff = folder.File(QStringLiteral("pages.tif"));
   ASSERT_EQ(Made("convert", {"-delay", "7", "-size", "40x30", "xc:red", "xc:lime", "xc:blue", "-loop", "3", gif}), 0);
   ASSERT_EQ(Made("vips", {"copy", gif + "[n=-1]", webp + "[lossless]"}), 0);
   ASSERT_EQ(Made("convert", {"-delay", "0", "-size", "4x3", "xc:red", "xc:lime", still}), 0);
   ASSERT_EQ(Made("convert", {"-size", "4x3", "xc:red", "xc:lime", tiff}), 0);
-  for (const QString& path : {gif, webp}) {
+  for (const QString& path : {gif, webp, apng}) {
     const auto timing = imaging::ReadFrameTiming(path);
     ASSERT_TRUE(timing.has_value()) << path.toStdString();
     EXPECT_EQ(timing->DelaysMs, (std::vector<int>{70, 70, 70}));
@@ -39,6 +55,31 @@ TEST(Animation, FramesComeInOrderWithTheirDelaysAndLoops) {
   EXPECT_EQ(imaging::ReadFrameTiming(still)->DelaysMs, (std::vector<int>{100, 100}));  // "as fast as possible"
   EXPECT_EQ(imaging::DescribeAnimation(*imaging::ReadFrameTiming(still)), QStringLiteral("2 frames, 0.2 s"));
   EXPECT_FALSE(imaging::ReadFrameTiming(tiff).has_value());
+}
+
+// apngasm keeps only what changes: the second frame is the square laid over the first and
+// then taken away again (its disposal gives back what was under it), the third one pixel.
+TEST(Animation, AnApngsFramesAreLaidOverTheCanvas) {
+  testing_support::TempFolder folder;
+  const QStringList red = {"-size", "40x30", "xc:red"};
+  const QString apng = MakeApng(folder, {red, red + QStringList{"-fill", "lime", "-draw", "rectangle 20,10 29,19"}, red}, "10", "0");
+  ASSERT_FALSE(apng.isEmpty());
+  EXPECT_EQ(imaging::ReadFrameTiming(apng)->Loops, 0);
+  imaging::FrameReader reader(apng);
+  const std::pair<QPoint, QColor> expected[][2] = {{{{5, 5}, Qt::red}, {{25, 15}, Qt::red}},
+                                                   {{{5, 5}, Qt::red}, {{25, 15}, Qt::green}},
+                                                   {{{5, 5}, Qt::red}, {{25, 15}, Qt::red}}};
+  for (const auto& frame : expected) {
+    const auto picture = reader.Next();
+    ASSERT_TRUE(picture.has_value());
+    for (const auto& [at, colour] : frame) EXPECT_EQ(picture->ToQImage().pixelColor(at), colour) << at.x();
+  }
+  EXPECT_FALSE(reader.Next().has_value());
+  const QByteArray bytes = testing_support::ReadAll(apng);  // cut in its last frame: what it holds, then a failure
+  imaging::FrameReader cut(folder.WriteBytes(QStringLiteral("cut.png"), bytes.left(bytes.lastIndexOf("fdAT") + 8)));
+  int frames = 0;
+  while (cut.Next()) ++frames;
+  EXPECT_EQ(std::tuple(frames, cut.Failed()), std::tuple(2, true));
 }
 
 // A file cut short in its last frame gives what it holds, then says it failed.
