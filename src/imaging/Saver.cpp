@@ -3,6 +3,7 @@
 #include "imaging/Decoders.h"
 #include "imaging/Palette.h"
 #include "imaging/SaverInternal.h"
+#include "imaging/TiffExif.h"
 #include "imaging/WpgEncoder.h"
 
 #include "base/FileNames.h"
@@ -23,9 +24,15 @@ std::optional<QByteArray> WithVips(const Image& image, const VipsSaveSpec& spec)
   try {
     void* data = nullptr;
     size_t size = 0;
-    PreparedForVipsSave(image, spec).write_to_buffer(spec.Suffix.toLatin1().constData(), &data, &size, spec.Options());
+    const vips::VImage prepared = PreparedForVipsSave(image, spec);
+    prepared.write_to_buffer(spec.Suffix.toLatin1().constData(), &data, &size, spec.Options());
     QByteArray bytes(static_cast<const char*>(data), static_cast<qsizetype>(size));
     g_free(data);
+    if (spec.Suffix == QLatin1String(".tif") && prepared.get_typeof(VIPS_META_EXIF_NAME) != 0) {
+      size_t length = 0;
+      const void* exif = prepared.get_blob(VIPS_META_EXIF_NAME, &length);
+      return WithExif(bytes, QByteArray(static_cast<const char*>(exif), qsizetype(length)));
+    }
     return bytes;
   } catch (const vips::VError&) {
     vips_error_clear();

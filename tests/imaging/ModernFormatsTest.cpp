@@ -130,6 +130,29 @@ TEST(TodaysWriters, TiffIsWrittenWithTheCompressionAsked) {
   }
 }
 
+// EXIF, XMP and the ICC profile of a photo, written in by exiftool and libvips, read back by
+// exiftool from every format that holds them (the JPEG XL writer of this libvips writes a
+// bare codestream, which holds none of them).
+TEST(TodaysWriters, KeepTheCameraFactsTheXmpAndTheProfile) {
+  testing_support::TempFolder folder;
+  const QString photo = folder.File(QStringLiteral("photo.jpg"));
+  ASSERT_EQ(testing_support::Run(QStringLiteral("vips"), {"icc_transform", CorpusPath(QStringLiteral("formats/hopper.png")), photo,
+                                                          "/usr/share/color/icc/ghostscript/a98.icc"}).ExitCode, 0);
+  ASSERT_EQ(testing_support::Run(QStringLiteral("exiftool"), {"-q", "-overwrite_original", "-Make=Vistrel", "-DateTimeOriginal=2024:05:06 07:08:09",
+                                                              "-XMP-dc:Title=Hopper", photo}).ExitCode, 0);
+  const auto facts = [](const QString& path) {
+    return testing_support::Run(QStringLiteral("exiftool"), {"-s3", "-Make", "-DateTimeOriginal", "-Title", "-ProfileDescription", path}).Output;
+  };
+  const QString expected = facts(photo);
+  ASSERT_EQ(expected.count(u'\n'), 4);
+  const imaging::Image picture = imaging::LoadFile(photo).value();
+  for (const char* extension : {"jpg", "png", "webp", "avif", "heic", "tif"}) {
+    const QString saved = folder.File(QStringLiteral("saved.") + QLatin1String(extension));
+    ASSERT_TRUE(imaging::SaveImage(picture, saved)) << extension;
+    EXPECT_EQ(facts(saved), expected) << extension;
+  }
+}
+
 // Legacy types the corpus lacks or names differently.
 TEST(LegacyFormats, CalsWrittenByImageMagickOpens) {
   testing_support::TempFolder folder;
