@@ -5,6 +5,7 @@
 // frame (16.7 ms) after they were due, and the process's peak memory while it played.
 // Usage: bench_animation SOURCE_PHOTO (the animation is made once and kept in the cache)
 #include "BenchClock.h"
+#include "BenchWindow.h"
 #include "app/frmMain.h"
 #include "view/Viewport.h"
 
@@ -96,18 +97,13 @@ int main(int argc, char** argv) {
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   QApplication application(argc, argv);
   if (argc < 2) return 2;
-  const QString cache = QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation) + QStringLiteral("/vistrel-bench-animation");
-  if (!QFile::exists(cache + QStringLiteral("/still.gif"))) {
-    QDir().mkpath(cache);
-    if (!MakeAnimation(QString::fromLocal8Bit(argv[1]), cache)) return 1;
-  }
+  const QString source = QString::fromLocal8Bit(argv[1]);
+  const QString cache = bench::CachedFiles(QStringLiteral("vistrel-bench-animation"), QStringLiteral("still.gif"),
+                                           [&source](const QString& folder) { return MakeAnimation(source, folder); });
+  if (cache.isEmpty()) return 1;
   std::printf("animation_source: %d frames of 1920x1080 gif, %d ms each, window 1280x800\n", kFrames, kDelayCentiseconds * 10);
-  QTemporaryDir config;
-  app::frmMain window(config.filePath(QStringLiteral("Ini.in")));
-  window.RunStartup(QString());
-  window.State().Settings.FitToWindow = true;
-  window.resize(1280, 800);
-  window.show();
+  bench::FittedWindow fitted;
+  app::frmMain& window = fitted.window;
   const auto open = [&](const char* name) {
     return bench::BestMilliseconds(1, [&] {
       window.CurrentDocument().OpenFile(cache + u'/' + QLatin1String(name));

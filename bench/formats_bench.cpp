@@ -7,6 +7,7 @@
 // Usage: bench_formats SOURCE_PHOTO (the files are made once and kept in the cache)
 #include "BenchClock.h"
 #include "BenchCommand.h"
+#include "BenchWindow.h"
 #include "app/frmMain.h"
 #include "support/RawFiles.h"
 #include "view/Viewport.h"
@@ -75,17 +76,12 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   if (argc < 2) return 2;
   imaging::Initialize();
-  const QString cache = QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation) + QStringLiteral("/vistrel-bench-formats");
-  if (!QFile::exists(cache + QStringLiteral("/camera.dng"))) {
-    QDir().mkpath(cache);
-    if (!MakeFiles(QString::fromLocal8Bit(argv[1]), cache)) return 1;
-  }
-  QTemporaryDir config;
-  app::frmMain window(config.filePath(QStringLiteral("Ini.in")));
-  window.RunStartup(QString());
-  window.State().Settings.FitToWindow = true;
-  window.resize(1280, 800);
-  window.show();
+  const QString source = QString::fromLocal8Bit(argv[1]);
+  const QString cache = bench::CachedFiles(QStringLiteral("vistrel-bench-formats"), QStringLiteral("camera.dng"),
+                                           [&source](const QString& folder) { return MakeFiles(source, folder); });
+  if (cache.isEmpty()) return 1;
+  bench::FittedWindow fitted;
+  app::frmMain& window = fitted.window;
   const Opening heic = Open(window, cache + QStringLiteral("/24mp.heic"));
   const Opening raw = Open(window, cache + QStringLiteral("/camera.dng"));
   const double heicPeer = VipsThumbnailMs(cache + QStringLiteral("/24mp.heic"));
