@@ -94,14 +94,23 @@ int Save(const imaging::Image& image, const QString& output, const imaging::Save
   return imaging::SaveImage(image, output, options) ? 0 : CantSave(output, QSize(image.Width(), image.Height()));
 }
 
+// Frame `index` of an animation, as the player shows it.
+std::optional<imaging::Image> FrameOf(const QString& path, int index) {
+  imaging::FrameReader reader(path);
+  std::optional<imaging::Image> frame;
+  for (int i = 0; i <= index; ++i) frame = reader.Next();
+  return frame;
+}
+
 // `page` counts from 1, as the user does; an animation's frames count as its pages.
 int Convert(const QString& input, const QString& output, int page, const imaging::SaveOptions& options) {
-  const int pages = imaging::ReadSourceFacts(input).Pages;
+  const auto timing = imaging::ReadFrameTiming(input);
+  const int pages = timing ? int(timing->DelaysMs.size()) : imaging::ReadSourceFacts(input).Pages;
   if (page < 1 || page > pages) {
     Complain(QStringLiteral("Bad page: %1 (%2 has %3)").arg(page).arg(input, pages == 1 ? QStringLiteral("1 page") : QStringLiteral("%1 pages").arg(pages)));
     return 2;
   }
-  const auto image = imaging::LoadFile(input, page - 1);
+  const auto image = timing ? FrameOf(input, page - 1) : imaging::LoadFile(input, page - 1);
   return image ? Save(*image, output, options) : CantOpen(input);
 }
 
