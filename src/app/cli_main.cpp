@@ -9,12 +9,15 @@
 #include "files/FailureReasons.h"
 #include "imaging/Animation.h"
 #include "imaging/Loader.h"
+#include "imaging/LosslessJpeg.h"
 #include "imaging/Saver.h"
 #include "imaging/Streaming.h"
 #include "base/FileNames.h"
 #include "shell/DesktopWallpaper.h"
 #include "shell/Wallpaper.h"
 
+#include <QFile>
+#include <QFileInfo>
 #include <QGuiApplication>
 
 #include <cstdio>
@@ -28,7 +31,7 @@ constexpr const char* kUsage =
     "usage: vistrel-cli info FILE...\n"
     "       vistrel-cli convert [--page N] [--quality 1-100] [--compression lzw|deflate|jpeg|none] IN OUT\n"
     "       vistrel-cli thumbnail IN OUT WIDTHxHEIGHT\n"
-    "       vistrel-cli apply IN OUT OPERATION [VALUE...] [OPERATION [VALUE...]]...\n"
+    "       vistrel-cli apply IN OUT [AutoOrient] OPERATION [VALUE...] [OPERATION [VALUE...]]...\n"
     "       vistrel-cli wallpaper set FILE\n"
     "       vistrel-cli wallpaper remove\n"
     "       vistrel-cli print FILE... [--printer NAME | --pdf OUT.pdf] [--copies N] [--fit | --original] [--center]\n"
@@ -163,12 +166,36 @@ bool ApplyStreaming(const QString& input, const QString& output, const edit::Ope
   return imaging::SaveStreaming(*image, output);
 }
 
-int Apply(const QString& input, const QString& output, const QStringList& words) {
-  const edit::OperationChain chain = edit::ParseOperationChain(words);
+bool IsJpegName(const QString& path) {
+  static const QStringList kExtensions = {"jpg", "jpeg", "jpe", "jif"};
+  return kExtensions.contains(QFileInfo(path).suffix().toLower());
+}
+
+// A JPEG only turned or flipped into a JPEG has its compressed blocks moved (nothing lost,
+// every marker kept), upright by its EXIF orientation as every picture is read; where that
+// cannot be done perfectly it is decoded and saved as usual, and says so. nullopt: not this way.
+std::optional<int> ApplyLosslessly(const QString& input, const QString& output, const std::vector<edit::OperationStep>& steps) {
+  const auto move = edit::RightAngleMove(steps);
+  QFile file;
+  if (!move || !IsJpegName(output) || !base::OpenForReading(file, input) || !file.peek(3).startsWith("\xFF\xD8\xFF")) return std::nullopt;
+  const QByteArray jpeg = base::ReadWhole(file, qint64(1) << 30);
+  const imaging::LosslessResult moved = imaging::MoveJpegBlocks(jpeg, imaging::RightAngles::Upright(imaging::JpegOrientation(jpeg)).Then(*move));
+  if (moved.Jpeg) return imaging::SaveEncoded(*moved.Jpeg, output) ? 0 : CantSave(output);
+  Complain(QStringLiteral("saved with recompression: ") + moved.WhyNot);
+  return std::nullopt;
+}
+
+int Apply(const QString& input, const QString& output, QStringList words) {
+  // AutoOrient turns the picture upright by its EXIF orientation, as every reading does.
+  const bool autoOrient = !words.isEmpty() && words.front().compare(QLatin1String("AutoOrient"), Qt::CaseInsensitive) == 0;
+  if (autoOrient) words.removeFirst();
+  const edit::OperationChain chain = words.isEmpty() && autoOrient ? edit::OperationChain{} : edit::ParseOperationChain(words);
   if (!chain.Error.isEmpty()) {
     Complain(chain.Error);
     return 2;
   }
+  if (const auto code = ApplyLosslessly(input, output, chain.Steps)) return *code;
+  imaging::Initialize();
   if (ApplyStreaming(input, output, chain)) return 0;
   auto image = imaging::LoadFile(input);
   if (!image) return CantOpen(input);
@@ -217,11 +244,12 @@ int main(int argc, char** argv) {
     std::printf("vistrel-cli %s\n", VISTREL_VERSION);
     return 0;
   }
+  // A lossless move of a JPEG's blocks needs no libvips, whose start (its loaders' modules) would be most of its time.
+  if (verb == QLatin1String("apply") && arguments.size() >= 4) return Apply(arguments[1], arguments[2], arguments.mid(3));
   imaging::Initialize();
   if (verb == QLatin1String("info") && arguments.size() >= 2) return Info(arguments.mid(1));
   if (verb == QLatin1String("convert")) return ConvertCommand(arguments.mid(1));
   if (verb == QLatin1String("thumbnail") && arguments.size() == 4) return Thumbnail(arguments[1], arguments[2], arguments[3]);
-  if (verb == QLatin1String("apply") && arguments.size() >= 4) return Apply(arguments[1], arguments[2], arguments.mid(3));
   if (printing) {
     return cli::Print(arguments.mid(1), settings::ProgramSettingsPath());
   }

@@ -10,6 +10,7 @@
 #include "edit/Operation.h"
 #include "edit/OperationId.h"
 #include "imaging/Image.h"
+#include "imaging/LosslessJpeg.h"
 
 #include <QRect>
 #include <QStringList>
@@ -97,5 +98,9 @@ struct OperationChain {
   QString Error;  // empty when the words parsed
 };
 OperationChain ParseOperationChain(const QStringList& words);
+
+// The chain as one right-angle move when every step is one (Flip, Mirror, a Rotate by a
+// multiple of 90 degrees); nullopt otherwise.
+std::optional<imaging::RightAngles> RightAngleMove(const std::vector<OperationStep>& steps);
 
 }  // namespace edit

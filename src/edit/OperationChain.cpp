@@ -88,4 +88,16 @@ OperationChain ParseOperationChain(const QStringList& words) {
   return chain;
 }
 
+std::optional<imaging::RightAngles> RightAngleMove(const std::vector<OperationStep>& steps) {
+  imaging::RightAngles move = imaging::RightAngles::None();
+  for (const OperationStep& step : steps) {
+    const double degrees = step.Values.empty() ? 0 : step.Values.front();
+    if (step.Command->Id == OperationId::Flip) move = move.Then(imaging::RightAngles::Flip());
+    else if (step.Command->Id == OperationId::Mirror) move = move.Then(imaging::RightAngles::Mirror());
+    else if (step.Command->Id == OperationId::Rotate && std::fmod(degrees, 90) == 0) move = move.Then(imaging::RightAngles::Clockwise(int(degrees) / 90));
+    else return std::nullopt;
+  }
+  return move;
+}
+
 }  // namespace edit

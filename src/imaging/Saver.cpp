@@ -194,4 +194,9 @@ bool SaveImage(const Image& image, const QString& path, const SaveOptions& optio
   return bytes && WriteAtomically(*target, {*bytes});
 }
 
+bool SaveEncoded(const QByteArray& bytes, const QString& path) {
+  const auto target = base::WritableTarget(path);
+  return target && WriteAtomically(*target, {bytes});
+}
+
 }  // namespace imaging

@@ -47,5 +47,7 @@ qint64 LargestPixelsFor(const QString& lowerCaseExtension);
 // Encodes and writes atomically to base::WritableTarget(path); false when anything failed
 // (nothing changed on disk).
 bool SaveImage(const Image& image, const QString& path, const SaveOptions& options = {});
+// The same for a file already encoded.
+bool SaveEncoded(const QByteArray& bytes, const QString& path);
 
 }  // namespace imaging
