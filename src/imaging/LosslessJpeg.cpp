@@ -1,9 +1,9 @@
 #include "imaging/LosslessJpeg.h"
+#include "imaging/ExivInMemory.h"
 
 #include <QBuffer>
 #include <QImage>
 
-#include <exiv2/exiv2.hpp>
 #include <turbojpeg.h>
 
 #include <memory>
@@ -94,8 +94,7 @@ QByteArray MovedThumbnail(const QByteArray& jpeg, RightAngles move) {
 // The EXIF of the moved file told of its new geometry: upright, its size, a thumbnail moved too.
 QByteArray Retold(const QByteArray& jpeg, RightAngles move) {
   try {
-    Exiv2::Image::AutoPtr image = Exiv2::ImageFactory::open(reinterpret_cast<Bytes>(jpeg.constData()), long(jpeg.size()));
-    image->readMetadata();
+    const Exiv2::Image::AutoPtr image = OpenInMemory(jpeg);
     Exiv2::ExifData& exif = image->exifData();
     if (exif.empty()) return jpeg;
     if (exif.findKey(Exiv2::ExifKey("Exif.Image.Orientation")) != exif.end()) exif["Exif.Image.Orientation"] = uint16_t(1);
@@ -113,13 +112,7 @@ QByteArray Retold(const QByteArray& jpeg, RightAngles move) {
       if (moved.isEmpty()) thumbnail.erase();
       else thumbnail.setJpegThumbnail(reinterpret_cast<Bytes>(moved.constData()), long(moved.size()));
     }
-    image->writeMetadata();
-    Exiv2::BasicIo& io = image->io();
-    QByteArray bytes(qsizetype(io.size()), '\0');
-    if (io.seek(0, Exiv2::BasicIo::beg) != 0 || io.read(reinterpret_cast<Exiv2::byte*>(bytes.data()), long(bytes.size())) != long(bytes.size())) {
-      return jpeg;
-    }
-    return bytes;
+    return WrittenInMemory(*image, jpeg);
   } catch (const Exiv2::AnyError&) {
     return jpeg;
   }
@@ -140,8 +133,7 @@ LosslessResult MoveJpegBlocks(const QByteArray& jpeg, RightAngles move) {
 
 int JpegOrientation(const QByteArray& jpeg) {
   try {
-    Exiv2::Image::AutoPtr image = Exiv2::ImageFactory::open(reinterpret_cast<Bytes>(jpeg.constData()), long(jpeg.size()));
-    image->readMetadata();
+    const Exiv2::Image::AutoPtr image = OpenInMemory(jpeg);
     const auto found = image->exifData().findKey(Exiv2::ExifKey("Exif.Image.Orientation"));
     const long orientation = found == image->exifData().end() ? 1 : found->toLong();
     return orientation >= 1 && orientation <= 8 ? int(orientation) : 1;

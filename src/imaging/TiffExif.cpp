@@ -1,6 +1,6 @@
 #include "imaging/TiffExif.h"
 
-#include <exiv2/exiv2.hpp>
+#include "imaging/ExivInMemory.h"
 
 namespace imaging {
 
@@ -9,8 +9,7 @@ QByteArray WithExif(const QByteArray& tiff, const QByteArray& exif) {
   try {
     Exiv2::ExifData tags;
     Exiv2::ExifParser::decode(tags, reinterpret_cast<const Exiv2::byte*>(exif.constData()) + 6, uint32_t(exif.size() - 6));
-    Exiv2::Image::AutoPtr image = Exiv2::ImageFactory::open(reinterpret_cast<const Exiv2::byte*>(tiff.constData()), long(tiff.size()));
-    image->readMetadata();
+    const Exiv2::Image::AutoPtr image = OpenInMemory(tiff);
     Exiv2::ExifData& written = image->exifData();
     for (const Exiv2::Exifdatum& tag : tags) {
       // The TIFF's own layout (size, samples, strips) is exiv2's to keep; a thumbnail has no place here.
@@ -18,13 +17,7 @@ QByteArray WithExif(const QByteArray& tiff, const QByteArray& exif) {
       if (written.findKey(Exiv2::ExifKey(tag.key())) == written.end()) written.add(tag);
     }
     written["Exif.Image.Orientation"] = uint16_t(1);
-    image->writeMetadata();
-    Exiv2::BasicIo& io = image->io();
-    QByteArray bytes(qsizetype(io.size()), '\0');
-    if (io.seek(0, Exiv2::BasicIo::beg) != 0 || io.read(reinterpret_cast<Exiv2::byte*>(bytes.data()), long(bytes.size())) != long(bytes.size())) {
-      return tiff;
-    }
-    return bytes;
+    return WrittenInMemory(*image, tiff);
   } catch (const Exiv2::AnyError&) {
     return tiff;
   }
