@@ -6,10 +6,15 @@
 
 #include <exiv2/exiv2.hpp>
 
+#include <memory>
+
 namespace imaging {
 
-inline Exiv2::Image::AutoPtr OpenInMemory(const QByteArray& file) {
-  Exiv2::Image::AutoPtr image = Exiv2::ImageFactory::open(reinterpret_cast<const Exiv2::byte*>(file.constData()), long(file.size()));
+// exiv2 0.27 hands the image over in a std::auto_ptr, which C++17 deprecates: it is moved
+// into a std::unique_ptr at once.
+inline std::unique_ptr<Exiv2::Image> OpenInMemory(const QByteArray& file) {
+  std::unique_ptr<Exiv2::Image> image(
+      Exiv2::ImageFactory::open(reinterpret_cast<const Exiv2::byte*>(file.constData()), long(file.size())).release());
   image->readMetadata();
   return image;
 }

@@ -94,7 +94,7 @@ QByteArray MovedThumbnail(const QByteArray& jpeg, RightAngles move) {
 // The EXIF of the moved file told of its new geometry: upright, its size, a thumbnail moved too.
 QByteArray Retold(const QByteArray& jpeg, RightAngles move) {
   try {
-    const Exiv2::Image::AutoPtr image = OpenInMemory(jpeg);
+    const auto image = OpenInMemory(jpeg);
     Exiv2::ExifData& exif = image->exifData();
     if (exif.empty()) return jpeg;
     if (exif.findKey(Exiv2::ExifKey("Exif.Image.Orientation")) != exif.end()) exif["Exif.Image.Orientation"] = uint16_t(1);
@@ -133,7 +133,7 @@ LosslessResult MoveJpegBlocks(const QByteArray& jpeg, RightAngles move) {
 
 int JpegOrientation(const QByteArray& jpeg) {
   try {
-    const Exiv2::Image::AutoPtr image = OpenInMemory(jpeg);
+    const auto image = OpenInMemory(jpeg);
     const auto found = image->exifData().findKey(Exiv2::ExifKey("Exif.Image.Orientation"));
     const long orientation = found == image->exifData().end() ? 1 : found->toLong();
     return orientation >= 1 && orientation <= 8 ? int(orientation) : 1;

@@ -9,7 +9,7 @@ QByteArray WithExif(const QByteArray& tiff, const QByteArray& exif) {
   try {
     Exiv2::ExifData tags;
     Exiv2::ExifParser::decode(tags, reinterpret_cast<const Exiv2::byte*>(exif.constData()) + 6, uint32_t(exif.size() - 6));
-    const Exiv2::Image::AutoPtr image = OpenInMemory(tiff);
+    const auto image = OpenInMemory(tiff);
     Exiv2::ExifData& written = image->exifData();
     for (const Exiv2::Exifdatum& tag : tags) {
       // The TIFF's own layout (size, samples, strips) is exiv2's to keep; a thumbnail has no place here.
