@@ -1,7 +1,6 @@
 #include "imaging/Apng.h"
 
 #include "imaging/GifScan.h"
-#include "imaging/Loader.h"
 
 #include <QPainter>
 #include <QtEndian>
@@ -13,6 +12,11 @@ namespace imaging {
 namespace {
 
 const QByteArrayView kSignature("\x89PNG\r\n\x1a\n", 8);
+
+// The largest canvas played: it is held with the frame shown and the area a frame gives
+// back, so a tiny file that claims a huge canvas would cost a gigabyte a copy. A larger
+// APNG shows as its still picture.
+constexpr quint64 kLargestCanvas = quint64(8192) * 8192;
 
 quint32 Word(QByteArrayView bytes, qsizetype at) { return qFromBigEndian<quint32>(bytes.data() + at); }
 
@@ -71,7 +75,7 @@ bool ApngFrames::Parse() {
   });
   if (!good || header_.size() != 13) return false;
   const quint32 width = Word(header_, 0), height = Word(header_, 4);
-  if (width == 0 || height == 0 || std::int64_t(width) * height > kMaxPixels) return false;
+  if (width == 0 || height == 0 || quint64(width) * height > kLargestCanvas) return false;
   for (const Frame& frame : frames_) {
     if (frame.Width == 0 || frame.Height == 0 || quint64(frame.X) + frame.Width > width || quint64(frame.Y) + frame.Height > height) {
       return false;
