@@ -42,7 +42,7 @@ void Settle(app::frmMain& window) {
   (void)window.CurrentDocument().CurrentImage()->ToQImage();
   const auto& history = window.CurrentDocument().UndoHistory();
   for (int slot = 0; slot < history.kSlots; ++slot) {
-    if (const auto& state = history.PictureIn(slot)) (void)state->Bytes();
+    if (const auto& state = history.PictureIn(slot)) (void)state->Picture.Bytes();
   }
 }
 
@@ -90,7 +90,7 @@ int main(int argc, char** argv) {
     Paint(window);
     undo = std::min(undo, MillisecondsSince(start));
     for (int slot = 0; slot < session.UndoHistory().Count(); ++slot) {
-      if (const auto& state = session.UndoHistory().PictureIn(slot)) (void)state->Bytes();  // packed by now
+      if (const auto& state = session.UndoHistory().PictureIn(slot)) (void)state->Picture.Bytes();  // packed by now
     }
     const Clock::time_point again = Clock::now();
     session.Undo();  // to a state that only its packed copy holds

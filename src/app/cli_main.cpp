@@ -12,6 +12,7 @@
 #include "imaging/LosslessJpeg.h"
 #include "imaging/Saver.h"
 #include "imaging/Streaming.h"
+#include "base/FileFormats.h"
 #include "base/FileNames.h"
 #include "shell/DesktopWallpaper.h"
 #include "shell/Wallpaper.h"
@@ -166,20 +167,18 @@ bool ApplyStreaming(const QString& input, const QString& output, const edit::Ope
   return imaging::SaveStreaming(*image, output);
 }
 
-bool IsJpegName(const QString& path) {
-  static const QStringList kExtensions = {"jpg", "jpeg", "jpe", "jif"};
-  return kExtensions.contains(QFileInfo(path).suffix().toLower());
-}
-
-// A JPEG only turned or flipped into a JPEG has its compressed blocks moved (nothing lost,
+// A JPEG only turned, flipped or cropped into a JPEG has its compressed blocks moved (nothing lost,
 // every marker kept), upright by its EXIF orientation as every picture is read; where that
 // cannot be done perfectly it is decoded and saved as usual, and says so. nullopt: not this way.
 std::optional<int> ApplyLosslessly(const QString& input, const QString& output, const std::vector<edit::OperationStep>& steps) {
-  const auto move = edit::RightAngleMove(steps);
   QFile file;
-  if (!move || !IsJpegName(output) || !base::OpenForReading(file, input) || !file.peek(3).startsWith("\xFF\xD8\xFF")) return std::nullopt;
+  if (!base::HasJpegName(output) || !base::OpenForReading(file, input) || !file.peek(3).startsWith("\xFF\xD8\xFF")) return std::nullopt;
   const QByteArray jpeg = base::ReadWhole(file, qint64(1) << 30);
-  const imaging::LosslessResult moved = imaging::MoveJpegBlocks(jpeg, imaging::RightAngles::Upright(imaging::JpegOrientation(jpeg)).Then(*move));
+  const imaging::RightAngles upright = imaging::RightAngles::Upright(imaging::JpegOrientation(jpeg));
+  const QSize stored = imaging::JpegSize(jpeg);
+  const auto edit = edit::BlockEditOf(steps, upright.SwapsSides() ? stored.transposed() : stored);
+  if (!edit) return std::nullopt;
+  const imaging::LosslessResult moved = imaging::MoveJpegBlocks(jpeg, edit->After(upright));
   if (moved.Jpeg) return imaging::SaveEncoded(*moved.Jpeg, output) ? 0 : CantSave(output);
   Complain(QStringLiteral("saved with recompression: ") + moved.WhyNot);
   return std::nullopt;

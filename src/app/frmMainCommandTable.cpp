@@ -131,10 +131,24 @@ void frmMain::DeclareViewCommands() {
                                                   [this] { return state_.Settings.ShowStatusBar; }});
 }
 
+// The quick turns and flips have keys and buttons, as in other viewers: Ctrl+R and Ctrl+L
+// turn, Ctrl+Shift+H and Ctrl+Shift+V flip.
 void frmMain::DeclareImageCommands() {
+  struct Quick {
+    const char* Name;
+    QKeyCombination Key;
+    const char* Icon;
+  };
+  static const Quick kQuick[] = {{"mnuImageRotateLeft", Qt::CTRL | Qt::Key_L, "object-rotate-left"},
+                                 {"mnuImageRotateRight", Qt::CTRL | Qt::Key_R, "object-rotate-right"},
+                                 {"mnuImageFlipHorizontal", Qt::CTRL | Qt::SHIFT | Qt::Key_H, "object-flip-horizontal"},
+                                 {"mnuImageFlipVertical", Qt::CTRL | Qt::SHIFT | Qt::Key_V, "object-flip-vertical"}};
   for (const edit::CatalogueCommand& operation : edit::Catalogue()) {
-    commands_.Declare({operation.Command, operation.MenuCaption},
-                      {[this, &operation] { RunCatalogueCommand(operation); }, [this] { return CanRunImageCommand(); }});
+    Command command{operation.Command, operation.MenuCaption};
+    for (const Quick& quick : kQuick) {
+      if (qstrcmp(quick.Name, operation.Command) == 0) command = {operation.Command, operation.MenuCaption, quick.Key, quick.Icon, operation.UndoName};
+    }
+    commands_.Declare(command, {[this, &operation] { RunCatalogueCommand(operation); }, [this] { return CanRunImageCommand(); }});
   }
 }
 
@@ -180,6 +194,7 @@ void frmMain::BuildMenus() {
        {"@mnuImageFilters|&Filters", "mnuImageFiltersBlend", "mnuImageFiltersBlur", "mnuImageFiltersDiffuse",
         "mnuImageFiltersDilate", "mnuImageFiltersErode", "mnuImageFiltersMedian", "mnuImageFiltersMosaic",
         "mnuImageFiltersMotionBlur", "mnuImageFiltersNoise", "mnuImageFiltersSharpen", "mnuImageFiltersSoften", "@",
+        "-", "mnuImageRotateLeft", "mnuImageRotateRight", "mnuImageFlipHorizontal", "mnuImageFlipVertical",
         "-", "mnuImageFlip", "mnuImageMirror", "mnuImageRotate", "mnuImageResize", "mnuImageCrop",
         "mnuImagePerspective", "mnuImagePinch", "mnuImageRipple", "mnuImageSwirl"});
   menu("mnuTools", "&Tools",
@@ -203,7 +218,8 @@ void frmMain::BuildToolbar() {
   commands_.FillMenu(*popup, {"mnuViewImage", "mnuViewListAndImage", "mnuViewThumbnails"});
   viewButton->setMenu(popup);
   commands_.FillToolbar(*ctlToolbar_, {"mnuFileOpenFolder", "mnuFileOpenFile", "mnuFileSave", nullptr, "mnuEditUndo",
-                                       "mnuEditRedo", nullptr, "mnuViewZoomIn", "mnuViewZoomOut", "mnuViewFit",
+                                       "mnuEditRedo", nullptr, "mnuImageRotateLeft", "mnuImageRotateRight",
+                                       "mnuImageFlipHorizontal", "mnuImageFlipVertical", nullptr, "mnuViewZoomIn", "mnuViewZoomOut", "mnuViewFit",
                                        "mnuViewBoton", "mnuViewFullScreen", nullptr, "mnuToolsSlideShow"});
   if (auto* button = qobject_cast<QToolButton*>(ctlToolbar_->widgetForAction(viewButton))) {
     button->setPopupMode(QToolButton::MenuButtonPopup);

@@ -57,7 +57,7 @@ void frmMain::RunCatalogueCommand(const edit::CatalogueCommand& command) {
     return;
   }
   interimFrame_ = InterimFrame(command, shownFrame, arguments);
-  document_.ApplyEdit(*applied.Picture, undoName, command.ChangesGeometry());
+  document_.ApplyEdit(*applied.Picture, undoName, command.ChangesGeometry(), edit::BlockStepOf(command, arguments));
   interimFrame_ = QImage();
 }
 

@@ -1,5 +1,7 @@
 #include "base/FileFormats.h"
 
+#include <QFileInfo>
+
 namespace base {
 
 namespace {
@@ -64,6 +66,11 @@ const FileFormat* FindFileFormat(const QString& lowerCaseExtension) {
     if (lowerCaseExtension == QLatin1String(format.Extension)) return &format;
   }
   return nullptr;
+}
+
+bool HasJpegName(const QString& path) {
+  const FileFormat* format = FindFileFormat(QFileInfo(path).suffix().toLower());
+  return format && qstrcmp(format->MimeType, "image/jpeg") == 0;
 }
 
 std::vector<const FileFormat*> FormatGroups() {

@@ -39,6 +39,9 @@ const std::vector<FileFormat>& FileFormats();
 // The row of a lower-case extension, or null.
 const FileFormat* FindFileFormat(const QString& lowerCaseExtension);
 
+// Whether the file's name says it is a JPEG.
+bool HasJpegName(const QString& path);
+
 // The groups' first rows, in order.
 std::vector<const FileFormat*> FormatGroups();
 // A group's extensions.

@@ -14,8 +14,11 @@
 #include "edit/UndoHistory.h"
 #include "files/LoadImageFile.h"
 #include "imaging/Image.h"
+#include "imaging/LosslessJpeg.h"
 #include "imaging/PackedImage.h"
+#include "imaging/Saver.h"
 
+#include <QDateTime>
 #include <QFuture>
 #include <QObject>
 #include <QThreadPool>
@@ -70,12 +73,19 @@ struct WhatIsOpen {
   QString Folder;  // the folder open
 };
 
+// A state of the image in the history: its packed picture, and the turns, flips and crops
+// that lead to it from the file's own picture when no other edit was made.
+struct HistoryState {
+  imaging::PackedImage Picture;
+  std::optional<imaging::BlockEdit> Blocks;
+};
+
 class Document : public QObject {
   Q_OBJECT
 
  public:
   using Loader = std::function<std::optional<files::LoadedImage>(const QString& path)>;
-  using History = edit::UndoHistory<imaging::PackedImage>;
+  using History = edit::UndoHistory<HistoryState>;
   using Scanner = std::function<std::vector<browse::FileEntry>(const QString& folder, browse::ScanFilter filter,
                                                                const std::atomic_bool* cancel)>;
 
@@ -153,8 +163,10 @@ class Document : public QObject {
   const History& UndoHistory() const { return history_; }
   bool IsChanged() const { return history_.IsChanged(); }
   bool CanEdit() const { return viewMode_ != ViewMode::Thumbnails && ImageLoaded(); }
-  // An edit's result becomes the image, recorded as a step named `undoName`.
-  void ApplyEdit(const imaging::Image& edited, const QString& undoName, bool changesGeometry = false);
+  // An edit's result becomes the image, recorded as a step named `undoName`; `blocks` tells
+  // a turn, flip or crop a JPEG's compressed blocks can follow.
+  void ApplyEdit(const imaging::Image& edited, const QString& undoName, bool changesGeometry = false,
+                 const std::optional<imaging::BlockStep>& blocks = std::nullopt);
   void Undo();
   void Redo();
 
@@ -167,7 +179,10 @@ class Document : public QObject {
   bool OfferToSaveChanges();
   // Open File with a chosen path: false (after "Can't open file") when it does not load.
   bool OpenFile(const QString& path);
-  // Writes the image; on success the history starts again from it. No message here.
+  // Writes the image; on success the history starts again from it. A JPEG only turned,
+  // flipped or cropped since it was read is saved as a JPEG by moving its compressed blocks,
+  // so nothing is lost; where that cannot be done it is encoded again and the status bar
+  // says why. No other message here.
   bool SaveImageTo(const QString& path);
   // After Save As: the single file follows the new name; in a folder the list is
   // rescanned and the new file selected when it is in the folder.
@@ -206,6 +221,11 @@ class Document : public QObject {
   void ForgetWhatIsOpen();
   void AnnounceNeighbours();
   void StartHistory();  // a new history with the image shown as its unnamed base state
+  void RememberBaseFile(const QString& path);
+  // Saved by moving the blocks: true or false for written or not; nullopt when that way does
+  // not apply (saveNote_ then tells why when it nearly did).
+  std::optional<bool> SaveByMovingBlocks(const QString& path);
+  imaging::SaveOptions SaveOptions() const;
   void RecordBase();
   bool AskToSave(bool forgetOnNo);
   void ShowState(const edit::UndoMove& move);
@@ -240,6 +260,15 @@ class Document : public QObject {
   // The image shown before the last edit, undo or redo, kept whole so that going back to it
   // is instant (its packed state hands it back while it lives).
   std::optional<imaging::Image> previous_;
+  // The file the history's base state was read from or saved to, as it was then, and the
+  // turns and crops since, while there were no other edits.
+  struct BaseFile {
+    QString Path;
+    QDateTime Modified;
+    qint64 Size = -1;
+  } baseFile_;
+  std::optional<imaging::BlockEdit> blocks_;
+  QString saveNote_;  // what the status bar says after a save
 };
 
 }  // namespace document

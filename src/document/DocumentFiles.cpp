@@ -1,10 +1,13 @@
 // Opening and saving on the document: the save-changes question, Open File with a
 // chosen path, writing the image, and what a successful Save As changes.
+#include "base/FileFormats.h"
+#include "base/FileNames.h"
 #include "base/Paths.h"
 #include "document/Document.h"
 #include "files/FileDialogs.h"
 #include "imaging/Saver.h"
 
+#include <QFile>
 #include <QFileInfo>
 
 #include <algorithm>
@@ -72,13 +75,43 @@ void Document::CloseFile() {
 
 bool Document::SaveImageTo(const QString& path) {
   DevelopPreview();
+  saveNote_.clear();
+  if (!image_ || files::IsMarkedReadOnly(path)) return false;
+  const std::optional<bool> moved = SaveByMovingBlocks(path);
+  if (moved ? !*moved : !imaging::SaveImage(*image_, path, SaveOptions())) return false;
+  StartHistory();
+  RememberBaseFile(path);
+  Q_EMIT StatusChanged(saveNote_);
+  return true;
+}
+
+imaging::SaveOptions Document::SaveOptions() const {
   imaging::SaveOptions options;
   options.PaletteBits = paletteBits_;
   options.Quality = std::clamp(int(state_.Settings.SaveQuality), 1, 100);
   options.Tiff = imaging::TiffCompression(std::clamp(int(state_.Settings.TiffCompression), 0, 3));
-  if (!image_ || files::IsMarkedReadOnly(path) || !imaging::SaveImage(*image_, path, options)) return false;
-  StartHistory();
-  return true;
+  return options;
+}
+
+// The file the history began from must still be the JPEG it was, and the moved blocks must
+// give the picture shown; anything else is saved from the pixels.
+std::optional<bool> Document::SaveByMovingBlocks(const QString& path) {
+  const QFileInfo source(baseFile_.Path);
+  if (!blocks_ || !base::HasJpegName(path) || baseFile_.Path.isEmpty() || source.lastModified() != baseFile_.Modified ||
+      source.size() != baseFile_.Size) {
+    return std::nullopt;
+  }
+  QFile file;
+  if (!base::OpenForReading(file, baseFile_.Path) || !file.peek(3).startsWith("\xFF\xD8\xFF")) return std::nullopt;
+  const QByteArray jpeg = base::ReadWhole(file, qint64(1) << 30);
+  const auto upright = imaging::RightAngles::Upright(imaging::JpegOrientation(jpeg));
+  const imaging::LosslessResult moved = imaging::MoveJpegBlocks(jpeg, blocks_->After(upright));
+  if (!moved.Jpeg) {
+    saveNote_ = QStringLiteral("saved with recompression: ") + moved.WhyNot;
+    return std::nullopt;
+  }
+  if (imaging::JpegSize(*moved.Jpeg) != QSize(image_->Width(), image_->Height())) return std::nullopt;
+  return imaging::SaveEncoded(*moved.Jpeg, path);
 }
 
 // Saved outside the folder shown, the image goes on as that single file, so Save and the
@@ -98,7 +131,7 @@ void Document::AfterSaveAs(const QString& path) {
     shownRow_ = list_.RowOfFileName(QFileInfo(path).fileName());
     Q_EMIT ListRowSelected(shownRow_);
   }
-  Q_EMIT StatusChanged({});
+  Q_EMIT StatusChanged(saveNote_);
   Q_EMIT StateChanged();
 }
 

@@ -60,6 +60,14 @@ std::vector<CatalogueCommand> MakeCatalogue() {
        [](const Image& i, const Arguments&) { return ops::Parabolic(i, false); }},
       {Id::RedEye, "mnuColorsRedEye", "Red E&ye Removal", "", "Red Eye Removal", "Select an area to apply red eye removal", kRandomAccess, kSelection,
        [](const Image& i, const Arguments& a) { return ops::RedEyeRemoval(i, Area(a)); }},
+      {Id::RotateLeft, "mnuImageRotateLeft", "Rotate &Left", "", "Rotate Left", "", kChangesGeometry | kRandomAccess, {},
+       [](const Image& i, const Arguments&) { return ops::Rotate(i, -90); }},
+      {Id::RotateRight, "mnuImageRotateRight", "Rotate Righ&t", "", "Rotate Right", "", kChangesGeometry | kRandomAccess, {},
+       [](const Image& i, const Arguments&) { return ops::Rotate(i, 90); }},
+      {Id::FlipHorizontal, "mnuImageFlipHorizontal", "Flip &Horizontal", "", "Flip Horizontal", "", kNoTrait, {},
+       [](const Image& i, const Arguments&) { return ops::Mirror(i); }},
+      {Id::FlipVertical, "mnuImageFlipVertical", "Flip &Vertical", "", "Flip Vertical", "", kRandomAccess, {},
+       [](const Image& i, const Arguments&) { return ops::Flip(i); }},
       {Id::Flip, "mnuImageFlip", "F&lip", "", "Flip", "", kRandomAccess, {}, [](const Image& i, const Arguments&) { return ops::Flip(i); }},
       {Id::Mirror, "mnuImageMirror", "&Mirror", "", "Mirror", "", kNoTrait, {}, [](const Image& i, const Arguments&) { return ops::Mirror(i); }},
       {Id::Rotate, "mnuImageRotate", "&Rotate...", "Rotate", "Rotate", "", kChangesGeometry | kRandomAccess, {{"angle", -180, 180, Source::TextBox, 1, true}},
@@ -153,6 +161,25 @@ Applied TryApply(const CatalogueCommand& command, const Image& image, const Argu
   } catch (const imaging::ops::OperationFailed& failure) {
     return {std::nullopt, QString::fromUtf8(failure.what())};
   }
+}
+
+std::optional<imaging::BlockStep> BlockStepOf(const CatalogueCommand& command, const Arguments& values) {
+  using imaging::RightAngles;
+  const double degrees = values.empty() ? 0 : values.front();
+  switch (command.Id) {
+    case Id::RotateLeft: return RightAngles::Clockwise(-1);
+    case Id::RotateRight: return RightAngles::Clockwise(1);
+    case Id::FlipHorizontal: case Id::Mirror: return RightAngles::Mirror();
+    case Id::FlipVertical: case Id::Flip: return RightAngles::Flip();
+    case Id::Rotate:
+      if (std::fmod(degrees, 90) == 0) return RightAngles::Clockwise(int(degrees) / 90);
+      break;
+    case Id::Crop:
+      if (values.size() == 4) return Area(values);
+      break;
+    default: break;
+  }
+  return std::nullopt;
 }
 
 Operation PreviewOperation(const CatalogueCommand& command) {

@@ -84,6 +84,9 @@ struct Applied {
   QString Failure;  // empty when it worked
 };
 Applied TryApply(const CatalogueCommand& command, const imaging::Image& image, const Arguments& values);
+// The edit as one the compressed blocks of a JPEG can follow (a right-angle turn or flip, a
+// crop); nullopt for any other.
+std::optional<imaging::BlockStep> BlockStepOf(const CatalogueCommand& command, const Arguments& values);
 // The parameter dialog's preview: Apply with the dialog's current values.
 Operation PreviewOperation(const CatalogueCommand& command);
 
@@ -99,8 +102,8 @@ struct OperationChain {
 };
 OperationChain ParseOperationChain(const QStringList& words);
 
-// The chain as one right-angle move when every step is one (Flip, Mirror, a Rotate by a
-// multiple of 90 degrees); nullopt otherwise.
-std::optional<imaging::RightAngles> RightAngleMove(const std::vector<OperationStep>& steps);
+// The chain as the blocks of a JPEG of `picture`'s size can follow it, when every step is
+// a right-angle turn or flip or a crop; nullopt otherwise.
+std::optional<imaging::BlockEdit> BlockEditOf(const std::vector<OperationStep>& steps, QSize picture);
 
 }  // namespace edit

@@ -88,16 +88,14 @@ OperationChain ParseOperationChain(const QStringList& words) {
   return chain;
 }
 
-std::optional<imaging::RightAngles> RightAngleMove(const std::vector<OperationStep>& steps) {
-  imaging::RightAngles move = imaging::RightAngles::None();
+std::optional<imaging::BlockEdit> BlockEditOf(const std::vector<OperationStep>& steps, QSize picture) {
+  imaging::BlockEdit edit(picture);
   for (const OperationStep& step : steps) {
-    const double degrees = step.Values.empty() ? 0 : step.Values.front();
-    if (step.Command->Id == OperationId::Flip) move = move.Then(imaging::RightAngles::Flip());
-    else if (step.Command->Id == OperationId::Mirror) move = move.Then(imaging::RightAngles::Mirror());
-    else if (step.Command->Id == OperationId::Rotate && std::fmod(degrees, 90) == 0) move = move.Then(imaging::RightAngles::Clockwise(int(degrees) / 90));
-    else return std::nullopt;
+    const auto blocks = BlockStepOf(*step.Command, step.Values);
+    if (!blocks) return std::nullopt;
+    edit = edit.Then(*blocks);
   }
-  return move;
+  return edit;
 }
 
 }  // namespace edit

@@ -6,6 +6,7 @@
 
 #include <turbojpeg.h>
 
+#include <algorithm>
 #include <memory>
 
 namespace imaging {
@@ -44,6 +45,27 @@ int RightAngles::TurboOperation() const {
   return TJXOP_NONE;
 }
 
+BlockEdit BlockEdit::Then(const BlockStep& step) const {
+  BlockEdit next = *this;
+  if (const auto* area = std::get_if<QRect>(&step)) {
+    next.crop_ = area->translated(crop_.topLeft()) & crop_;
+    return next;
+  }
+  const RightAngles move = std::get<RightAngles>(step);
+  const QTransform turn = move.AsTransform();
+  const QRectF whole = turn.mapRect(QRectF(QPointF(0, 0), QSizeF(whole_)));
+  next.move_ = move_.Then(move);
+  next.whole_ = whole.size().toSize();
+  next.crop_ = turn.mapRect(QRectF(crop_)).translated(-whole.topLeft()).toRect();
+  return next;
+}
+
+BlockEdit BlockEdit::After(RightAngles first) const {
+  BlockEdit edit = *this;
+  edit.move_ = first.Then(move_);
+  return edit;
+}
+
 namespace {
 
 struct TurboHandle {
@@ -52,13 +74,14 @@ struct TurboHandle {
 
 using Bytes = const unsigned char*;
 
-// Moves the blocks; the moved file, or nullopt with `error` set to libjpeg-turbo's reason.
-std::optional<QByteArray> Transform(const QByteArray& jpeg, int operation, int options) {
+// Moves the blocks and crops to `crop` when it is not empty; nullopt when libjpeg-turbo refuses.
+std::optional<QByteArray> Transform(const QByteArray& jpeg, int operation, int options, const QRect& crop = {}) {
   const std::unique_ptr<void, TurboHandle> handle(tjInitTransform());
   if (!handle) return std::nullopt;
   tjtransform transform{};
   transform.op = operation;
-  transform.options = options;
+  transform.options = options | (crop.isEmpty() ? 0 : TJXOPT_CROP);
+  transform.r = {crop.x(), crop.y(), crop.width(), crop.height()};
   unsigned char* moved = nullptr;
   unsigned long size = 0;
   const int failed = tjTransform(handle.get(), reinterpret_cast<Bytes>(jpeg.constData()), static_cast<unsigned long>(jpeg.size()), 1,
@@ -69,30 +92,44 @@ std::optional<QByteArray> Transform(const QByteArray& jpeg, int operation, int o
   return result;
 }
 
-// The block size the file's subsampling gives, or 0 when its header cannot be read.
-int BlockSize(const QByteArray& jpeg, bool swapped) {
+struct Header {
+  QSize Size;
+  QSize Block;  // the block grid the chroma subsampling gives
+};
+
+std::optional<Header> ReadHeader(const QByteArray& jpeg) {
   const std::unique_ptr<void, TurboHandle> handle(tjInitDecompress());
   int width = 0, height = 0, subsampling = 0, colourspace = 0;
   if (!handle || tjDecompressHeader3(handle.get(), reinterpret_cast<Bytes>(jpeg.constData()), static_cast<unsigned long>(jpeg.size()),
                                      &width, &height, &subsampling, &colourspace) != 0 || subsampling < 0 || subsampling >= TJ_NUMSAMP) {
-    return 0;
+    return std::nullopt;
   }
-  return std::max(swapped ? tjMCUHeight[subsampling] : tjMCUWidth[subsampling], tjMCUHeight[subsampling]);
+  return Header{QSize(width, height), QSize(tjMCUWidth[subsampling], tjMCUHeight[subsampling])};
 }
 
-// A thumbnail's blocks are moved too, or, where its sides are not whole blocks, it is
-// decoded, moved and encoded again: it is small, and a preview only.
-QByteArray MovedThumbnail(const QByteArray& jpeg, RightAngles move) {
-  if (const auto moved = Transform(jpeg, move.TurboOperation(), TJXOPT_PERFECT)) return *moved;
-  const QImage picture = QImage::fromData(jpeg, "JPEG");
+// A thumbnail's blocks are moved too where it is not cropped and its sides are whole blocks;
+// otherwise it is decoded, moved, cut to `keep` (a fraction of it) and encoded again: it is
+// small, and a preview only.
+QByteArray MovedThumbnail(const QByteArray& jpeg, RightAngles move, const QRectF& keep) {
+  const bool whole = keep == QRectF(0, 0, 1, 1);
+  if (whole) {
+    if (const auto moved = Transform(jpeg, move.TurboOperation(), TJXOPT_PERFECT)) return *moved;
+  }
+  QImage picture = QImage::fromData(jpeg, "JPEG");
   if (picture.isNull()) return {};
+  picture = picture.transformed(move.AsTransform());
+  if (!whole) {
+    const QSizeF size(picture.size());
+    picture = picture.copy(QRectF(keep.x() * size.width(), keep.y() * size.height(), keep.width() * size.width(), keep.height() * size.height()).toRect());
+  }
   QByteArray encoded;
   QBuffer buffer(&encoded);
-  return buffer.open(QIODevice::WriteOnly) && picture.transformed(move.AsTransform()).save(&buffer, "JPEG", 90) ? encoded : QByteArray();
+  return buffer.open(QIODevice::WriteOnly) && picture.save(&buffer, "JPEG", 90) ? encoded : QByteArray();
 }
 
-// The EXIF of the moved file told of its new geometry: upright, its size, a thumbnail moved too.
-QByteArray Retold(const QByteArray& jpeg, RightAngles move) {
+// The EXIF of the moved file told of its new geometry: upright, its size, a thumbnail moved
+// (and cut to `keep`, the fraction of the moved picture kept) too.
+QByteArray Retold(const QByteArray& jpeg, RightAngles move, const QRectF& keep = {0, 0, 1, 1}) {
   try {
     const auto image = OpenInMemory(jpeg);
     Exiv2::ExifData& exif = image->exifData();
@@ -100,15 +137,15 @@ QByteArray Retold(const QByteArray& jpeg, RightAngles move) {
     if (exif.findKey(Exiv2::ExifKey("Exif.Image.Orientation")) != exif.end()) exif["Exif.Image.Orientation"] = uint16_t(1);
     const auto width = exif.findKey(Exiv2::ExifKey("Exif.Photo.PixelXDimension"));
     const auto height = exif.findKey(Exiv2::ExifKey("Exif.Photo.PixelYDimension"));
-    if (move.SwapsSides() && width != exif.end() && height != exif.end()) {
-      const long across = width->toLong(), down = height->toLong();
-      exif["Exif.Photo.PixelXDimension"] = uint32_t(down);
-      exif["Exif.Photo.PixelYDimension"] = uint32_t(across);
+    const std::optional<Header> header = ReadHeader(jpeg);
+    if (header && width != exif.end() && height != exif.end()) {
+      exif["Exif.Photo.PixelXDimension"] = uint32_t(header->Size.width());
+      exif["Exif.Photo.PixelYDimension"] = uint32_t(header->Size.height());
     }
     Exiv2::ExifThumb thumbnail(exif);
     const Exiv2::DataBuf stored = thumbnail.copy();
     if (stored.size_ > 0) {
-      const QByteArray moved = MovedThumbnail(QByteArray(reinterpret_cast<const char*>(stored.pData_), stored.size_), move);
+      const QByteArray moved = MovedThumbnail(QByteArray(reinterpret_cast<const char*>(stored.pData_), stored.size_), move, keep);
       if (moved.isEmpty()) thumbnail.erase();
       else thumbnail.setJpegThumbnail(reinterpret_cast<Bytes>(moved.constData()), long(moved.size()));
     }
@@ -118,17 +155,43 @@ QByteArray Retold(const QByteArray& jpeg, RightAngles move) {
   }
 }
 
+const QString kNotMovable = QStringLiteral("the file is not a JPEG this program can move");
+
+QString NotWholeBlocks(const Header& header) {
+  return QStringLiteral("the image is not a multiple of %1 pixels").arg(std::max(header.Block.width(), header.Block.height()));
+}
+
 }  // namespace
 
 LosslessResult MoveJpegBlocks(const QByteArray& jpeg, RightAngles move) {
   if (move.IsNone()) return {Retold(jpeg, move), {}};
   const auto moved = Transform(jpeg, move.TurboOperation(), TJXOPT_PERFECT);
   if (!moved) {
-    const int block = BlockSize(jpeg, move.SwapsSides());
-    return {std::nullopt, block > 0 ? QStringLiteral("the image is not a multiple of %1 pixels").arg(block)
-                                    : QStringLiteral("the file is not a JPEG this program can move")};
+    const std::optional<Header> header = ReadHeader(jpeg);
+    return {std::nullopt, header ? NotWholeBlocks(*header) : kNotMovable};
   }
   return {Retold(*moved, move), {}};
+}
+
+LosslessResult MoveJpegBlocks(const QByteArray& jpeg, const BlockEdit& edit) {
+  if (!edit.Crops()) return MoveJpegBlocks(jpeg, edit.Move());
+  const std::optional<Header> header = ReadHeader(jpeg);
+  if (!header) return {std::nullopt, kNotMovable};
+  const QSize block = edit.Move().SwapsSides() ? header->Block.transposed() : header->Block;
+  const QRect crop = edit.Crop();
+  if (crop.x() % block.width() != 0 || crop.y() % block.height() != 0) {
+    return {std::nullopt, QStringLiteral("the crop does not start on the %1-pixel block grid").arg(std::max(block.width(), block.height()))};
+  }
+  const auto moved = Transform(jpeg, edit.Move().TurboOperation(), TJXOPT_PERFECT, crop);
+  if (!moved) return {std::nullopt, NotWholeBlocks(*header)};
+  const QSizeF whole(edit.Move().SwapsSides() ? header->Size.transposed() : header->Size);
+  const QRectF keep(crop.x() / whole.width(), crop.y() / whole.height(), crop.width() / whole.width(), crop.height() / whole.height());
+  return {Retold(*moved, edit.Move(), keep), {}};
+}
+
+QSize JpegSize(const QByteArray& jpeg) {
+  const std::optional<Header> header = ReadHeader(jpeg);
+  return header ? header->Size : QSize();
 }
 
 int JpegOrientation(const QByteArray& jpeg) {

@@ -6,10 +6,12 @@
 // trimmed instead.
 
 #include <QByteArray>
+#include <QRect>
 #include <QString>
 #include <QTransform>
 
 #include <optional>
+#include <variant>
 
 namespace imaging {
 
@@ -38,6 +40,28 @@ class RightAngles {
   int a_, b_, c_, d_;
 };
 
+// One edit the blocks can follow: a right-angle move, or a crop to an area of the picture.
+using BlockStep = std::variant<RightAngles, QRect>;
+
+// Right-angle moves and crops in any order, as one move of the whole picture followed by
+// one crop of it.
+class BlockEdit {
+ public:
+  explicit BlockEdit(QSize picture) : whole_(picture), crop_(QPoint(0, 0), picture) {}
+  BlockEdit Then(const BlockStep& step) const;
+  // The same edits on a picture that `first` turns into the one they began on.
+  BlockEdit After(RightAngles first) const;
+  RightAngles Move() const { return move_; }
+  // The area kept, within the moved whole picture.
+  QRect Crop() const { return crop_; }
+  bool Crops() const { return crop_ != QRect(QPoint(0, 0), whole_); }
+
+ private:
+  RightAngles move_ = RightAngles::None();
+  QSize whole_;
+  QRect crop_;
+};
+
 struct LosslessResult {
   std::optional<QByteArray> Jpeg;  // the moved file, its EXIF orientation upright
   QString WhyNot;                  // when there is none: "the image is not a multiple of 16 pixels"
@@ -45,6 +69,11 @@ struct LosslessResult {
 
 // `jpeg` moved by `move`; the EXIF orientation, size and thumbnail follow the new picture.
 LosslessResult MoveJpegBlocks(const QByteArray& jpeg, RightAngles move);
+// The same with a crop, whose top left corner must lie on the block grid.
+LosslessResult MoveJpegBlocks(const QByteArray& jpeg, const BlockEdit& edit);
+
+// The size a JPEG's header states; empty when it is not a JPEG.
+QSize JpegSize(const QByteArray& jpeg);
 
 // The EXIF orientation a JPEG states (1 when none).
 int JpegOrientation(const QByteArray& jpeg);

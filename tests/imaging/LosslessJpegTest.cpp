@@ -3,6 +3,7 @@
 // and a photo whose sides are not whole blocks is recompressed and says so.
 #include "imaging/Loader.h"
 #include "support/ImageCompare.h"
+#include "support/RawFiles.h"
 #include "support/TestFiles.h"
 
 #include <QImage>
@@ -24,16 +25,8 @@ double Difference(const QString& a, const QString& b) {
 
 class LosslessJpeg : public ::testing::Test {
  protected:
-  // A 1024 x 768 photo (whole 16-pixel blocks: ImageMagick halves the chroma at quality 85)
-  // with camera facts, a profile and `orientation`.
   QString Photo(const char* name, const char* size = "1024x768!", int orientation = 1) {
-    const QString path = folder_.File(QLatin1String(name));
-    EXPECT_EQ(support::Run(QStringLiteral("vips"), {"icc_transform", QStringLiteral(VISTREL_SOURCE_DIR "/samples/landscape.jpg"), folder_.File("p.png"),
-                                           "/usr/share/color/icc/ghostscript/a98.icc"}).ExitCode, 0);
-    EXPECT_EQ(support::Run(QStringLiteral("convert"), {folder_.File("p.png"), "-resize", size, "-quality", "85", path}).ExitCode, 0);
-    EXPECT_EQ(support::Run(QStringLiteral("exiftool"), {"-q", "-overwrite_original", "-Make=Vistrel", "-DateTimeOriginal=2024:05:06 07:08:09",
-                                               QStringLiteral("-Orientation#=%1").arg(orientation), path}).ExitCode, 0);
-    return path;
+    return support::MakeCameraJpeg(folder_.File(QLatin1String(name)), QLatin1String(size), orientation);
   }
   testing_support::ProgramRun Apply(const QString& in, const QString& out, const QStringList& operations) {
     return support::Run(QStringLiteral(VISTREL_CLI_PATH), QStringList{"apply", in, out} + operations);
@@ -49,6 +42,7 @@ TEST_F(LosslessJpeg, MovesGiveJpegtransPixelsAndCancellingMovesTheOriginal) {
   } cases[] = {{{"Rotate", "90"}, {"-rotate", "90"}},         {{"Rotate", "-90"}, {"-rotate", "270"}},
                {{"Rotate", "180"}, {"-rotate", "180"}},       {{"Mirror"}, {"-flip", "horizontal"}},
                {{"Flip"}, {"-flip", "vertical"}},             {{"Rotate", "90", "Mirror"}, {"-transpose"}},
+               {{"Crop", "16", "32", "512", "384"}, {"-crop", "512x384+16+32"}},
                {{"Rotate", "90", "Rotate", "-90"}, {}},       {{"Rotate", "90", "Rotate", "90", "Rotate", "90", "Rotate", "90"}, {}}};
   for (const auto& c : cases) {
     const QString moved = folder_.File(QStringLiteral("moved.jpg")), expected = folder_.File(QStringLiteral("expected.jpg"));

@@ -84,4 +84,15 @@ QString MakeDng(const QString& path, const DngRecipe& recipe) {
   return withPreview ? path : QString();
 }
 
+QString MakeCameraJpeg(const QString& path, const QString& size, int orientation) {
+  const QString scene = path + QStringLiteral(".png");
+  const bool made = Ran(QStringLiteral("vips"), {"icc_transform", QStringLiteral(VISTREL_SOURCE_DIR "/samples/landscape.jpg"), scene,
+                                                 "/usr/share/color/icc/ghostscript/a98.icc"}) &&
+                    Ran(QStringLiteral("convert"), {scene, "-resize", size, "-quality", "85", path}) &&
+                    Ran(QStringLiteral("exiftool"), {"-q", "-overwrite_original", "-Make=Vistrel", "-DateTimeOriginal=2024:05:06 07:08:09",
+                                                     QStringLiteral("-Orientation#=%1").arg(orientation), path});
+  QFile::remove(scene);
+  return made ? path : QString();
+}
+
 }  // namespace testing_support
