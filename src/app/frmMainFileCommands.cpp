@@ -215,8 +215,7 @@ bool frmMain::RunSave() {
     ShowCantSave(target, QStringLiteral("Save"));
     return false;
   }
-  RefreshStatusBar({});
-  return true;
+  return true;  // the document has told the status bar of the new file
 }
 
 // A file of several pages, or of more bits per channel than the picture now has, loses them when saved over:

@@ -1,6 +1,7 @@
 // The editing commands' frame on the real main window, with the parameter dialog driven
 // through the window's dialog runner.
 #include "edit/Catalogue.h"
+#include "imaging/Operations.h"
 #include "support/DialogAnswerer.h"
 #include "support/ImageCompare.h"
 #include "support/MainWindowTest.h"
@@ -147,6 +148,35 @@ TEST_F(frmMainCatalogueTest, RotateNinetyThroughItsButtonSwapsTheSidesAndTheDesk
   EXPECT_EQ(window_->ImageView().Percentage(), 120);
   QTest::keyClick(window_.get(), Qt::Key_Minus, Qt::ControlModifier);
   EXPECT_EQ(window_->ImageView().Percentage(), 100);
+}
+
+// The quick turns and flips on their keys, each an undo step; a photo whose sides are not
+// whole JPEG blocks is saved encoded again, and the status bar says so.
+TEST_F(frmMainCatalogueTest, QuickTurnsAndFlipsRunOnTheirKeysAndSaveSaysWhenItEncodesAgain) {
+  const QString file = pictures_.File(QStringLiteral("photo.jpg"));
+  QImage(testing_support::CorpusPath(QStringLiteral("formats/hopper.png"))).scaled(120, 90).save(file, "JPEG", 95);
+  Start(file, /*alwaysFit=*/false);
+  const imaging::Image original = *Doc().CurrentImage();
+  window_->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+  const struct {
+    Qt::Key key;
+    Qt::KeyboardModifiers modifiers;
+    const char* undo;
+    const char* size;
+  } keys[] = {{Qt::Key_R, Qt::ControlModifier, "&Undo Rotate Right", "90 x 120"},
+              {Qt::Key_L, Qt::ControlModifier, "&Undo Rotate Left", "120 x 90"},
+              {Qt::Key_H, Qt::ControlModifier | Qt::ShiftModifier, "&Undo Flip Horizontal", "120 x 90"},
+              {Qt::Key_V, Qt::ControlModifier | Qt::ShiftModifier, "&Undo Flip Vertical", "120 x 90"}};
+  for (const auto& k : keys) {
+    QTest::keyClick(window_.get(), k.key, k.modifiers);
+    EXPECT_EQ(Command("mnuEditUndo")->text(), QLatin1String(k.undo));
+    EXPECT_EQ(Pane("lblStatusSize"), QLatin1String(k.size));
+  }
+  EXPECT_EQ(MeanAbsoluteDifference(*Doc().CurrentImage(), imaging::ops::RotateQuarter(original, 2)), 0);
+  Trigger("mnuFileSave");
+  EXPECT_FALSE(Doc().IsChanged());
+  EXPECT_EQ(Pane("lblStatusName"), QStringLiteral("saved with recompression: the image is not a multiple of 16 pixels"));
 }
 
 }  // namespace
