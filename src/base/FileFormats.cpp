@@ -35,7 +35,7 @@ const std::vector<FileFormat>& FileFormats() {
       {"wmf", "Windows metafile image", "image/wmf", "WMF", kScanned, "wmf;emf", nullptr, kReadOnly},
       {"wpg", "Word Perfect graphic bitmap image", "application/x-wpg", "WPG", kScanned, "wpg",
        "Word Perfect graphic bitmap (*.wpg)", kWritable},
-      // Today's types, read by libvips (Photoshop's by the helper); libvips writes WebP, HEIF, AVIF and JPEG XL.
+      // Today's types, read by libvips (Photoshop's and OpenEXR by the helper); libvips writes WebP, HEIF, AVIF and JPEG XL.
       {"tiff", "Tiff image", "image/tiff", "", kNotScanned, nullptr, nullptr, kWritable, "tif", kHoldsPages, kModern},
       {"webp", "WebP image", "image/webp", "", kNotScanned, "webp", "WebP (*.webp)", kWritable, nullptr, kHoldsPages, kModern},
       {"heic", "HEIF image", "image/heic", "", kNotScanned, "heic;heif", "HEIF (*.heic)", kWritable, nullptr, kHoldsPages, kModern},
@@ -44,6 +44,7 @@ const std::vector<FileFormat>& FileFormats() {
       {"jxl", "JPEG XL image", "image/jxl", "", kNotScanned, "jxl", "JPEG XL (*.jxl)", kWritable, nullptr, false, kModern},
       {"jp2", "JPEG 2000 image", "image/jp2", "", kNotScanned, "jp2", nullptr, kReadOnly, nullptr, false, kModern},
       {"svg", "SVG drawing", "image/svg+xml", "", kNotScanned, "svg", nullptr, kReadOnly, nullptr, false, kModern},
+      {"exr", "OpenEXR image", "image/x-exr", "EXR", kNotScanned, "exr", nullptr, kReadOnly, nullptr, false, kModern},
       {"psd", "Photoshop image", "image/vnd.adobe.photoshop", "PSD", kNotScanned, "psd", nullptr, kReadOnly, nullptr, false, kModern},
       {"pdf", "PDF document", "application/pdf", "", kNotScanned, "pdf", nullptr, kReadOnly, nullptr, kHoldsPages, kModern},
       // Camera RAW, read by our LibRaw helper.

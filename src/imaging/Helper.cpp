@@ -35,7 +35,7 @@ namespace {
 // we always name the coder ourselves, so no file reaches them by its own say.
 const char kPolicy[] = R"(<policymap>
   <policy domain="coder" rights="none" pattern="*" />
-  <policy domain="coder" rights="read | write" pattern="{BMP,BMP2,BMP3,DIB,ICO,CUR,PCX,DCX,CALS,GROUP4,TIFF,TGA,WPG,WMF,PBM,PGM,PPM,PNM,PAM,PSD}" />
+  <policy domain="coder" rights="read | write" pattern="{BMP,BMP2,BMP3,DIB,ICO,CUR,PCX,DCX,CALS,GROUP4,TIFF,TGA,WPG,WMF,PBM,PGM,PPM,PNM,PAM,PSD,EXR}" />
   <policy domain="delegate" rights="none" pattern="*" />
   <policy domain="path" rights="none" pattern="@*" />
 </policymap>

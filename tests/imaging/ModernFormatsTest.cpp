@@ -25,8 +25,8 @@ TEST_P(TodaysFormats, OpenWhatTheirOwnEncodersWrote) {
   testing_support::TempFolder folder;
   const QString hopper = CorpusPath(QStringLiteral("formats/hopper.png"));
   const QString path = folder.File(QStringLiteral("hopper.") + QLatin1String(extension));
-  const bool psd = QLatin1String(extension) == QLatin1String("psd");
-  const auto made = testing_support::Run(QLatin1String(psd ? "convert" : "vips"), psd ? QStringList{hopper, path} : QStringList{"copy", hopper, path});
+  const bool magick = QLatin1String(format) == QLatin1String("PSD") || QLatin1String(format) == QLatin1String("EXR");
+  const auto made = testing_support::Run(QLatin1String(magick ? "convert" : "vips"), magick ? QStringList{hopper, path} : QStringList{"copy", hopper, path});
   ASSERT_EQ(made.ExitCode, 0) << made.Errors.toStdString();
   const auto loaded = imaging::LoadImage(path);
   ASSERT_TRUE(loaded.has_value());
@@ -43,7 +43,8 @@ TEST_P(TodaysFormats, OpenWhatTheirOwnEncodersWrote) {
 
 INSTANTIATE_TEST_SUITE_P(Formats, TodaysFormats,
                          ::testing::Values(std::pair("avif", "HEIF"), std::pair("heic", "HEIF"), std::pair("jxl", "JXL"),
-                                           std::pair("jp2", "JP2"), std::pair("webp", "WEBP"), std::pair("psd", "PSD")));
+                                           std::pair("jp2", "JP2"), std::pair("webp", "WEBP"), std::pair("psd", "PSD"),
+                                           std::pair("exr", "EXR")));
 
 TEST(TodaysFormats, AnSvgDrawingOpensAtItsOwnSize) {
   testing_support::TempFolder folder;
