@@ -6,6 +6,7 @@
 #include "base/Colors.h"
 #include "document/StatusText.h"
 #include "browse/ThumbnailsView.h"
+#include "imaging/Drawing.h"
 #include "view/Viewport.h"
 #include "widgets/Fonts.h"
 
@@ -133,6 +134,9 @@ void frmMain::ShowThumbnails() {
 void frmMain::ShowImage(const imaging::Image* image) {
   picFondo_->SetImage(image ? std::optional<imaging::Image>(*image) : std::nullopt, document_.Natural(),
                       state_.Settings.FitToWindow);
+  if (const QString path = document_.CurrentFilePath(); image && imaging::IsScalableDrawing(path)) {
+    picFondo_->SetRedraw([path](double scale, const QRect& area) { return imaging::DrawnArea(path, scale, area); });
+  }
   PlayAnimationShown();
 }
 

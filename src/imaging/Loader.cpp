@@ -63,13 +63,13 @@ std::optional<Image> Decode(const QString& path, const Decision& decision, const
   return std::nullopt;
 }
 
+}  // namespace
+
 Decision DecisionFor(const QString& path) {
   QFile file;
   if (!base::OpenForReading(file, path)) return {};
   return ChooseDecoder(file.read(32), LowerCaseExtension(path));
 }
-
-}  // namespace
 
 bool ComesInOnWhite(const QString& ext) {
   static const QStringList kTypes = {"cur", "emf", "gif", "ico", "rle", "wmf"};

@@ -21,6 +21,8 @@ struct Decision {
 };
 
 Decision ChooseDecoder(const QByteArray& head, const QString& lowerCaseExtension);
+// The same for a file, from its first bytes and its name; Route::None when it does not open.
+Decision DecisionFor(const QString& path);
 
 // The coder the helper uses for an extension, when the in-process reader fails.
 QString HelperCoderForExtension(const QString& lowerCaseExtension);

@@ -21,6 +21,7 @@ ImageCanvas::ImageCanvas(QWidget* parent) : QWidget(parent) {
 
 void ImageCanvas::SetImage(const std::optional<imaging::Image>& image, double pixelsPerImagePixel) {
   image_ = image;
+  redraw_ = {};
   pixelsPerImagePixel_ = pixelsPerImagePixel;
   ++generation_;
   reducing_ = false;
@@ -130,7 +131,7 @@ void ImageCanvas::paintEvent(QPaintEvent* event) {
   const double scale = percentage_ / 100.0 / devicePixelRatioF();
   if (percentage_ < 100) {
     painter.drawImage(QRectF(0, 0, width(), height()), Source());
-  } else {
+  } else if (!PaintRedrawn(painter, event->rect())) {
     // Only the exposed part, each image pixel a sharp block.
     const QRectF exposed = event->rect();
     const double step = scale / pixelsPerImagePixel_;
@@ -165,6 +166,43 @@ void ImageCanvas::PaintConverted(QPainter& painter, const QRectF& exposed, const
   } catch (const imaging::ops::OperationFailed&) {
     // Out of memory for even this part: the white ground stays.
   }
+}
+
+// Above 100 %, the drawing's part on screen drawn at the zoom when it is ready; otherwise it
+// is asked for (with half a screen around it, for scrolling) and false is returned.
+bool ImageCanvas::PaintRedrawn(QPainter& painter, const QRectF& exposed) {
+  if (!redraw_ || percentage_ <= 100) return false;
+  const double ratio = devicePixelRatioF();
+  const QRectF device(exposed.topLeft() * ratio, exposed.size() * ratio);
+  if (redrawn_.Generation != generation_ || !QRectF(redrawn_.Area).contains(device)) {
+    RequestRedraw();
+    return false;
+  }
+  painter.drawImage(exposed, redrawn_.Picture, device.translated(-redrawn_.Area.topLeft()));
+  return true;
+}
+
+void ImageCanvas::RequestRedraw() {
+  if (redrawing_ || failedGeneration_ == generation_) return;
+  const double ratio = devicePixelRatioF();
+  const QRectF visible = visibleRegion().boundingRect();
+  const QRectF around = visible.adjusted(-visible.width() / 2, -visible.height() / 2, visible.width() / 2, visible.height() / 2);
+  const QRect area = QRectF(around.topLeft() * ratio, around.size() * ratio).toAlignedRect() & QRect(QPoint(0, 0), size() * ratio);
+  if (area.isEmpty()) return;
+  redrawing_ = true;
+  auto* watcher = new QFutureWatcher<QImage>(this);
+  connect(watcher, &QFutureWatcher<QImage>::finished, this, [this, watcher, area, generation = generation_] {
+    watcher->deleteLater();
+    redrawing_ = false;
+    if (generation != generation_) return update();  // the zoom or image changed: ask for the new part
+    if (watcher->result().isNull()) failedGeneration_ = generation;
+    else redrawn_ = {generation, area, watcher->result()};
+    update();
+  });
+  watcher->setFuture(QtConcurrent::run([redraw = redraw_, scale = percentage_ / 100.0, area] {
+    const std::optional<imaging::Image> part = redraw(scale, area);
+    return !part ? QImage() : part->HasAlpha() ? part->ForScreenWithAlpha() : part->ForScreen();
+  }));
 }
 
 void ImageCanvas::mousePressEvent(QMouseEvent* event) {

@@ -2,7 +2,7 @@
 // `imaImagen`: the image at the current zoom, sized to it and moved under `picFondo` by
 // the scroll bars. It paints only the part that is exposed: below 100 % from a copy
 // reduced (Lanczos, from the nearest display level) once per zoom, above it with sharp pixels straight from
-// the image. It draws the selection outline and reports the mouse in its own twips.
+// the image, or, for a drawing, the part on screen drawn again at the zoom. It draws the selection outline and reports the mouse in its own twips.
 
 #include "imaging/Image.h"
 
@@ -11,6 +11,7 @@
 #include <QRect>
 #include <QWidget>
 
+#include <functional>
 #include <optional>
 
 namespace view {
@@ -42,6 +43,11 @@ class ImageCanvas : public QWidget {
   bool FrameExact() const { return !reducing_; }
   // The selection outline, in image pixels; an empty rectangle hides it.
   void SetOutline(const QRect& imagePixels);
+  // A drawing, drawn again for a zoom: the part `area` of it (in pixels at `scale`).
+  using Redraw = std::function<std::optional<imaging::Image>(double scale, const QRect& area)>;
+  // Until the next image, the part on screen above 100 % is drawn again by `redraw`, off
+  // the UI thread, and replaces the enlarged pixels when it is ready.
+  void SetRedraw(Redraw redraw) { redraw_ = std::move(redraw); }
 
  Q_SIGNALS:
   void Pressed(QPointF position);
@@ -61,6 +67,8 @@ class ImageCanvas : public QWidget {
   QSize ReducedSize() const;
   void ReduceInBackground();
   void PaintConverted(QPainter& painter, const QRectF& exposed, const QRectF& source);
+  bool PaintRedrawn(QPainter& painter, const QRectF& exposed);
+  void RequestRedraw();
 
   std::optional<imaging::Image> image_;
   QImage full_;     // the image at 100 %, for zooms above it
@@ -70,6 +78,14 @@ class ImageCanvas : public QWidget {
   QRect outline_;
   int generation_ = 0;  // of the image and zoom; a reduction made for an older one is dropped
   bool reducing_ = false;
+  Redraw redraw_;
+  struct Redrawn {
+    int Generation = -1;
+    QRect Area;  // in device pixels of the canvas
+    QImage Picture;
+  } redrawn_;
+  bool redrawing_ = false;
+  int failedGeneration_ = -1;  // a redraw that gave nothing is not asked again
 };
 
 }  // namespace view

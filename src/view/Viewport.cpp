@@ -76,6 +76,10 @@ void Viewport::SetImage(const std::optional<imaging::Image>& image, base::Natura
   Show(image, natural, fit);
 }
 
+void Viewport::SetRedraw(std::function<std::optional<imaging::Image>(double scale, const QRect& area)> redraw) {
+  imaImagen_->SetRedraw(std::move(redraw));
+}
+
 void Viewport::ShowStandIn(const imaging::Image& picture, base::NaturalSize natural, bool fit) {
   SelectNone();
   Show(picture, natural, fit);

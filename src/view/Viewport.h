@@ -40,6 +40,8 @@ class Viewport : public QWidget {
   void RemakeFrames();
   // A reduced picture in the place of an image still being read, at the whole image's
   // size and zoom; SetImage replaces it.
+  // The image shown is a drawing: above 100 % its part on screen is drawn again (ImageCanvas).
+  void SetRedraw(std::function<std::optional<imaging::Image>(double scale, const QRect& area)> redraw);
   void ShowStandIn(const imaging::Image& picture, base::NaturalSize natural, bool fit);
   // An edited, undone or redone image: the zoom and any selection stay. `interim`, when
   // given, is shown at once while the exact frame is made (ImageCanvas::ShowInterimFrame).

@@ -1,8 +1,11 @@
 // The view's widgets on the offscreen platform: the full-screen view (fitted up to 1000 %,
 // closed only by a deliberate key or click once ready), the Zoom dialog typed into as a
-// user would, and the image control's outline and stand-in.
+// user would, and the image control's outline, stand-in and drawings drawn again.
 #include "support/DialogAnswerer.h"
 #include "support/ImageCompare.h"
+#include "imaging/Drawing.h"
+#include "imaging/Loader.h"
+#include "support/TestFiles.h"
 #include "view/ImageCanvas.h"
 #include "view/frmFull.h"
 #include "view/frmZoom.h"
@@ -165,6 +168,26 @@ TEST(ImageCanvas, AnInterimFrameGivesWayToTheExactOne) {
   canvas.SetZoom(25);  // before the exact frame for 50 % is made
   QTest::qWait(200);
   EXPECT_TRUE(canvas.ReducedFrame().isNull());  // made again at the next paint, for 25 %
+}
+
+// A drawing above 100 % is drawn again at the zoom: its circle's edge is libvips' own at
+// that scale, not enlarged pixels.
+TEST(ImageCanvas, ADrawingIsDrawnAgainAtTheZoom) {
+  testing_support::TempFolder folder;
+  const QString svg = folder.WriteBytes(QStringLiteral("ring.svg"),
+                                        "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"60\" height=\"40\"><rect width=\"60\" height=\"40\" "
+                                        "fill=\"white\"/><circle cx=\"20\" cy=\"20\" r=\"15\" fill=\"none\" stroke=\"red\"/></svg>");
+  const auto redraw = [svg](double scale, const QRect& area) { return imaging::DrawnArea(svg, scale, area); };
+  view::ImageCanvas canvas(nullptr);
+  canvas.SetImage(imaging::LoadFile(svg).value());
+  canvas.SetRedraw(redraw);
+  canvas.SetZoom(800);
+  canvas.resize(480, 320);
+  canvas.show();
+  const imaging::Image sharp = redraw(8, QRect(0, 0, 480, 320)).value();
+  const auto difference = [&] { return testing_support::MeanAbsoluteDifference(imaging::Image::FromQImage(canvas.grab().toImage()), sharp); };
+  EXPECT_GT(difference(), 1);  // the enlarged pixels first
+  EXPECT_TRUE(QTest::qWaitFor([&] { return difference() < 0.5; }, 5000));
 }
 
 }  // namespace
