@@ -59,10 +59,26 @@ vips::VImage Normalized(vips::VImage image) {
   return AsSamples(image, format);
 }
 
+namespace {
+
+// libvips' HEIF loader (8.14) lends its profile from memory that its own image frees: the
+// picture kept gets metadata of its own while the loader's image still lives.
+vips::VImage WithOwnMetadata(vips::VImage image) {
+  for (const char* name : {VIPS_META_ICC_NAME, VIPS_META_EXIF_NAME, VIPS_META_XMP_NAME}) {
+    if (image.get_typeof(name) == 0) continue;
+    size_t length = 0;
+    const void* data = image.get_blob(name, &length);
+    vips_image_set_blob_copy(image.get_image(), name, data, length);
+  }
+  return image;
+}
+
+}  // namespace
+
 Image Wrap(vips::VImage image, bool onWhite) {
   image = Normalized(image);
   if (onWhite) image = FlattenedOnWhite(image);
-  return Image::FromInternal(Image::Pixels{image.copy_memory()});
+  return Image::FromInternal(Image::Pixels{WithOwnMetadata(image.copy_memory())});
 }
 
 Image::Image(std::shared_ptr<const Pixels> pixels) : pixels_(std::move(pixels)) {}

@@ -3,7 +3,7 @@
 #include "imaging/Decoders.h"
 #include "imaging/Palette.h"
 #include "imaging/SaverInternal.h"
-#include "imaging/TiffExif.h"
+#include "imaging/WrittenMetadata.h"
 #include "imaging/WpgEncoder.h"
 
 #include "base/FileNames.h"
@@ -20,6 +20,14 @@ namespace {
 
 const QStringList kPaletteFormats = {"bmp", "dib", "png", "pcx", "dcx"};
 
+// A metadata blob of the image, or nothing.
+QByteArray Blob(const vips::VImage& image, const char* name) {
+  if (image.get_typeof(name) == 0) return {};
+  size_t length = 0;
+  const void* data = image.get_blob(name, &length);
+  return QByteArray(static_cast<const char*>(data), qsizetype(length));
+}
+
 std::optional<QByteArray> WithVips(const Image& image, const VipsSaveSpec& spec) {
   try {
     void* data = nullptr;
@@ -28,11 +36,8 @@ std::optional<QByteArray> WithVips(const Image& image, const VipsSaveSpec& spec)
     prepared.write_to_buffer(spec.Suffix.toLatin1().constData(), &data, &size, spec.Options());
     QByteArray bytes(static_cast<const char*>(data), static_cast<qsizetype>(size));
     g_free(data);
-    if (spec.Suffix == QLatin1String(".tif") && prepared.get_typeof(VIPS_META_EXIF_NAME) != 0) {
-      size_t length = 0;
-      const void* exif = prepared.get_blob(VIPS_META_EXIF_NAME, &length);
-      return WithExif(bytes, QByteArray(static_cast<const char*>(exif), qsizetype(length)));
-    }
+    if (spec.Suffix == QLatin1String(".tif")) return WithExif(bytes, Blob(prepared, VIPS_META_EXIF_NAME));
+    if (spec.Suffix == QLatin1String(".jxl")) return JxlWithMetadata(bytes, Blob(prepared, VIPS_META_EXIF_NAME), Blob(prepared, VIPS_META_XMP_NAME));
     return bytes;
   } catch (const vips::VError&) {
     vips_error_clear();

@@ -131,9 +131,9 @@ TEST(TodaysWriters, TiffIsWrittenWithTheCompressionAsked) {
   }
 }
 
-// EXIF, XMP and the ICC profile of a photo, written in by exiftool and libvips, read back by
-// exiftool from every format that holds them (the JPEG XL writer of this libvips writes a
-// bare codestream, which holds none of them).
+// EXIF, XMP and the ICC profile of a photo, written in by exiftool and libvips: exiftool reads
+// the facts back from every format that holds them, and our reader the profile (but a lossy
+// JPEG XL's, which this libvips hands back as linear sRGB, the pixels converted).
 TEST(TodaysWriters, KeepTheCameraFactsTheXmpAndTheProfile) {
   testing_support::TempFolder folder;
   const QString photo = folder.File(QStringLiteral("photo.jpg"));
@@ -142,15 +142,18 @@ TEST(TodaysWriters, KeepTheCameraFactsTheXmpAndTheProfile) {
   ASSERT_EQ(testing_support::Run(QStringLiteral("exiftool"), {"-q", "-overwrite_original", "-Make=Vistrel", "-DateTimeOriginal=2024:05:06 07:08:09",
                                                               "-XMP-dc:Title=Hopper", photo}).ExitCode, 0);
   const auto facts = [](const QString& path) {
-    return testing_support::Run(QStringLiteral("exiftool"), {"-s3", "-Make", "-DateTimeOriginal", "-Title", "-ProfileDescription", path}).Output;
+    const QString profile = path.endsWith(QLatin1String(".jxl")) ? QString() : imaging::DescribeProfile(imaging::LoadFile(path).value().IccProfile());
+    return testing_support::Run(QStringLiteral("exiftool"), {"-s3", "-Make", "-DateTimeOriginal", "-Title", path}).Output + profile;
   };
   const QString expected = facts(photo);
-  ASSERT_EQ(expected.count(u'\n'), 4);
+  ASSERT_EQ(expected.count(u'\n'), 3);
+  ASSERT_FALSE(expected.endsWith(u'\n'));  // the profile's description follows
   const imaging::Image picture = imaging::LoadFile(photo).value();
-  for (const char* extension : {"jpg", "png", "webp", "avif", "heic", "tif"}) {
+  for (const char* extension : {"jpg", "png", "webp", "avif", "heic", "tif", "jxl"}) {
     const QString saved = folder.File(QStringLiteral("saved.") + QLatin1String(extension));
     ASSERT_TRUE(imaging::SaveImage(picture, saved)) << extension;
-    EXPECT_EQ(facts(saved), expected) << extension;
+    const bool jxl = QLatin1String(extension) == QLatin1String("jxl");
+    EXPECT_EQ(facts(saved), jxl ? expected.section(u'\n', 0, 2) + u'\n' : expected) << extension;
   }
 }
 
