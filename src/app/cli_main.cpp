@@ -1,6 +1,7 @@
 // vistrel-cli: the headless companion for scripts and batch work. The viewer's own
 // command line stays a single path. Every command and exit code is described in the
 // manual page, docs/man/vistrel-cli.1.scd.
+#include "app/CliBatch.h"
 #include "app/CliOutput.h"
 #include "app/CliPrint.h"
 #include "app/CliShell.h"
@@ -27,10 +28,11 @@
 
 namespace {
 
-constexpr int kLargestThumbnailSide = 16384;
 constexpr const char* kUsage =
     "usage: vistrel-cli info FILE...\n"
     "       vistrel-cli convert [--page N] [--quality 1-100] [--compression lzw|deflate|jpeg|none] IN OUT\n"
+    "       vistrel-cli convert IN... --to DIR [--format EXT] [--fit WxH] [--jobs N] [--name PATTERN]\n"
+    "                   [--existing skip|replace|rename] [--quality Q] [--compression C] [OPERATION [VALUE...]]...\n"
     "       vistrel-cli thumbnail IN OUT WIDTHxHEIGHT\n"
     "       vistrel-cli apply IN OUT [AutoOrient] OPERATION [VALUE...] [OPERATION [VALUE...]]...\n"
     "       vistrel-cli wallpaper set FILE\n"
@@ -83,17 +85,6 @@ int Info(const QStringList& paths) {
   return failures == 0 ? 0 : 1;
 }
 
-// "320x240": both sides whole numbers from 1 to kLargestThumbnailSide.
-std::optional<QSize> ThumbnailBox(const QString& text) {
-  const QStringList sides = text.split(u'x');
-  if (sides.size() != 2) return std::nullopt;
-  bool wideOk = false, highOk = false;
-  const int width = sides[0].toInt(&wideOk), height = sides[1].toInt(&highOk);
-  const auto inRange = [](int side) { return side >= 1 && side <= kLargestThumbnailSide; };
-  if (!wideOk || !highOk || !inRange(width) || !inRange(height)) return std::nullopt;
-  return QSize(width, height);
-}
-
 int Save(const imaging::Image& image, const QString& output, const imaging::SaveOptions& options = {}) {
   return imaging::SaveImage(image, output, options) ? 0 : CantSave(output, QSize(image.Width(), image.Height()));
 }
@@ -142,9 +133,9 @@ int ConvertCommand(QStringList words) {
 }
 
 int Thumbnail(const QString& input, const QString& output, const QString& boxText) {
-  const auto box = ThumbnailBox(boxText);
+  const auto box = cli::ParseBox(boxText);
   if (!box) {
-    Complain(QStringLiteral("Bad size: %1 (WIDTHxHEIGHT, each from 1 to %2)").arg(boxText).arg(kLargestThumbnailSide));
+    Complain(QStringLiteral("Bad size: %1 (WIDTHxHEIGHT, each from 1 to %2)").arg(boxText).arg(cli::kLargestBoxSide));
     return 2;
   }
   const auto image = imaging::LoadFitting(input, box->width(), box->height());
@@ -247,6 +238,7 @@ int main(int argc, char** argv) {
   if (verb == QLatin1String("apply") && arguments.size() >= 4) return Apply(arguments[1], arguments[2], arguments.mid(3));
   imaging::Initialize();
   if (verb == QLatin1String("info") && arguments.size() >= 2) return Info(arguments.mid(1));
+  if (verb == QLatin1String("convert") && arguments.contains(QStringLiteral("--to"))) return cli::ConvertMany(arguments.mid(1));
   if (verb == QLatin1String("convert")) return ConvertCommand(arguments.mid(1));
   if (verb == QLatin1String("thumbnail") && arguments.size() == 4) return Thumbnail(arguments[1], arguments[2], arguments[3]);
   if (printing) {

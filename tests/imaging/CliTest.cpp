@@ -167,6 +167,24 @@ TEST(VistrelCli, ApplyRunsOperationsInTurnAsTheViewerDoes) {
   EXPECT_EQ(testing_support::MeanAbsoluteDifference(imaging::LoadFile(out).value(), expected), 0);
 }
 
+// Many files into a folder: the operations run on each, and the summary and the failures
+// are told; bad words are refused before anything is written.
+TEST(VistrelCli, ConvertsManyFilesIntoAFolder) {
+  testing_support::TempFolder folder;
+  const QString photo = CorpusPath(QStringLiteral("formats/hopper.png")), out = folder.File(QStringLiteral("out"));
+  const auto run = Cli({"convert", photo, folder.WriteBytes(QStringLiteral("x.png"), "x"), "--to", out, "--format", "webp", "--quality", "100",
+                        "--name", "{n}.{ext}", "Negative"});
+  EXPECT_EQ(run.ExitCode, 1);
+  EXPECT_EQ(run.Output, QStringLiteral("1 written, 0 skipped, 1 failed\n"));
+  EXPECT_TRUE(run.Errors.endsWith(QStringLiteral("x.png: not an image this program reads\n")));
+  const imaging::Image expected = imaging::ops::Negative(imaging::LoadFile(photo).value());
+  EXPECT_EQ(testing_support::MeanAbsoluteDifference(imaging::LoadFile(out + QStringLiteral("/1.webp")).value(), expected), 0);
+  for (const QStringList& bad : {QStringList{"--format", "gif"}, {"--fit", "0x5"}, {"--name", "{when}"}, {"Sepia"}}) {
+    EXPECT_EQ(Cli(QStringList{"convert", photo, "--to", folder.File(QStringLiteral("never"))} + bad).ExitCode, 2) << bad.join(u' ').toStdString();
+  }
+  EXPECT_FALSE(QFileInfo::exists(folder.File(QStringLiteral("never"))));
+}
+
 // What a killed run left (the helper's private folder with ImageMagick's temporaries, a
 // part file beside a target) is cleared by the next run, whatever its age; what a running
 // process owns stays, and a run leaves nothing of its own.

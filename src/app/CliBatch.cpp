@@ -1,0 +1,124 @@
+#include "app/CliBatch.h"
+
+#include "app/CliOutput.h"
+#include "edit/BatchConvert.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFileInfo>
+
+#include <csignal>
+#include <cstdio>
+#include <unistd.h>
+
+namespace cli {
+
+namespace {
+
+struct BatchWords {
+  edit::BatchOrder Order;
+  QString Error;
+};
+
+// One option and its value into the order; the complaint when it does not fit.
+QString ReadOption(const QString& option, const QString& value, edit::BatchOrder& order) {
+  static const QStringList kExisting = {"skip", "replace", "rename"}, kCompressions = {"lzw", "deflate", "jpeg", "none"};
+  bool isNumber = false;
+  const int number = value.toInt(&isNumber);
+  if (option == QLatin1String("--to")) order.OutputFolder = value;
+  else if (option == QLatin1String("--format") && imaging::CanEncode(value.toLower())) order.Format = value.toLower();
+  else if (option == QLatin1String("--format")) return QStringLiteral("Can't write %1 files").arg(value);
+  else if (option == QLatin1String("--fit") && ParseBox(value)) order.Fit = *ParseBox(value);
+  else if (option == QLatin1String("--fit")) return QStringLiteral("Bad size: %1 (WIDTHxHEIGHT, each from 1 to %2)").arg(value).arg(kLargestBoxSide);
+  else if (option == QLatin1String("--jobs") && isNumber && number >= 1 && number <= 64) order.Jobs = number;
+  else if (option == QLatin1String("--name") && edit::PatternProblem(value).isEmpty()) order.NamePattern = value;
+  else if (option == QLatin1String("--name")) return QStringLiteral("Bad name pattern \"%1\": %2").arg(value, edit::PatternProblem(value));
+  else if (option == QLatin1String("--existing") && kExisting.contains(value)) order.Existing = edit::WhenExists(kExisting.indexOf(value));
+  else if (option == QLatin1String("--quality") && isNumber && number >= 1 && number <= 100) order.Options.Quality = number;
+  else if (option == QLatin1String("--compression") && kCompressions.contains(value)) order.Options.Tiff = imaging::TiffCompression(kCompressions.indexOf(value));
+  else return QStringLiteral("Bad option: %1 %2").arg(option, value);
+  return {};
+}
+
+// The inputs come before --to; options follow, then the operations.
+BatchWords ReadBatchWords(QStringList words) {
+  BatchWords read;
+  const qsizetype to = words.indexOf(QStringLiteral("--to"));
+  read.Order.Inputs = words.mid(0, to);
+  words = words.mid(to);
+  while (words.size() >= 2 && words.front().startsWith(QLatin1String("--")) && read.Error.isEmpty()) {
+    const QString option = words.takeFirst();
+    read.Error = ReadOption(option, words.takeFirst(), read.Order);
+  }
+  if (read.Error.isEmpty() && !words.isEmpty()) {
+    const edit::OperationChain chain = edit::ParseOperationChain(words);
+    read.Error = chain.Error;
+    read.Order.Steps = chain.Steps;
+  }
+  if (read.Error.isEmpty() && (read.Order.Inputs.isEmpty() || read.Order.OutputFolder.isEmpty())) read.Error = QStringLiteral("No files to convert, or no --to folder");
+  return read;
+}
+
+// "12/48  photo.jpg  0:42 left", rewritten in place as files finish.
+void ShowProgress(const edit::BatchProgress& progress, qint64 elapsedMs) {
+  const qint64 leftSeconds = progress.Done > 0 ? elapsedMs * (progress.Total - progress.Done) / progress.Done / 1000 : 0;
+  const QString line = QStringLiteral("%1/%2  %3  %4:%5 left")
+                           .arg(progress.Done)
+                           .arg(progress.Total)
+                           .arg(QFileInfo(progress.Current).fileName())
+                           .arg(leftSeconds / 60)
+                           .arg(leftSeconds % 60, 2, 10, QLatin1Char('0'));
+  std::fprintf(stderr, "\r\033[K%s", line.toLocal8Bit().constData());
+  std::fflush(stderr);
+}
+
+std::atomic_bool stopRequested{false};
+
+extern "C" void StopOnInterrupt(int) { stopRequested = true; }
+
+void Report(const std::vector<edit::PlannedFile>& plan, const edit::BatchReport& report) {
+  for (const edit::PlannedFile& file : plan) {
+    if (file.Output.isEmpty()) Complain(QStringLiteral("%1: skipped (%2)").arg(file.Input, file.SkipReason));
+  }
+  for (const edit::BatchFailure& failure : report.Failures) Complain(QStringLiteral("%1: %2").arg(failure.Input, failure.Reason));
+  QString summary = QStringLiteral("%1 written, %2 skipped, %3 failed").arg(report.Written).arg(report.Skipped).arg(report.Failures.size());
+  if (report.NotStarted > 0) summary += QStringLiteral(", %1 not started (stopped)").arg(report.NotStarted);
+  Print(summary);
+}
+
+}  // namespace
+
+std::optional<QSize> ParseBox(const QString& text) {
+  const QStringList sides = text.split(u'x');
+  if (sides.size() != 2) return std::nullopt;
+  bool wideOk = false, highOk = false;
+  const int width = sides[0].toInt(&wideOk), height = sides[1].toInt(&highOk);
+  const auto inRange = [](int side) { return side >= 1 && side <= kLargestBoxSide; };
+  if (!wideOk || !highOk || !inRange(width) || !inRange(height)) return std::nullopt;
+  return QSize(width, height);
+}
+
+int ConvertMany(const QStringList& words) {
+  const BatchWords read = ReadBatchWords(words);
+  if (!read.Error.isEmpty()) {
+    Complain(read.Error);
+    return 2;
+  }
+  if (!QDir().mkpath(read.Order.OutputFolder)) {
+    Complain(QStringLiteral("Can't make the folder %1").arg(read.Order.OutputFolder));
+    return 1;
+  }
+  const std::vector<edit::PlannedFile> plan = edit::PlanBatch(read.Order);
+  std::signal(SIGINT, StopOnInterrupt);
+  const bool terminal = isatty(fileno(stderr)) != 0;
+  QElapsedTimer clock;
+  clock.start();
+  const edit::BatchReport report = edit::RunBatch(
+      read.Order, plan, [&](const edit::BatchProgress& progress) { if (terminal) ShowProgress(progress, clock.elapsed()); }, stopRequested);
+  if (terminal) std::fputs("\n", stderr);
+  Report(plan, report);
+  if (stopRequested.load()) return 130;
+  return report.Failures.empty() ? 0 : 1;
+}
+
+}  // namespace cli
