@@ -59,31 +59,15 @@ BatchWords ReadBatchWords(QStringList words) {
   return read;
 }
 
-// "12/48  photo.jpg  0:42 left", rewritten in place as files finish.
-void ShowProgress(const edit::BatchProgress& progress, qint64 elapsedMs) {
-  const qint64 leftSeconds = progress.Done > 0 ? elapsedMs * (progress.Total - progress.Done) / progress.Done / 1000 : 0;
-  const QString line = QStringLiteral("%1/%2  %3  %4:%5 left")
-                           .arg(progress.Done)
-                           .arg(progress.Total)
-                           .arg(QFileInfo(progress.Current).fileName())
-                           .arg(leftSeconds / 60)
-                           .arg(leftSeconds % 60, 2, 10, QLatin1Char('0'));
-  std::fprintf(stderr, "\r\033[K%s", line.toLocal8Bit().constData());
-  std::fflush(stderr);
-}
-
 std::atomic_bool stopRequested{false};
 
 extern "C" void StopOnInterrupt(int) { stopRequested = true; }
 
+// The skipped and failed files on standard error, the summary on standard output.
 void Report(const std::vector<edit::PlannedFile>& plan, const edit::BatchReport& report) {
-  for (const edit::PlannedFile& file : plan) {
-    if (file.Output.isEmpty()) Complain(QStringLiteral("%1: skipped (%2)").arg(file.Input, file.SkipReason));
-  }
-  for (const edit::BatchFailure& failure : report.Failures) Complain(QStringLiteral("%1: %2").arg(failure.Input, failure.Reason));
-  QString summary = QStringLiteral("%1 written, %2 skipped, %3 failed").arg(report.Written).arg(report.Skipped).arg(report.Failures.size());
-  if (report.NotStarted > 0) summary += QStringLiteral(", %1 not started (stopped)").arg(report.NotStarted);
-  Print(summary);
+  const QStringList lines = edit::ReportLines(plan, report);
+  for (qsizetype i = 0; i + 1 < lines.size(); ++i) Complain(lines[i]);
+  Print(lines.back());
 }
 
 }  // namespace
@@ -114,7 +98,13 @@ int ConvertMany(const QStringList& words) {
   QElapsedTimer clock;
   clock.start();
   const edit::BatchReport report = edit::RunBatch(
-      read.Order, plan, [&](const edit::BatchProgress& progress) { if (terminal) ShowProgress(progress, clock.elapsed()); }, stopRequested);
+      read.Order, plan,
+      [&](const edit::BatchProgress& progress) {
+        if (!terminal) return;
+        std::fprintf(stderr, "\r\033[K%s", edit::ProgressLine(progress, clock.elapsed()).toLocal8Bit().constData());
+        std::fflush(stderr);
+      },
+      stopRequested);
   if (terminal) std::fputs("\n", stderr);
   Report(plan, report);
   if (stopRequested.load()) return 130;

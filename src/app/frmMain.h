@@ -171,6 +171,7 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   // frmMainToolsCommands.cpp
   void RunOptions();
   void RunFileTypes();
+  void RunBatchConvert();
   void RunSlideShow();
   void PlaySlideShow(const slideshow::PlayerSettings& settings, QWidget* setup);
   bool CanSetWallpaper() const;

@@ -155,6 +155,7 @@ void frmMain::DeclareImageCommands() {
 void frmMain::DeclareToolsAndHelpCommands() {
   CommandTable& t = commands_;
   t.Declare({"mnuToolsSlideShow", "&Slide Show...", {}, "media-playback-start", "Slide Show"}, {[this] { RunSlideShow(); }});
+  t.Declare({"mnuToolsBatchConvert", "&Batch Convert..."}, {[this] { RunBatchConvert(); }, [this] { return document_.SomethingOpen(); }});
   t.Declare({"mnuToolsSetWallpaper", "Se&t Wallpaper"}, {[this] { RunSetWallpaper(); }, [this] { return CanSetWallpaper(); }});
   t.Declare({"mnuToolsRemoveWallpaper", "&Remove Wallpaper"}, {[this] { RunRemoveWallpaper(); }});
   t.Declare({"mnuToolsTiposArchivo", "&Associate File Types with Vistrel..."}, {[this] { RunFileTypes(); }});
@@ -198,7 +199,7 @@ void frmMain::BuildMenus() {
         "-", "mnuImageFlip", "mnuImageMirror", "mnuImageRotate", "mnuImageResize", "mnuImageCrop",
         "mnuImagePerspective", "mnuImagePinch", "mnuImageRipple", "mnuImageSwirl"});
   menu("mnuTools", "&Tools",
-       {"mnuToolsSlideShow", "mnuToolsSetWallpaper", "mnuToolsRemoveWallpaper", "-", "mnuToolsTiposArchivo",
+       {"mnuToolsSlideShow", "mnuToolsBatchConvert", "mnuToolsSetWallpaper", "mnuToolsRemoveWallpaper", "-", "mnuToolsTiposArchivo",
         "mnuToolsBorrarListaReciente", "-", "mnuToolsOptions"});
   menu("mnuHelp", "&Help", {"mnuHelpContents", "-", "mnuHelpAbout"});
 

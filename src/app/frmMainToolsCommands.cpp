@@ -3,6 +3,7 @@
 #include "app/frmMain.h"
 
 #include "base/Colors.h"
+#include "edit/frmBatch.h"
 #include "shell/FolderEntry.h"
 #include "shell/FreedesktopShell.h"
 #include "view/Viewport.h"
@@ -10,6 +11,7 @@
 #include "widgets/WaitForWork.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
 
 #include <memory>
 #include <QMessageBox>
@@ -59,6 +61,13 @@ void frmMain::RunFileTypes() {
                                  [](const QString& extension) { return shell::MimeTypesOf(extension); }},
                                 state_.Settings.FileTypeIcon, this);
   runFileTypes_(dialog);
+}
+
+// The folder open, or the folder of the file open.
+void frmMain::RunBatchConvert() {
+  const QString folder = document_.FolderOpen() ? document_.Open().Folder : QFileInfo(document_.Open().File).absolutePath();
+  edit::frmBatch dialog(folder, this);
+  dialog.exec();
 }
 
 // The setup dialog takes the open folder's list; it stays open while the player runs.

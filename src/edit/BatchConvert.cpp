@@ -95,6 +95,27 @@ std::vector<PlannedFile> PlanBatch(const BatchOrder& order) {
   return plan;
 }
 
+QString ProgressLine(const BatchProgress& progress, qint64 elapsedMs) {
+  const qint64 left = progress.Done > 0 ? elapsedMs * (progress.Total - progress.Done) / progress.Done / 1000 : 0;
+  return QStringLiteral("%1/%2  %3  %4:%5 left")
+      .arg(progress.Done)
+      .arg(progress.Total)
+      .arg(QFileInfo(progress.Current).fileName())
+      .arg(left / 60)
+      .arg(left % 60, 2, 10, QLatin1Char('0'));
+}
+
+QStringList ReportLines(const std::vector<PlannedFile>& plan, const BatchReport& report) {
+  QStringList lines;
+  for (const PlannedFile& file : plan) {
+    if (file.Output.isEmpty()) lines << QStringLiteral("%1: skipped (%2)").arg(file.Input, file.SkipReason);
+  }
+  for (const BatchFailure& failure : report.Failures) lines << QStringLiteral("%1: %2").arg(failure.Input, failure.Reason);
+  QString summary = QStringLiteral("%1 written, %2 skipped, %3 failed").arg(report.Written).arg(report.Skipped).arg(report.Failures.size());
+  if (report.NotStarted > 0) summary += QStringLiteral(", %1 not started (stopped)").arg(report.NotStarted);
+  return lines << summary;
+}
+
 BatchReport RunBatch(const BatchOrder& order, const std::vector<PlannedFile>& plan,
                      const std::function<void(const BatchProgress&)>& progress, const std::atomic_bool& stop) {
   BatchReport report;

@@ -67,6 +67,12 @@ struct BatchReport {
   std::vector<BatchFailure> Failures;
 };
 
+// "12/48  photo.jpg  0:42 left": where the run is, the file just done and the time left.
+QString ProgressLine(const BatchProgress& progress, qint64 elapsedMs);
+// "6 written, 1 skipped, 1 failed" (", 3 not started (stopped)"), and before it a line for
+// each file skipped or failed, with why: "photo.png: skipped (photo.webp is already there)".
+QStringList ReportLines(const std::vector<PlannedFile>& plan, const BatchReport& report);
+
 // Runs the plan; `progress` is called after each file, one call at a time, from the
 // workers' threads. Setting `stop` lets the files under way finish and starts no other.
 BatchReport RunBatch(const BatchOrder& order, const std::vector<PlannedFile>& plan,

@@ -1,8 +1,16 @@
 // Converting many files at once: the names a pattern gives, a plan that never writes over a
-// file unasked, and a run whose files ImageMagick reads, whose failures say why and which,
-// stopped, leaves only whole files.
+// file unasked, a run whose files ImageMagick reads, whose failures say why and which,
+// stopped, leaves only whole files; and the dialog a user runs it from.
 #include "edit/BatchConvert.h"
+#include "edit/frmBatch.h"
+#include "support/DialogAnswerer.h"
 #include "support/TestFiles.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QtTest/QTest>
 
 #include <QDir>
 
@@ -96,6 +104,34 @@ TEST_F(BatchRun, StoppedItLeavesOnlyWholeFiles) {
   EXPECT_EQ(report.Written, 2);
   EXPECT_EQ(report.NotStarted, 5);
   EXPECT_EQ(WrittenSizes(), QStringList(2, QStringLiteral("100x75")));  // no part of a third
+}
+
+// The dialog as a user fills it: a bad operation is refused with its reason before anything
+// is written; then the folder's images, its subfolder's too, are converted and reported.
+TEST_F(BatchRun, TheDialogConvertsTheFolderAndReports) {
+  QDir(in_.Path()).mkdir(QStringLiteral("more"));
+  in_.WritePng(QStringLiteral("more/q.png"), 200, 100);
+  edit::frmBatch dialog(in_.Path());
+  using testing_support::Child;
+  Child<QCheckBox>(dialog, "chkSubfolders")->setChecked(true);
+  testing_support::Retype(Child<QLineEdit>(dialog, "txtOutput"), out_.Path());
+  Child<QComboBox>(dialog, "cboFormat")->setCurrentIndex(Child<QComboBox>(dialog, "cboFormat")->findData(QStringLiteral("jpg")));
+  Child<QCheckBox>(dialog, "chkFit")->setChecked(true);
+  testing_support::Retype(Child<QLineEdit>(dialog, "txtOperations"), QStringLiteral("Sepia"));
+  {
+    testing_support::DialogAnswerer answerer;
+    QTest::mouseClick(Child<QPushButton>(dialog, "cmdStart"), Qt::LeftButton);
+    EXPECT_TRUE(answerer.LastText().startsWith(QStringLiteral("Unknown operation \"Sepia\"")));
+  }
+  EXPECT_TRUE(WrittenSizes().isEmpty());
+  testing_support::Retype(Child<QLineEdit>(dialog, "txtOperations"), QStringLiteral("Negative"));
+  QTest::mouseClick(Child<QPushButton>(dialog, "cmdStart"), Qt::LeftButton);
+  auto* report = Child<QPlainTextEdit>(dialog, "txtReport");
+  ASSERT_TRUE(QTest::qWaitFor([&] { return report->isVisibleTo(&dialog); }, 20000));
+  EXPECT_TRUE(report->toPlainText().endsWith(QStringLiteral("broken.png: not an image this program reads\n7 written, 0 skipped, 1 failed")));
+  QStringList sizes = WrittenSizes();
+  sizes.sort();
+  EXPECT_EQ(sizes, QStringList({"200x100", "400x300", "400x300", "400x300", "400x300", "400x300", "400x300"}));  // none enlarged
 }
 
 }  // namespace
