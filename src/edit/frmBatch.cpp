@@ -71,6 +71,7 @@ void frmBatch::BuildForm() {
   cboFormat_ = Named(new QComboBox, "cboFormat");
   for (const base::FileFormat* format : base::SaveAsFormats()) cboFormat_->addItem(QLatin1String(format->SaveAs), QLatin1String(format->Extension));
   cboFormat_->addItem(QStringLiteral("Each file's own type"), QString());
+  cboFormat_->setCurrentIndex(std::max(0, cboFormat_->findData(QStringLiteral("webp"))));  // today's usual choice for sharing
   form->addRow(QStringLiteral("&Format:"), cboFormat_);
   spnQuality_ = Named(new QSpinBox, "spnQuality");
   spnQuality_->setRange(1, 100);
@@ -101,7 +102,7 @@ void frmBatch::BuildForm() {
   lblCurrent_ = Named(new QLabel, "lblCurrent");
   txtReport_ = Named(new QPlainTextEdit, "txtReport");
   txtReport_->setReadOnly(true);
-  txtReport_->hide();
+  for (QWidget* hidden : std::initializer_list<QWidget*>{prgProgress_, lblCurrent_, txtReport_}) hidden->hide();
   cmdStart_ = Named(new QPushButton(QStringLiteral("Con&vert")), "cmdStart");
   cmdCancel_ = Named(new QPushButton(QStringLiteral("Cancel")), "cmdCancel");
   auto* buttons = new QDialogButtonBox;
@@ -150,6 +151,8 @@ void frmBatch::Start() {
   cmdStart_->setEnabled(false);
   prgProgress_->setRange(0, int(plan.size()));
   prgProgress_->setValue(0);
+  prgProgress_->show();
+  lblCurrent_->show();
   stop_ = false;
   clock_.start();
   running_ = QtConcurrent::run([this, order = *order, plan] {
