@@ -12,14 +12,27 @@
 
 #include <algorithm>
 #include <cstring>
+#include <string>
+#include <unordered_set>
 
 namespace browse {
 
 namespace {
 
+// The scan extensions as a hash set of short strings, made once for each list.
+const std::unordered_set<std::string>& ScanExtensionSet(bool modern) {
+  const auto make = [](bool today) {
+    std::unordered_set<std::string> set;
+    for (const QString& extension : ScanExtensions(today)) set.insert(extension.toStdString());
+    return set;
+  };
+  static const std::unordered_set<std::string> classic = make(false), todays = make(true);
+  return modern ? todays : classic;
+}
+
 // The extension test on the raw name, before any text is decoded: most files of a
 // large folder are rejected or accepted here without an allocation.
-bool HasScanExtension(const char* name, bool modern) {
+bool HasScanExtension(const char* name, const std::unordered_set<std::string>& extensions) {
   const char* dot = std::strrchr(name, '.');
   if (!dot) return false;
   char lower[8];
@@ -29,8 +42,7 @@ bool HasScanExtension(const char* name, bool modern) {
     if (n == sizeof lower - 1) return false;
     lower[n++] = static_cast<char>(*c >= 'A' && *c <= 'Z' ? *c - 'A' + 'a' : *c);
   }
-  lower[n] = '\0';
-  return IsScanExtension(QString::fromLatin1(lower, static_cast<qsizetype>(n)), modern);
+  return extensions.count(std::string(lower, n)) != 0;  // short enough to stay off the heap
 }
 
 bool IsRegularFile(int folderFd, const dirent* entry) {
@@ -51,12 +63,13 @@ std::vector<FileEntry> ScanFolder(const QString& folder, ScanFilter filter, cons
   std::vector<FileEntry> entries;
   DIR* dir = folder.isEmpty() ? nullptr : opendir(base::EncodeFileName(folder).constData());
   if (!dir) return entries;
+  const auto& extensions = ScanExtensionSet(filter == ScanFilter::Images);
   while (const dirent* entry = readdir(dir)) {
     if (cancel && cancel->load(std::memory_order_relaxed)) {
       closedir(dir);
       return {};
     }
-    if (filter != ScanFilter::AllFiles && !HasScanExtension(entry->d_name, filter == ScanFilter::Images)) continue;
+    if (filter != ScanFilter::AllFiles && !HasScanExtension(entry->d_name, extensions)) continue;
     if (!IsRegularFile(dirfd(dir), entry)) continue;
     const QString name = base::DecodeFileName(entry->d_name);
     entries.push_back({base::DisplayName(name), name});
