@@ -31,8 +31,7 @@ namespace {
 constexpr const char* kUsage =
     "usage: vistrel-cli info FILE...\n"
     "       vistrel-cli convert [--page N] [--quality 1-100] [--compression lzw|deflate|jpeg|none] IN OUT\n"
-    "       vistrel-cli convert IN... --to DIR [--format EXT] [--fit WxH] [--jobs N] [--name PATTERN]\n"
-    "                   [--existing skip|replace|rename] [--quality Q] [--compression C] [OPERATION [VALUE...]]...\n"
+    "       vistrel-cli convert IN... --to DIR [--format EXT] [--fit WxH] [--jobs N] [--name PATTERN] [--existing skip|replace|rename] [--quality Q] [--compression C] [OPERATION [VALUE...]]...\n"
     "       vistrel-cli thumbnail IN OUT WIDTHxHEIGHT\n"
     "       vistrel-cli apply IN OUT [AutoOrient] OPERATION [VALUE...] [OPERATION [VALUE...]]...\n"
     "       vistrel-cli wallpaper set FILE\n"
