@@ -53,16 +53,4 @@ Image ThroughCurve(const Image& image, const ToneCurve& curve) {
   return OnColourBands(image, [&curve](const vips::VImage& rgb) { return rgb.maplut(CurveLut(curve, rgb.format())); });
 }
 
-Image Warp(const Image& image, const std::function<vips::VImage(const vips::VImage& x, const vips::VImage& y)>& source) {
-  return OnWholeImage(image, [&source](const vips::VImage& in) {
-    const vips::VImage xy = vips::VImage::xyz(in.width(), in.height()).cast(VIPS_FORMAT_FLOAT);
-    const vips::VImage index = source(xy.extract_band(0), xy.extract_band(1)).cast(VIPS_FORMAT_FLOAT);
-    const std::vector<double> white(static_cast<size_t>(in.bands()), WhiteOf(in));
-    return in.mapim(index, vips::VImage::option()
-                               ->set("interpolate", vips::VInterpolate::new_from_name("bilinear"))
-                               ->set("extend", VIPS_EXTEND_BACKGROUND)
-                               ->set("background", white));
-  });
-}
-
 }  // namespace imaging::ops::detail

@@ -27,11 +27,6 @@ using ToneCurve = std::function<double(int band, double value)>;
 Image ThroughCurve(const Image& image, const ToneCurve& curve);
 vips::VImage CurveLut(const ToneCurve& curve, VipsBandFormat format = VIPS_FORMAT_UCHAR);  // three bands
 
-// A warp: `source(x, y)` gives, for the float coordinate images x and y of the result,
-// the two-band float image of where each result pixel comes from. Bilinear, white beyond.
-// (Any depth.)
-Image Warp(const Image& image, const std::function<vips::VImage(const vips::VImage& x, const vips::VImage& y)>& source);
-
 inline int Clamp(int value, int low, int high) { return std::clamp(value, low, high); }
 inline double Clamp(double value, double low, double high) { return std::clamp(value, low, high); }
 
