@@ -1,5 +1,6 @@
 // The Filters submenu: neighbourhood operations on the colour bands.
 #include "imaging/Operations.h"
+#include "imaging/ops/OpenCvBridge.h"
 #include "imaging/ops/OpsInternal.h"
 
 #include <opencv2/imgproc.hpp>
@@ -25,21 +26,14 @@ enum class Rank { Minimum, Median, Maximum };
 // filters give libvips rank's very pixels four to eight times sooner on a photograph (both
 // cores, vector code); its result is handed to libvips without a copy.
 vips::VImage RankOf(const vips::VImage& rgb, Rank rank) {
-  const vips::VImage in = rgb.copy_memory();
-  const bool deep = in.format() == VIPS_FORMAT_USHORT;
-  const int type = CV_MAKETYPE(deep ? CV_16U : CV_8U, in.bands());
-  const size_t bytes = VIPS_IMAGE_SIZEOF_IMAGE(in.get_image());
-  const cv::Mat source(in.height(), in.width(), type, const_cast<void*>(in.data()));
-  void* result = g_malloc(bytes);
-  cv::Mat target(in.height(), in.width(), type, result);
-  const cv::Mat square = cv::getStructuringElement(cv::MORPH_RECT, cv::Size(3, 3));
-  switch (rank) {
-    case Rank::Minimum: cv::erode(source, target, square, cv::Point(-1, -1), 1, cv::BORDER_REPLICATE); break;
-    case Rank::Median: cv::medianBlur(source, target, 3); break;
-    case Rank::Maximum: cv::dilate(source, target, square, cv::Point(-1, -1), 1, cv::BORDER_REPLICATE); break;
-  }
-  vips::VImage out = vips::VImage::new_from_memory_steal(result, bytes, in.width(), in.height(), in.bands(), in.format());
-  return out.copy(vips::VImage::option()->set("interpretation", in.interpretation()));
+  return detail::ThroughOpenCv(rgb, [rank](const cv::Mat& from, cv::Mat& to) {
+    const cv::Mat square = cv::getStructuringElement(cv::MORPH_RECT, cv::Size(3, 3));
+    switch (rank) {
+      case Rank::Minimum: cv::erode(from, to, square, cv::Point(-1, -1), 1, cv::BORDER_REPLICATE); break;
+      case Rank::Median: cv::medianBlur(from, to, 3); break;
+      case Rank::Maximum: cv::dilate(from, to, square, cv::Point(-1, -1), 1, cv::BORDER_REPLICATE); break;
+    }
+  });
 }
 
 Image RankFilter(const Image& image, Rank rank) {

@@ -3,6 +3,7 @@
 // picture through it (bilinear, white beyond the edges), on every core: no map of the
 // whole picture is ever held.
 #include "imaging/Operations.h"
+#include "imaging/ops/OpenCvBridge.h"
 #include "imaging/ops/OpsInternal.h"
 
 #include <opencv2/imgproc.hpp>
@@ -57,33 +58,27 @@ class RadialTable {
 template <typename Source>
 Image Warp(const Image& image, const Source& source) {
   return detail::OnWholeImage(image, [&source](const vips::VImage& picture) {
-    const vips::VImage in = picture.copy_memory();
-    const int width = in.width(), height = in.height();
-    const int type = CV_MAKETYPE(IsDeep(in) ? CV_16U : CV_8U, in.bands());
-    const cv::Mat from(height, width, type, const_cast<void*>(in.data()));
-    const size_t bytes = VIPS_IMAGE_SIZEOF_IMAGE(in.get_image());
-    void* result = g_malloc(bytes);
-    cv::Mat to(height, width, type, result);
-    const cv::Scalar white = cv::Scalar::all(WhiteOf(in));
-    cv::parallel_for_(cv::Range(0, (height + kBandRows - 1) / kBandRows), [&](const cv::Range& bands) {
-      cv::Mat mapX(kBandRows, width, CV_32F), mapY(kBandRows, width, CV_32F);
-      for (int band = bands.start; band < bands.end; ++band) {
-        const int top = band * kBandRows, rows = std::min(kBandRows, height - top);
-        for (int row = 0; row < rows; ++row) {
-          float* xs = mapX.ptr<float>(row);
-          float* ys = mapY.ptr<float>(row);
-          for (int x = 0; x < width; ++x) {
-            const Point p = source(x, top + row);
-            xs[x] = p.X;
-            ys[x] = p.Y;
+    const cv::Scalar white = cv::Scalar::all(WhiteOf(picture));
+    return detail::ThroughOpenCv(picture, [&source, &white](const cv::Mat& from, cv::Mat& to) {
+      const int width = from.cols, height = from.rows;
+      cv::parallel_for_(cv::Range(0, (height + kBandRows - 1) / kBandRows), [&](const cv::Range& bands) {
+        cv::Mat mapX(kBandRows, width, CV_32F), mapY(kBandRows, width, CV_32F);
+        for (int band = bands.start; band < bands.end; ++band) {
+          const int top = band * kBandRows, rows = std::min(kBandRows, height - top);
+          for (int row = 0; row < rows; ++row) {
+            float* xs = mapX.ptr<float>(row);
+            float* ys = mapY.ptr<float>(row);
+            for (int x = 0; x < width; ++x) {
+              const Point p = source(x, top + row);
+              xs[x] = p.X;
+              ys[x] = p.Y;
+            }
           }
+          cv::Mat target = to.rowRange(top, top + rows);
+          cv::remap(from, target, mapX.rowRange(0, rows), mapY.rowRange(0, rows), cv::INTER_LINEAR, cv::BORDER_CONSTANT, white);
         }
-        cv::Mat target = to.rowRange(top, top + rows);
-        cv::remap(from, target, mapX.rowRange(0, rows), mapY.rowRange(0, rows), cv::INTER_LINEAR, cv::BORDER_CONSTANT, white);
-      }
+      });
     });
-    vips::VImage out = vips::VImage::new_from_memory_steal(result, bytes, width, height, in.bands(), in.format());
-    return out.copy(vips::VImage::option()->set("interpretation", in.interpretation()));
   });
 }
 

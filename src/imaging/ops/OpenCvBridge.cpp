@@ -1,0 +1,27 @@
+#include "imaging/ops/OpenCvBridge.h"
+
+#include "imaging/Operations.h"
+
+#include <memory>
+#include <new>
+
+namespace imaging::ops::detail {
+
+vips::VImage ThroughOpenCv(const vips::VImage& picture, const std::function<void(const cv::Mat& from, cv::Mat& to)>& work) {
+  const vips::VImage in = picture.copy_memory();
+  const int type = CV_MAKETYPE(IsDeep(in) ? CV_16U : CV_8U, in.bands());
+  const size_t bytes = VIPS_IMAGE_SIZEOF_IMAGE(in.get_image());
+  std::unique_ptr<void, decltype(&g_free)> result(g_try_malloc(bytes), &g_free);
+  if (!result) throw std::bad_alloc();
+  try {
+    const cv::Mat from(in.height(), in.width(), type, const_cast<void*>(in.data()));
+    cv::Mat to(in.height(), in.width(), type, result.get());
+    work(from, to);
+  } catch (const cv::Exception& error) {
+    throw OperationFailed(error.err.empty() ? std::string("OpenCV failed") : error.err);
+  }
+  vips::VImage out = vips::VImage::new_from_memory_steal(result.release(), bytes, in.width(), in.height(), in.bands(), in.format());
+  return out.copy(vips::VImage::option()->set("interpretation", in.interpretation()));
+}
+
+}  // namespace imaging::ops::detail
