@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <cstring>
 #include <string>
+#include <thread>
 #include <unordered_set>
 
 namespace browse {
@@ -54,9 +55,16 @@ bool IsRegularFile(int folderFd, const dirent* entry) {
 
 }  // namespace
 
+// A large folder is sorted in two halves at once, then merged: the list's comparison is
+// most of a large scan's time.
 void SortEntries(std::vector<FileEntry>& entries) {
-  std::sort(entries.begin(), entries.end(),
-            [](const FileEntry& a, const FileEntry& b) { return ListTextLess(a.DisplayName, b.DisplayName); });
+  const auto less = [](const FileEntry& a, const FileEntry& b) { return ListTextLess(a.DisplayName, b.DisplayName); };
+  if (entries.size() < 20000) return std::sort(entries.begin(), entries.end(), less);
+  const auto middle = entries.begin() + std::ptrdiff_t(entries.size() / 2);
+  std::thread firstHalf([&] { std::sort(entries.begin(), middle, less); });
+  std::sort(middle, entries.end(), less);
+  firstHalf.join();
+  std::inplace_merge(entries.begin(), middle, entries.end(), less);
 }
 
 std::vector<FileEntry> ScanFolder(const QString& folder, ScanFilter filter, const std::atomic_bool* cancel) {
