@@ -60,6 +60,18 @@ TEST(ListOrder, IgnoresCaseComparesNumbersByValueAndIsTotal) {
   EXPECT_LT(browse::CompareListText(QStringLiteral("a"), QStringLiteral("a1")), 0);
 }
 
+// A large list, sorted in two halves at once and merged, is in list order throughout.
+TEST(ListOrder, ALargeListIsSortedWholeAcrossItsHalves) {
+  std::vector<browse::FileEntry> entries;
+  for (int i = 30000; i > 0; --i) {
+    const QString name = QStringLiteral("%1 photo %2.jpg").arg(QChar(u'a' + i % 26)).arg(i * 7919 % 30011);
+    entries.push_back({name, name});
+  }
+  browse::SortEntries(entries);
+  EXPECT_TRUE(std::is_sorted(entries.begin(), entries.end(),
+                             [](const browse::FileEntry& a, const browse::FileEntry& b) { return browse::ListTextLess(a.DisplayName, b.DisplayName); }));
+}
+
 TEST(FileTypeDescription, IgnoresCaseAndBlanksAndNamesAnUnknownOne) {
   EXPECT_EQ(browse::FileTypeDescription(QStringLiteral("XYZ")), QStringLiteral("XYZ file"));
   EXPECT_EQ(browse::FileTypeDescription(QString()), QStringLiteral("File"));
