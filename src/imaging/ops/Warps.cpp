@@ -1,7 +1,5 @@
 // Perspective, Pinch, Ripple and Swirl: each is a map from the result's pixels to the
-// source's. The map is worked out a band of rows at a time and OpenCV's remap resamples the
-// picture through it (bilinear, white beyond the edges), on every core: no map of the
-// whole picture is ever held.
+// source's, which OpenCV's remap follows (detail::Remapped).
 #include "imaging/Operations.h"
 #include "imaging/ops/OpenCvBridge.h"
 #include "imaging/ops/OpsInternal.h"
@@ -19,9 +17,7 @@ using detail::Clamp;
 
 namespace {
 
-struct Point {
-  float X, Y;
-};
+using Point = detail::MapPoint;
 
 struct Centre {
   double X, Y, Radius;  // radius: half the shorter side
@@ -30,8 +26,6 @@ struct Centre {
 Centre CentreOf(int width, int height) { return {(width - 1) / 2.0, (height - 1) / 2.0, std::max(1, std::min(width, height)) / 2.0}; }
 
 double Radians(double degrees) { return degrees * std::numbers::pi / 180; }
-
-constexpr int kBandRows = 64;
 
 // A smooth function of the distance from the centre (0 there, 1 on the circle), tabulated
 // every quarter of a pixel and read by linear interpolation: a square root a pixel instead
@@ -54,31 +48,11 @@ class RadialTable {
   std::vector<double> values_;
 };
 
-// The picture resampled where `source(x, y)` says each result pixel comes from.
+// The picture resampled through the map: bilinear, white beyond the edges.
 template <typename Source>
 Image Warp(const Image& image, const Source& source) {
   return detail::OnWholeImage(image, [&source](const vips::VImage& picture) {
-    const cv::Scalar white = cv::Scalar::all(WhiteOf(picture));
-    return detail::ThroughOpenCv(picture, [&source, &white](const cv::Mat& from, cv::Mat& to) {
-      const int width = from.cols, height = from.rows;
-      cv::parallel_for_(cv::Range(0, (height + kBandRows - 1) / kBandRows), [&](const cv::Range& bands) {
-        cv::Mat mapX(kBandRows, width, CV_32F), mapY(kBandRows, width, CV_32F);
-        for (int band = bands.start; band < bands.end; ++band) {
-          const int top = band * kBandRows, rows = std::min(kBandRows, height - top);
-          for (int row = 0; row < rows; ++row) {
-            float* xs = mapX.ptr<float>(row);
-            float* ys = mapY.ptr<float>(row);
-            for (int x = 0; x < width; ++x) {
-              const Point p = source(x, top + row);
-              xs[x] = p.X;
-              ys[x] = p.Y;
-            }
-          }
-          cv::Mat target = to.rowRange(top, top + rows);
-          cv::remap(from, target, mapX.rowRange(0, rows), mapY.rowRange(0, rows), cv::INTER_LINEAR, cv::BORDER_CONSTANT, white);
-        }
-      });
-    });
+    return detail::Remapped(picture, source, cv::INTER_LINEAR, cv::BORDER_CONSTANT, cv::Scalar::all(WhiteOf(picture)));
   });
 }
 
