@@ -32,7 +32,8 @@ Image Noise(const Image& image, int frequency, int intensity) {
   return detail::OnColourBands(image, [=](const vips::VImage& rgb) {
     // One band of noise, drawn a row at a time on every core, added to each colour band.
     const int width = rgb.width(), height = rgb.height();
-    auto* samples = static_cast<std::int16_t*>(g_try_malloc(size_t(width) * size_t(height) * sizeof(std::int16_t)));
+    const int scale = IsDeep(rgb) ? 257 : 1;  // whole numbers throughout, at either depth
+    auto* samples = static_cast<std::int32_t*>(g_try_malloc(size_t(width) * size_t(height) * sizeof(std::int32_t)));
     if (!samples) throw std::bad_alloc();
     const std::uint64_t seed = Seed(rgb);
     cv::parallel_for_(cv::Range(0, height), [&](const cv::Range& rows) {
@@ -41,12 +42,12 @@ Image Noise(const Image& image, int frequency, int intensity) {
           const std::uint64_t r = Draw(seed, std::uint64_t(y) * std::uint64_t(width) + std::uint64_t(x));
           const bool hit = (r & 0xFFFF) * 100 < chance * 0x10000;
           const int value = int(((r >> 16) & 0xFFFF) * std::uint64_t(2 * spread + 1) >> 16) - spread;
-          samples[size_t(y) * size_t(width) + size_t(x)] = hit ? static_cast<std::int16_t>(value) : 0;
+          samples[size_t(y) * size_t(width) + size_t(x)] = hit ? value * scale : 0;
         }
       }
     });
-    const vips::VImage noise = vips::VImage::new_from_memory_steal(samples, size_t(width) * size_t(height) * sizeof(std::int16_t), width, height, 1, VIPS_FORMAT_SHORT);
-    return rgb + noise * (WhiteOf(rgb) / 255);
+    const vips::VImage noise = vips::VImage::new_from_memory_steal(samples, size_t(width) * size_t(height) * sizeof(std::int32_t), width, height, 1, VIPS_FORMAT_INT);
+    return rgb + noise;
   });
 }
 
