@@ -125,8 +125,12 @@ void frmBatch::ListInputs() {
 // The order the form asks for, or nothing after telling what is wrong.
 std::optional<BatchOrder> frmBatch::OrderFromForm() {
   BatchOrder order;
-  order.Inputs = inputs_;
   order.OutputFolder = txtOutput_->text().trimmed();
+  // Files already in the output folder (converted last time, inside the folder open) are not converted again.
+  const QString outputPrefix = QDir(order.OutputFolder).absolutePath() + u'/';
+  for (const QString& input : inputs_) {
+    if (!QFileInfo(input).absoluteFilePath().startsWith(outputPrefix)) order.Inputs << input;
+  }
   order.Format = cboFormat_->currentData().toString();
   order.Options.Quality = spnQuality_->value();
   if (chkFit_->isChecked()) order.Fit = QSize(spnWidth_->value(), spnHeight_->value());

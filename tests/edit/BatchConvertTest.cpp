@@ -70,11 +70,12 @@ class BatchRun : public ::testing::Test {
     order_.Fit = QSize(100, 100);
     order_.Jobs = 2;
   }
-  // Each file in the output folder, as ImageMagick reads its size.
-  QStringList WrittenSizes() const {
+  // Each file in the output folder, hidden ones too, as ImageMagick reads its size.
+  QStringList WrittenSizes(QString folder = {}) const {
+    if (folder.isEmpty()) folder = out_.Path();
     QStringList sizes;
-    for (const QString& name : QDir(out_.Path()).entryList(QDir::Files)) {
-      sizes << testing_support::Run(QStringLiteral("identify"), {"-format", "%wx%h", out_.File(name)}).Output;
+    for (const QString& name : QDir(folder).entryList(QDir::Files | QDir::Hidden)) {
+      sizes << testing_support::Run(QStringLiteral("identify"), {"-format", "%wx%h", folder + u'/' + name}).Output;
     }
     return sizes;
   }
@@ -111,10 +112,11 @@ TEST_F(BatchRun, StoppedItLeavesOnlyWholeFiles) {
 TEST_F(BatchRun, TheDialogConvertsTheFolderAndReports) {
   QDir(in_.Path()).mkdir(QStringLiteral("more"));
   in_.WritePng(QStringLiteral("more/q.png"), 200, 100);
+  QDir(in_.Path()).mkdir(QStringLiteral("converted"));
+  in_.WritePng(QStringLiteral("converted/p0.png"), 10, 10);  // last time's output is not converted again
   edit::frmBatch dialog(in_.Path());
   using testing_support::Child;
   Child<QCheckBox>(dialog, "chkSubfolders")->setChecked(true);
-  testing_support::Retype(Child<QLineEdit>(dialog, "txtOutput"), out_.Path());
   Child<QComboBox>(dialog, "cboFormat")->setCurrentIndex(Child<QComboBox>(dialog, "cboFormat")->findData(QStringLiteral("jpg")));
   Child<QCheckBox>(dialog, "chkFit")->setChecked(true);
   testing_support::Retype(Child<QLineEdit>(dialog, "txtOperations"), QStringLiteral("Sepia"));
@@ -123,15 +125,17 @@ TEST_F(BatchRun, TheDialogConvertsTheFolderAndReports) {
     QTest::mouseClick(Child<QPushButton>(dialog, "cmdStart"), Qt::LeftButton);
     EXPECT_TRUE(answerer.LastText().startsWith(QStringLiteral("Unknown operation \"Sepia\"")));
   }
-  EXPECT_TRUE(WrittenSizes().isEmpty());
+  const QString converted = in_.File(QStringLiteral("converted"));
+  EXPECT_EQ(Child<QLineEdit>(dialog, "txtOutput")->text(), converted);
+  EXPECT_EQ(WrittenSizes(converted), QStringList{"10x10"});
   testing_support::Retype(Child<QLineEdit>(dialog, "txtOperations"), QStringLiteral("Negative"));
   QTest::mouseClick(Child<QPushButton>(dialog, "cmdStart"), Qt::LeftButton);
   auto* report = Child<QPlainTextEdit>(dialog, "txtReport");
   ASSERT_TRUE(QTest::qWaitFor([&] { return report->isVisibleTo(&dialog); }, 20000));
   EXPECT_TRUE(report->toPlainText().endsWith(QStringLiteral("broken.png: not an image this program reads\n7 written, 0 skipped, 1 failed")));
-  QStringList sizes = WrittenSizes();
+  QStringList sizes = WrittenSizes(converted);
   sizes.sort();
-  EXPECT_EQ(sizes, QStringList({"200x100", "400x300", "400x300", "400x300", "400x300", "400x300", "400x300"}));  // none enlarged
+  EXPECT_EQ(sizes, QStringList({"10x10", "200x100", "400x300", "400x300", "400x300", "400x300", "400x300", "400x300"}));  // none enlarged
 }
 
 }  // namespace
