@@ -22,10 +22,6 @@ const QStringList& ScanExtensions(bool modern) {
   return modern ? today : classic;
 }
 
-bool IsScanExtension(const QString& lowerCaseExtension, bool modern) {
-  return ScanExtensions(modern).contains(lowerCaseExtension);
-}
-
 QString FileTypeDescription(const QString& extension) {
   const QString key = numbers::TrimBlanks(extension).toLower();
   if (key.isEmpty()) return QStringLiteral("File");

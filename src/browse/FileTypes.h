@@ -10,9 +10,6 @@ namespace browse {
 // "tiff" deliberately absent), and with `modern` today's as well (jpe and tiff among them).
 const QStringList& ScanExtensions(bool modern = true);
 
-// True when the lower-cased extension is one the scan lists.
-bool IsScanExtension(const QString& lowerCaseExtension, bool modern = true);
-
 // "Bitmap image", "Jpeg image", ..., "<EXT> file" for others, "File" for none.
 QString FileTypeDescription(const QString& extension);
 
