@@ -206,23 +206,6 @@ TEST_F(frmMainThumbnailsTest, TheKeysMoveTheHighlightedTileAndItsPageFollows) {
   menu->close();
 }
 
-// A file of several pages or frames is marked by a label over its picture; a file of one
-// page is not.
-TEST_F(frmMainThumbnailsTest, FilesOfSeveralPagesOrFramesAreMarked) {
-  const auto make = [this](const char* name, QStringList pictures) {
-    return testing_support::Run(QStringLiteral("convert"), pictures << pictures_.File(QLatin1String(name))).ExitCode;
-  };
-  ASSERT_EQ(make("a-moving.gif", {"-delay", "10", "-size", "40x30", "xc:white", "xc:black"}), 0);
-  ASSERT_EQ(make("a-one.tif", {"-size", "40x30", "xc:white"}), 0);
-  ASSERT_EQ(make("a-scan.tif", {"-size", "40x30", "xc:white", "xc:white", "xc:white"}), 0);
-  Doc().OpenChosenFolder(pictures_.Path());
-  Trigger("mnuViewThumbnails");
-  ASSERT_TRUE(Filled());
-  EXPECT_EQ(view_->Cells()[0].Badge, QStringLiteral("2 frames"));
-  EXPECT_EQ(view_->Cells()[1].Badge, QString());
-  EXPECT_EQ(view_->Cells()[2].Badge, QStringLiteral("3 pages"));
-}
-
 // A page of photos whose colours are converted fills as any other: the conversions that
 // the thumbnail workers ask for never wait on the workers' own threads.
 TEST_F(frmMainThumbnailsTest, APageOfTaggedPhotosFills) {

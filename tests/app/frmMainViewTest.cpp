@@ -172,26 +172,17 @@ TEST_F(frmMainViewTest, TheMouseButtonsStepTheWheelZoomsAndScrollsAndTheMiddleBu
   EXPECT_EQ(QPoint(Bar("hscImagen")->value(), Bar("vscImagen")->value()) - before, QPoint(100, 50));
 }
 
-TEST_F(frmMainViewTest, TheToolbarButtonsHaveCaptionsAndRunTheCommandsAndTheViewButtonSwitchesModes) {
+// The buttons are the menu commands, captioned; the view button's menu switches modes.
+TEST_F(frmMainViewTest, TheToolbarButtonsRunTheCommandsAndTheViewButtonSwitchesModes) {
   auto* toolbar = Child<QToolBar>("ctlToolbar");
-  ASSERT_NE(toolbar, nullptr);
-  for (QAction* action : toolbar->actions()) {
-    if (action->isSeparator()) continue;
-    EXPECT_FALSE(action->iconText().isEmpty()) << action->objectName().toStdString();
-    EXPECT_EQ(action->toolTip(), action->iconText());
-  }
-  // The buttons are the menu commands: the zoom buttons work as the menu's do.
   auto* zoomIn = qobject_cast<QToolButton*>(toolbar->widgetForAction(Command("mnuViewZoomIn")));
   ASSERT_NE(zoomIn, nullptr);
+  EXPECT_EQ(zoomIn->toolTip(), zoomIn->defaultAction()->iconText());
   QTest::mouseClick(zoomIn, Qt::LeftButton);
   EXPECT_EQ(View().Percentage(), 120);
-  auto* popup = Child<QMenu>("frmMenuBotonView");
-  ASSERT_NE(popup, nullptr);
-  EXPECT_EQ(popup->actions().size(), 3);
-  EXPECT_EQ(Doc().View(), document::ViewMode::ListAndImage);
+  EXPECT_EQ(Child<QMenu>("frmMenuBotonView")->actions().size(), 3);
   Trigger("mnuViewBoton");
-  EXPECT_EQ(Doc().View(), document::ViewMode::Image);
-  EXPECT_TRUE(Command("mnuViewImage")->isChecked());
+  EXPECT_EQ(std::pair(Doc().View(), Command("mnuViewImage")->isChecked()), std::pair(document::ViewMode::Image, true));
   Trigger("mnuViewBoton");
   EXPECT_EQ(Doc().View(), document::ViewMode::ListAndImage);
 }

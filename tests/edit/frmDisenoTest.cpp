@@ -87,16 +87,6 @@ TEST(frmDiseno, ResizeRefusesOutside1To2048WithTheTextSelected) {
   EXPECT_EQ(dialog.Values().Number(4), 1536);
 }
 
-TEST(frmDiseno, F1AsksForTheMenuGroupsHelpTopic) {
-  QString asked;
-  widgets::SetHelpHandler([&](const QString& topic) { asked = topic; });
-  frmDiseno dialog(Description(edit::OperationId::Noise), k800x600, std::nullopt, {});
-  dialog.show();
-  QTest::keyClick(&dialog, Qt::Key_F1);
-  widgets::SetHelpHandler({});
-  EXPECT_EQ(asked, QStringLiteral("Image Filters"));
-}
-
 imaging::Image Solid(int width, int height, QColor color) {
   QImage image(width, height, QImage::Format_RGB32);
   image.fill(color);
