@@ -33,8 +33,9 @@ void Initialize() {
 }
 
 vips::VImage AsSamples(const vips::VImage& image, VipsBandFormat format) {
-  const vips::VImage cast = image.format() == format ? image : image.cast(format);
   const auto interpretation = format == VIPS_FORMAT_USHORT ? VIPS_INTERPRETATION_RGB16 : VIPS_INTERPRETATION_sRGB;
+  if (image.format() == format && image.interpretation() == interpretation) return image;  // a pixels' copy saved
+  const vips::VImage cast = image.format() == format ? image : image.cast(format);
   return cast.copy(vips::VImage::option()->set("interpretation", interpretation));
 }
 
