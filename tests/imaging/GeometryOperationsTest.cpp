@@ -115,22 +115,27 @@ TEST(GeometryOperations, RippleDisplacesAcrossItsDirection) {
 
 // The warps' maps worked out in bands for OpenCV's remap give the pictures the earlier maps
 // of libvips' mapim gave (kept in tests/data/warps): within a fifth of a level on average,
-// four levels at most, so no pixel moved.
+// four levels at most, so no pixel moved. A turn, now bilinear where libvips' was bicubic,
+// lands on the same canvas within a level and a half on average.
 TEST(GeometryOperations, WarpsGiveThePicturesOfTheirEarlierMaps) {
   const imaging::Image hopper = testing_support::Hopper();
   const struct {
     const char* file;
     imaging::Image result;
+    double mean = 0.2;
+    int largest = 4;
   } cases[] = {{"swirl", ops::Swirl(hopper, 300)},
                {"pinch", ops::Pinch(hopper, 60)},
                {"pinch-out", ops::Pinch(hopper, -60)},
                {"ripple-h", ops::Ripple(hopper, 8, 30, ops::RippleDirection::Horizontal)},
                {"ripple-v", ops::Ripple(hopper, 8, 30, ops::RippleDirection::Vertical)},
                {"perspective-1", ops::Perspective(hopper, ops::PerspectiveDirection::BottomToTop, 60)},
-               {"perspective-4", ops::Perspective(hopper, ops::PerspectiveDirection::RightToLeft, 60)}};
+               {"perspective-4", ops::Perspective(hopper, ops::PerspectiveDirection::RightToLeft, 60)},
+               {"rotate-30", ops::Rotate(hopper, 30), 1.5, 40},
+               {"rotate-minus-17", ops::Rotate(hopper, -17), 1.5, 40}};
   for (const auto& c : cases) {
     const imaging::Image before = imaging::LoadFile(QStringLiteral(VISTREL_SOURCE_DIR "/tests/data/warps/%1.png").arg(QLatin1String(c.file))).value();
-    EXPECT_LT(MeanAbsoluteDifference(c.result, before), 0.2) << c.file;
+    EXPECT_LT(MeanAbsoluteDifference(c.result, before), c.mean) << c.file;
     const QImage a = c.result.ToQImage().convertToFormat(QImage::Format_RGB32), b = before.ToQImage().convertToFormat(QImage::Format_RGB32);
     int largest = 0;
     for (int y = 0; y < a.height(); ++y) {
@@ -139,7 +144,7 @@ TEST(GeometryOperations, WarpsGiveThePicturesOfTheirEarlierMaps) {
         largest = std::max({largest, std::abs(p.red() - q.red()), std::abs(p.green() - q.green()), std::abs(p.blue() - q.blue())});
       }
     }
-    EXPECT_LE(largest, 4) << c.file;
+    EXPECT_LE(largest, c.largest) << c.file;
   }
 }
 

@@ -7,21 +7,24 @@
 
 namespace imaging::ops::detail {
 
-vips::VImage ThroughOpenCv(const vips::VImage& picture, const std::function<void(const cv::Mat& from, cv::Mat& to)>& work) {
+vips::VImage ThroughOpenCv(const vips::VImage& picture, const std::function<void(const cv::Mat& from, cv::Mat& to)>& work,
+                           std::optional<cv::Size> size) {
   const vips::VImage in = picture.copy_memory();
   const int type = CV_MAKETYPE(IsDeep(in) ? CV_16U : CV_8U, in.bands());
-  const size_t bytes = VIPS_IMAGE_SIZEOF_IMAGE(in.get_image());
+  const cv::Size shape = size.value_or(cv::Size(in.width(), in.height()));
+  const size_t bytes = size_t(shape.width) * size_t(shape.height) * VIPS_IMAGE_SIZEOF_PEL(in.get_image());
   std::unique_ptr<void, decltype(&g_free)> result(g_try_malloc(bytes), &g_free);
   if (!result) throw std::bad_alloc();
   try {
     const cv::Mat from(in.height(), in.width(), type, const_cast<void*>(in.data()));
-    cv::Mat to(in.height(), in.width(), type, result.get());
+    cv::Mat to(shape, type, result.get());
     work(from, to);
   } catch (const cv::Exception& error) {
     throw OperationFailed(error.err.empty() ? std::string("OpenCV failed") : error.err);
   }
-  vips::VImage out = vips::VImage::new_from_memory_steal(result.release(), bytes, in.width(), in.height(), in.bands(), in.format());
-  return out.copy(vips::VImage::option()->set("interpretation", in.interpretation()));
+  vips::VImage out = vips::VImage::new_from_memory_steal(result.release(), bytes, shape.width, shape.height, in.bands(), in.format());
+  out.get_image()->Type = in.interpretation();  // set on the fresh image itself: a copy() would cost a pass over it
+  return out;
 }
 
 }  // namespace imaging::ops::detail

@@ -10,11 +10,13 @@
 
 #include <algorithm>
 #include <functional>
+#include <optional>
 
 namespace imaging::ops::detail {
 
-// `work(from, to)` fills `to`, of the same size and type as `from`.
-vips::VImage ThroughOpenCv(const vips::VImage& picture, const std::function<void(const cv::Mat& from, cv::Mat& to)>& work);
+// `work(from, to)` fills `to`, of the type of `from` and of `size` (when given) or its size.
+vips::VImage ThroughOpenCv(const vips::VImage& picture, const std::function<void(const cv::Mat& from, cv::Mat& to)>& work,
+                           std::optional<cv::Size> size = std::nullopt);
 
 struct MapPoint {
   float X, Y;
