@@ -1,7 +1,7 @@
 // Color Depth: black and white for 1 bit, else a palette chosen by libimagequant (the
-// quantiser of pngquant) from a copy of about a megapixel; then the whole image diffused
-// onto it with Floyd-Steinberg. The
-// image stays 24-bit RGB, showing only the palette's colours.
+// quantiser of pngquant) from a sample of a quarter megapixel; then the whole image
+// diffused onto it with Floyd-Steinberg. The image stays 24-bit RGB, showing only the
+// palette's colours.
 //
 // The diffusion is ours: libimagequant's own remapping searches its palette for every
 // pixel and took 3 seconds on a 24-megapixel photo; here the nearest entry of each
@@ -11,6 +11,8 @@
 
 #include <libimagequant.h>
 
+#include <algorithm>
+#include <atomic>
 #include <cmath>
 #include <cstdint>
 #include <memory>
@@ -41,14 +43,16 @@ void ReadRow(liq_color out[], int row, int width, void* user) {
   for (int x = 0; x < width; ++x, in += 3) out[x] = liq_color{in[0], in[1], in[2], 255};
 }
 
-constexpr double kPalettePixels = 1e6;
+constexpr double kPalettePixels = 0.25e6;
 
 Palette ChoosePalette(const vips::VImage& rgb, int colours) {
   const LiqPtr<liq_attr> attr(liq_attr_create());
   liq_set_max_colors(attr.get(), colours);
   liq_set_speed(attr.get(), 8);
-  const double scale = std::sqrt(kPalettePixels / (double(rgb.width()) * rgb.height()));
-  vips::VImage sample = (scale < 1 ? rgb.shrink(1 / scale, 1 / scale) : rgb).copy_memory();  // box means suffice
+  // Every step-th pixel of every step-th row: libimagequant builds a histogram, which a
+  // sample of a quarter megapixel fills as well as the whole, read in a few milliseconds.
+  const int step = std::max(1, int(std::sqrt(double(rgb.width()) * rgb.height() / kPalettePixels)));
+  vips::VImage sample = (step > 1 ? rgb.subsample(step, step) : rgb).copy_memory();
   const LiqPtr<liq_image> image(liq_image_create_custom(attr.get(), ReadRow, &sample, sample.width(), sample.height(), 0));
   liq_result* raw = nullptr;
   if (!image || liq_image_quantize(image.get(), attr.get(), &raw) != LIQ_OK) throw vips::VError("quantisation failed");
@@ -60,65 +64,101 @@ Palette ChoosePalette(const vips::VImage& rgb, int colours) {
   return palette;
 }
 
-// The nearest palette entry of each 6-bit colour cell, found on first use.
-class NearestEntry {
+// The nearest palette entry of each 6-bit colour cell, found on first use and kept packed
+// in the cell itself, so that a pixel costs one look-up. The cells are shared by the bands
+// diffused at once: both would find the same entry, so a cell written twice holds one value.
+class NearestEntries {
  public:
-  explicit NearestEntry(const Palette& palette) : palette_(palette), cells_(64 * 64 * 64, kUnknown) {}
+  explicit NearestEntries(const Palette& palette) : palette_(palette), cells_(64 * 64 * 64) {
+    for (auto& cell : cells_) cell.store(kUnknown, std::memory_order_relaxed);
+    for (size_t i = 0; i < palette_.size(); ++i) byGreen_.push_back(i);
+    std::sort(byGreen_.begin(), byGreen_.end(), [this](size_t a, size_t b) { return palette_[a].G < palette_[b].G; });
+  }
 
-  const Rgb& operator()(int r, int g, int b) {
-    std::uint16_t& cell = cells_[static_cast<size_t>((r >> 2) << 12 | (g >> 2) << 6 | (b >> 2))];
-    if (cell == kUnknown) cell = Search((r & ~3) + 2, (g & ~3) + 2, (b & ~3) + 2);
-    return palette_[cell];
+  Rgb operator()(int r, int g, int b) {
+    std::atomic<std::uint32_t>& cell = cells_[static_cast<size_t>((r >> 2) << 12 | (g >> 2) << 6 | (b >> 2))];
+    std::uint32_t packed = cell.load(std::memory_order_relaxed);
+    if (packed == kUnknown) [[unlikely]] {
+      const Rgb& entry = palette_[Search((r & ~3) + 2, (g & ~3) + 2, (b & ~3) + 2)];
+      packed = std::uint32_t(entry.R) << 16 | std::uint32_t(entry.G) << 8 | std::uint32_t(entry.B);
+      cell.store(packed, std::memory_order_relaxed);
+    }
+    return {int(packed >> 16), int((packed >> 8) & 0xFF), int(packed & 0xFF)};
   }
 
  private:
-  static constexpr std::uint16_t kUnknown = 0xFFFF;
+  static constexpr std::uint32_t kUnknown = 0xFFFFFFFF;
 
-  std::uint16_t Search(int r, int g, int b) const {
-    std::uint16_t best = 0;
+  // The entry at the least distance, weighted as the eye sees, the first in the palette on a
+  // tie. The entries are tried outward from the green nearest `g`, and a side is left once
+  // its green alone is farther than the best so far.
+  size_t Search(int r, int g, int b) const {
+    size_t best = 0;
     int bestDistance = INT32_MAX;
-    for (size_t i = 0; i < palette_.size(); ++i) {
+    const auto tryEntry = [&](size_t i) {
       const int dr = palette_[i].R - r, dg = palette_[i].G - g, db = palette_[i].B - b;
-      const int distance = 2 * dr * dr + 4 * dg * dg + 3 * db * db;  // weighted as the eye sees
-      if (distance < bestDistance) {
+      const int distance = 2 * dr * dr + 4 * dg * dg + 3 * db * db;
+      if (distance < bestDistance || (distance == bestDistance && i < best)) {
         bestDistance = distance;
-        best = static_cast<std::uint16_t>(i);
+        best = i;
       }
-    }
+    };
+    const auto greenDistance = [&](size_t i) { const int dg = palette_[i].G - g; return 4 * dg * dg; };
+    const auto middle = std::lower_bound(byGreen_.begin(), byGreen_.end(), g, [this](size_t i, int green) { return palette_[i].G < green; });
+    for (auto up = middle; up != byGreen_.end() && greenDistance(*up) <= bestDistance; ++up) tryEntry(*up);
+    for (auto down = middle; down != byGreen_.begin() && greenDistance(*(down - 1)) <= bestDistance; --down) tryEntry(*(down - 1));
     return best;
   }
 
   const Palette& palette_;
-  std::vector<std::uint16_t> cells_;
+  std::vector<size_t> byGreen_;
+  std::vector<std::atomic<std::uint32_t>> cells_;
 };
 
-// Floyd-Steinberg: each pixel's error goes 7/16 right, 3/16 down-left, 5/16 down and 1/16
-// down-right. Errors are kept in sixteenths; two rows of them at a time.
-void DiffuseRows(const unsigned char* in, unsigned char* out, int width, int rows, const Palette& palette) {
-  const size_t rowSamples = static_cast<size_t>(width) * 3;
-  std::vector<int> here((static_cast<size_t>(width) + 2) * 3, 0), below(here.size(), 0);
-  NearestEntry nearest(palette);
-  for (int y = 0; y < rows; ++y) {
-    const unsigned char* source = in + rowSamples * static_cast<size_t>(y);
-    unsigned char* target = out + rowSamples * static_cast<size_t>(y);
-    for (int x = 0; x < width; ++x) {
-      int* error = &here[static_cast<size_t>(x + 1) * 3];
-      int wanted[3];
-      for (int c = 0; c < 3; ++c) wanted[c] = std::clamp(source[x * 3 + c] + ((error[c] + 8) >> 4), 0, 255);
-      const Rgb& chosen = nearest(wanted[0], wanted[1], wanted[2]);
-      const int got[3] = {chosen.R, chosen.G, chosen.B};
-      int* down = &below[static_cast<size_t>(x + 1) * 3];
-      for (int c = 0; c < 3; ++c) {
-        target[x * 3 + c] = static_cast<unsigned char>(got[c]);
-        const int e = wanted[c] - got[c];
-        error[c + 3] += e * 7;
-        down[c - 3] += e * 3;
-        down[c] += e * 5;
-        down[c + 3] += e;
-      }
+int Clamped(int value) { return value < 0 ? 0 : value > 255 ? 255 : value; }
+
+// Floyd-Steinberg at one pixel: its error (in sixteenths, at `error`) goes 7/16 right, and
+// 3/16 down-left, 5/16 down and 1/16 down-right into the next row's errors (at `down`).
+[[gnu::always_inline]] inline void DiffusePixel(NearestEntries& nearest, const unsigned char* __restrict in, unsigned char* __restrict out,
+                         int* __restrict error, int* __restrict down) {
+  const int r = Clamped(in[0] + ((error[0] + 8) >> 4));
+  const int g = Clamped(in[1] + ((error[1] + 8) >> 4));
+  const int b = Clamped(in[2] + ((error[2] + 8) >> 4));
+  const Rgb chosen = nearest(r, g, b);
+  out[0] = static_cast<unsigned char>(chosen.R);
+  out[1] = static_cast<unsigned char>(chosen.G);
+  out[2] = static_cast<unsigned char>(chosen.B);
+  const int e[3] = {r - chosen.R, g - chosen.G, b - chosen.B};
+  for (int c = 0; c < 3; ++c) {
+    error[c + 3] += e[c] * 7;
+    down[c - 3] += e[c] * 3;
+    down[c] += e[c] * 5;
+    down[c + 3] += e[c];
+  }
+}
+
+// Two rows at a time, the lower two pixels behind: by then every error it takes from the
+// upper row is in, so the result is that of one row after the other, while the two chains
+// of dependent steps overlap in the processor.
+void DiffuseRows(const unsigned char* in, unsigned char* out, int width, int rows, NearestEntries& nearest) {
+  const size_t rowSamples = static_cast<size_t>(width) * 3, errorSamples = (static_cast<size_t>(width) + 2) * 3;
+  std::vector<int> errors(errorSamples * 3, 0);
+  int* upper = errors.data();  // the upper row's own errors
+  int* lower = upper + errorSamples;  // the lower row's, which the upper one adds to
+  int* next = lower + errorSamples;  // the row after, which the lower one adds to
+  for (int y = 0; y < rows; y += 2) {
+    const unsigned char* top = in + rowSamples * static_cast<size_t>(y);
+    unsigned char* topOut = out + rowSamples * static_cast<size_t>(y);
+    const bool pair = y + 1 < rows;
+    for (int x = 0; x < width + 2; ++x) {
+      const size_t at = static_cast<size_t>(x) * 3;
+      if (x < width) DiffusePixel(nearest, top + at, topOut + at, upper + at + 3, lower + at + 3);
+      if (pair && x >= 2) DiffusePixel(nearest, top + rowSamples + at - 6, topOut + rowSamples + at - 6, lower + at - 3, next + at - 3);
     }
-    here.swap(below);
-    std::fill(below.begin(), below.end(), 0);
+    std::fill(upper, upper + errorSamples, 0);
+    std::fill(lower, lower + errorSamples, 0);
+    std::swap(upper, next);  // the row after is the next pair's upper row
+    std::swap(lower, next);
   }
 }
 
@@ -127,14 +167,16 @@ void DiffuseRows(const unsigned char* in, unsigned char* out, int width, int row
 vips::VImage Diffused(const vips::VImage& rgb, const Palette& palette) {
   const int width = rgb.width(), height = rgb.height();
   const size_t rowSamples = static_cast<size_t>(width) * 3;
-  auto* out = static_cast<unsigned char*>(g_malloc(rowSamples * static_cast<size_t>(height)));
+  auto* out = static_cast<unsigned char*>(g_try_malloc(rowSamples * static_cast<size_t>(height)));
+  if (!out) throw std::bad_alloc();
   const auto* in = static_cast<const unsigned char*>(rgb.data());
+  NearestEntries nearest(palette);
   const int bands = std::clamp(static_cast<int>(std::thread::hardware_concurrency()), 1, std::max(1, height / 64));
   std::vector<std::thread> workers;
   for (int band = 0; band < bands; ++band) {
     const int first = height * band / bands, last = height * (band + 1) / bands;
     const size_t offset = rowSamples * static_cast<size_t>(first);
-    workers.emplace_back([=, &palette] { DiffuseRows(in + offset, out + offset, width, last - first, palette); });
+    workers.emplace_back([=, &nearest] { DiffuseRows(in + offset, out + offset, width, last - first, nearest); });
   }
   for (std::thread& worker : workers) worker.join();
   return vips::VImage::new_from_memory_steal(out, rowSamples * static_cast<size_t>(height), width, height, 3,
