@@ -5,7 +5,10 @@
 
 #include <opencv2/imgproc.hpp>
 
+#include <algorithm>
 #include <cmath>
+#include <cstdint>
+#include <vector>
 
 namespace imaging::ops {
 
@@ -54,15 +57,43 @@ vips::VImage LineMask(double dx, double dy, int length) {
   return vips::VImage::new_matrix(size, size, cells.data(), static_cast<int>(cells.size()));
 }
 
+// (100 - a) % of each sample plus a % of its 3 x 3 mean, the edges repeated outward: in
+// whole numbers over 900, rounded half up, one pass on every core. Each row first sums its
+// three lines sample by sample, then three of those sums side by side: both loops vectorise.
+template <typename Sample>
+void BlendWithMean(const cv::Mat& from, cv::Mat& to, int a) {
+  const int width = from.cols, height = from.rows, bands = from.channels(), centre = 900 - 9 * a;
+  const int samples = width * bands;
+  cv::parallel_for_(cv::Range(0, height), [&](const cv::Range& rows) {
+    std::vector<int> columns(size_t(samples + 2 * bands));  // with the edge columns repeated
+    for (int y = rows.start; y < rows.end; ++y) {
+      const Sample* above = from.ptr<Sample>(std::max(y - 1, 0));
+      const Sample* here = from.ptr<Sample>(y);
+      const Sample* below = from.ptr<Sample>(std::min(y + 1, height - 1));
+      int* sums = columns.data() + bands;
+      for (int i = 0; i < samples; ++i) sums[i] = above[i] + here[i] + below[i];
+      for (int c = 0; c < bands; ++c) {
+        sums[c - bands] = sums[c];
+        sums[samples + c] = sums[samples - bands + c];
+      }
+      Sample* out = to.ptr<Sample>(y);
+      for (int i = 0; i < samples; ++i) {
+        const int sum = sums[i - bands] + sums[i] + sums[i + bands];
+        out[i] = static_cast<Sample>((centre * here[i] + a * sum + 450) / 900);
+      }
+    }
+  });
+}
+
 }  // namespace
 
 Image Blend(const Image& image, int amount) {
   const int a = Clamp(amount, 0, 100);
   if (a == 0) return image;
-  // (100 - a) % of the pixel plus a % of its 3 x 3 mean, in whole numbers over 900.
-  const double n = a, c = 900 - 8 * a;
-  return detail::OnColourBands(image, [=](const vips::VImage& rgb) {
-    return IntegerConvolution(rgb, vips::VImage::new_matrixv(3, 3, n, n, n, n, c, n, n, n, n), 900);
+  return detail::OnColourBands(image, [a](const vips::VImage& rgb) {
+    return detail::ThroughOpenCv(rgb, [a, deep = IsDeep(rgb)](const cv::Mat& from, cv::Mat& to) {
+      deep ? BlendWithMean<std::uint16_t>(from, to, a) : BlendWithMean<std::uint8_t>(from, to, a);
+    });
   });
 }
 

@@ -4,8 +4,9 @@
 #include "imaging/ops/OpenCvBridge.h"
 #include "imaging/ops/OpsInternal.h"
 
+#include <algorithm>
 #include <cstdint>
-#include <new>
+#include <limits>
 
 namespace imaging::ops {
 
@@ -24,30 +25,36 @@ std::uint64_t Draw(std::uint64_t seed, std::uint64_t index) {
 
 std::uint64_t Seed(const vips::VImage& in) { return (std::uint64_t(in.width()) << 32) ^ std::uint64_t(in.height()); }
 
+// The picture's samples with the pixel's draw added to every colour band, held in range.
+template <typename Sample>
+void AddNoise(const cv::Mat& from, cv::Mat& to, std::uint64_t seed, std::uint64_t chance, int spread) {
+  const int width = from.cols, bands = from.channels(), maximum = std::numeric_limits<Sample>::max();
+  const int scale = sizeof(Sample) == 2 ? 257 : 1;  // whole numbers throughout, at either depth
+  cv::parallel_for_(cv::Range(0, from.rows), [&](const cv::Range& rows) {
+    for (int y = rows.start; y < rows.end; ++y) {
+      const Sample* in = from.ptr<Sample>(y);
+      Sample* out = to.ptr<Sample>(y);
+      for (int x = 0; x < width; ++x, in += bands, out += bands) {
+        const std::uint64_t r = Draw(seed, std::uint64_t(y) * std::uint64_t(width) + std::uint64_t(x));
+        const bool hit = (r & 0xFFFF) * 100 < chance * 0x10000;
+        const int value = hit ? (int(((r >> 16) & 0xFFFF) * std::uint64_t(2 * spread + 1) >> 16) - spread) * scale : 0;
+        for (int c = 0; c < bands; ++c) out[c] = static_cast<Sample>(std::clamp(in[c] + value, 0, maximum));
+      }
+    }
+  });
+}
+
 }  // namespace
 
 Image Noise(const Image& image, int frequency, int intensity) {
   const std::uint64_t chance = static_cast<std::uint64_t>(Clamp(frequency, 1, 20)) * 5;  // per cent of the pixels
   const int spread = Clamp(intensity, 1, 128);
   return detail::OnColourBands(image, [=](const vips::VImage& rgb) {
-    // One band of noise, drawn a row at a time on every core, added to each colour band.
-    const int width = rgb.width(), height = rgb.height();
-    const int scale = IsDeep(rgb) ? 257 : 1;  // whole numbers throughout, at either depth
-    auto* samples = static_cast<std::int32_t*>(g_try_malloc(size_t(width) * size_t(height) * sizeof(std::int32_t)));
-    if (!samples) throw std::bad_alloc();
+    // One draw a pixel, made on every core in a single pass over the picture.
     const std::uint64_t seed = Seed(rgb);
-    cv::parallel_for_(cv::Range(0, height), [&](const cv::Range& rows) {
-      for (int y = rows.start; y < rows.end; ++y) {
-        for (int x = 0; x < width; ++x) {
-          const std::uint64_t r = Draw(seed, std::uint64_t(y) * std::uint64_t(width) + std::uint64_t(x));
-          const bool hit = (r & 0xFFFF) * 100 < chance * 0x10000;
-          const int value = int(((r >> 16) & 0xFFFF) * std::uint64_t(2 * spread + 1) >> 16) - spread;
-          samples[size_t(y) * size_t(width) + size_t(x)] = hit ? value * scale : 0;
-        }
-      }
+    return detail::ThroughOpenCv(rgb, [&](const cv::Mat& from, cv::Mat& to) {
+      IsDeep(rgb) ? AddNoise<std::uint16_t>(from, to, seed, chance, spread) : AddNoise<std::uint8_t>(from, to, seed, chance, spread);
     });
-    const vips::VImage noise = vips::VImage::new_from_memory_steal(samples, size_t(width) * size_t(height) * sizeof(std::int32_t), width, height, 1, VIPS_FORMAT_INT);
-    return rgb + noise;
   });
 }
 
