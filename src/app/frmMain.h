@@ -43,6 +43,7 @@
 #include <deque>
 
 class QLabel;
+class QProgressBar;
 class QToolButton;
 class QMenu;
 class QSplitter;
@@ -117,6 +118,9 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   // ... and the parameter dialog through this: true for OK, false for Cancel.
   using ParameterDialogRunner = std::function<bool(edit::frmDiseno& dialog)>;
   void SetParameterDialogRunner(ParameterDialogRunner runner) { runParameterDialog_ = std::move(runner); }
+  // ... and the operations through this, on a worker thread.
+  using EditRunner = std::function<edit::Applied(const edit::CatalogueCommand&, const imaging::Image&, const edit::Arguments&)>;
+  void SetEditRunner(EditRunner runner) { runEdit_ = std::move(runner); }
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -218,6 +222,7 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   QRect SelectionPixels() const;
   void RunCatalogueCommand(const edit::CatalogueCommand& command);
   std::optional<edit::Arguments> AskParameters(const edit::CatalogueCommand& command);
+  std::optional<edit::Applied> ApplyOnWorker(const edit::CatalogueCommand& command, const edit::Arguments& arguments);
   void CopyToClipboard();
   void ShowEditedImage(const imaging::Image& image, bool removeSelection);
   static QImage InterimFrame(const edit::CatalogueCommand& command, const QImage& shown, const edit::Arguments& arguments);
@@ -250,11 +255,13 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   std::array<QLabel*, 6> statusPanes_{};
   // Beside "page 2/5" or "frame 3/12": previous and next page or frame, and pause.
   std::array<QToolButton*, 3> pageButtons_{};
+  QProgressBar* editProgress_ = nullptr;  // shown while an edit takes its time
   QMenu* mnuList_ = nullptr;
   widgets::FileChooser chooseFile_ = widgets::ShowFileDialog;
   files::SaveOptionsAsker askSaveOptions_ = files::AskSaveOptions;
   FolderChooser chooseFolder_ = RunOpenFolderDialog;
   ParameterDialogRunner runParameterDialog_ = RunParameterDialog;
+  EditRunner runEdit_ = edit::TryApply;
   FullScreenRunner runFullScreen_ = RunFullScreenView;
   shell::WallpaperSetter setWallpaper_ = shell::SetDesktopWallpaper;
   app::ColourChooser chooseColour_ = ChooseColourWithDialog;

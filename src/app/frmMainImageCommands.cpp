@@ -1,6 +1,6 @@
 // The editing commands: every Colors, Image and Filters operation runs through one
 // frame (its silent preconditions, the selection it needs, its parameter dialog, the
-// operation under the busy pointer, one undo step), and Edit > Copy.
+// operation on a worker under the busy pointer, one undo step), and Edit > Copy.
 #include "app/frmMain.h"
 
 #include "edit/Catalogue.h"
@@ -8,12 +8,16 @@
 #include "edit/frmDiseno.h"
 #include "imaging/Operations.h"
 #include "view/Viewport.h"
-#include "widgets/BusyPointer.h"
+#include "widgets/WaitForWork.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMessageBox>
+#include <QProgressBar>
 #include <QStatusBar>
+#include <QtConcurrent/QtConcurrentRun>
+
+#include <memory>
 
 namespace app {
 
@@ -45,20 +49,35 @@ void frmMain::RunCatalogueCommand(const edit::CatalogueCommand& command) {
   } else {
     arguments = edit::ArgumentsFrom(command, {}, selection);
   }
-  widgets::BusyPointerGuard busy;
-  picFondo_->SelectNone();
   const QString undoName = command.Undo();
-  RefreshStatusBar(undoName + QStringLiteral("..."));  // while it works
-  statusBar()->repaint();
-  const edit::Applied applied = edit::TryApply(command, *document_.CurrentImage(), arguments);
-  if (!applied.Picture) {  // nothing changes and nothing is recorded
-    RefreshStatusBar({});
-    ShowExclamation(QStringLiteral("Can't apply %1").arg(undoName), applied.Failure);
+  const std::optional<edit::Applied> applied = ApplyOnWorker(command, arguments);
+  if (!applied) return;  // Esc: the image and the history as they were
+  if (!applied->Picture) {  // nothing changes and nothing is recorded
+    ShowExclamation(QStringLiteral("Can't apply %1").arg(undoName), applied->Failure);
     return;
   }
+  picFondo_->SelectNone();
   interimFrame_ = InterimFrame(command, shownFrame, arguments);
-  document_.ApplyEdit(*applied.Picture, undoName, command.ChangesGeometry(), edit::BlockStepOf(command, arguments));
+  document_.ApplyEdit(*applied->Picture, undoName, command.ChangesGeometry(), edit::BlockStepOf(command, arguments));
   interimFrame_ = QImage();
+}
+
+// The operation on a worker thread while the window stays painted and holds the user's
+// input back. After a quarter second the status bar says what is being done, with a busy
+// bar; Esc gives up the edit at once (nullopt) and its result is dropped when it comes.
+std::optional<edit::Applied> frmMain::ApplyOnWorker(const edit::CatalogueCommand& command, const edit::Arguments& arguments) {
+  auto result = std::make_shared<edit::Applied>();
+  const QFuture<void> work = QtConcurrent::run(
+      [result, run = runEdit_, &command, image = *document_.CurrentImage(), arguments] { *result = run(command, image, arguments); });
+  std::atomic_bool cancel = false;
+  widgets::WaitOptions options;
+  options.LeaveOnEscape = true;
+  options.Slow = [this, &command](bool slow) {
+    RefreshStatusBar(slow ? command.Undo() + QStringLiteral("... (Esc cancels)") : QString());
+    editProgress_->setVisible(slow);
+  };
+  if (widgets::WaitForWork(work, cancel, options)) return std::nullopt;
+  return *result;
 }
 
 // A pointwise operation run on the frame shown gives the new frame at once; the exact one

@@ -15,6 +15,7 @@
 #include <QMenu>
 #include <QSplitter>
 #include <QStackedWidget>
+#include <QProgressBar>
 #include <QStatusBar>
 #include <QToolButton>
 #include <QToolBar>
@@ -64,6 +65,12 @@ void frmMain::BuildStatusBar() {
     if (page) statusBar()->addPermanentWidget(pageButtons_[1] = new QToolButton(this));
     if (page) statusBar()->addPermanentWidget(pageButtons_[2] = new QToolButton(this));
   }
+  editProgress_ = new QProgressBar(this);
+  editProgress_->setObjectName(QStringLiteral("prgEdit"));
+  editProgress_->setRange(0, 0);  // a busy bar: the operations do not tell how far they are
+  editProgress_->setMaximumWidth(160);
+  editProgress_->hide();
+  statusBar()->addWidget(editProgress_);
   for (QToolButton* button : pageButtons_) {
     button->setAutoRaise(true);
     button->setToolButtonStyle(Qt::ToolButtonIconOnly);

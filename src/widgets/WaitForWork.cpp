@@ -6,6 +6,7 @@
 #include <QEventLoop>
 #include <QFutureWatcher>
 #include <QKeyEvent>
+#include <QTimer>
 
 namespace widgets {
 
@@ -14,7 +15,9 @@ namespace {
 // Swallows user input for the whole application; Esc becomes the request to stop.
 class InputHold : public QObject {
  public:
-  explicit InputHold(std::atomic_bool& cancel) : cancel_(cancel) { QCoreApplication::instance()->installEventFilter(this); }
+  InputHold(std::atomic_bool& cancel, std::function<void()> onEscape) : cancel_(cancel), onEscape_(std::move(onEscape)) {
+    QCoreApplication::instance()->installEventFilter(this);
+  }
   ~InputHold() override { QCoreApplication::instance()->removeEventFilter(this); }
   InputHold(const InputHold&) = delete;
   InputHold& operator=(const InputHold&) = delete;
@@ -22,10 +25,15 @@ class InputHold : public QObject {
  protected:
   bool eventFilter(QObject*, QEvent* event) override {
     switch (event->type()) {
-      case QEvent::KeyPress:
-        if (static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) cancel_ = true;
+      // Esc may come as the override asked before a shortcut (a window's Esc action) or as
+      // the key itself.
+      case QEvent::KeyPress: case QEvent::ShortcutOverride:
+        if (static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
+          cancel_ = true;
+          onEscape_();
+        }
         return true;
-      case QEvent::KeyRelease: case QEvent::ShortcutOverride: case QEvent::Shortcut:
+      case QEvent::KeyRelease: case QEvent::Shortcut:
       case QEvent::MouseButtonPress: case QEvent::MouseButtonRelease: case QEvent::MouseButtonDblClick:
       case QEvent::Wheel: case QEvent::ContextMenu: case QEvent::Close:
         return true;
@@ -36,18 +44,30 @@ class InputHold : public QObject {
 
  private:
   std::atomic_bool& cancel_;
+  std::function<void()> onEscape_;
 };
 
 }  // namespace
 
-bool WaitForWork(const QFuture<void>& work, std::atomic_bool& cancel) {
+bool WaitForWork(const QFuture<void>& work, std::atomic_bool& cancel, const WaitOptions& options) {
   BusyPointerGuard busy;
-  InputHold hold(cancel);
   QEventLoop loop;
+  InputHold hold(cancel, [&] {
+    if (options.LeaveOnEscape) loop.quit();
+  });
   QFutureWatcher<void> watcher;
   QObject::connect(&watcher, &QFutureWatcher<void>::finished, &loop, &QEventLoop::quit);
+  QTimer slow;
+  bool toldSlow = false;
+  slow.setSingleShot(true);
+  QObject::connect(&slow, &QTimer::timeout, [&] {
+    toldSlow = true;
+    options.Slow(true);
+  });
+  if (options.Slow) slow.start(250);
   watcher.setFuture(work);
   if (!work.isFinished()) loop.exec();
+  if (toldSlow) options.Slow(false);
   return cancel.load();
 }
 

@@ -6,10 +6,19 @@
 #include <QFuture>
 
 #include <atomic>
+#include <functional>
 
 namespace widgets {
 
+struct WaitOptions {
+  // Esc returns at once, leaving the work to finish on its own (its result unwanted).
+  bool LeaveOnEscape = false;
+  // Called with true once the work has taken a quarter of a second, and with false when the
+  // wait ends after that: the moment to show that something is going on.
+  std::function<void(bool slow)> Slow;
+};
+
 // Runs the event loop until `work` has finished; true when Esc set `cancel` meanwhile.
-bool WaitForWork(const QFuture<void>& work, std::atomic_bool& cancel);
+bool WaitForWork(const QFuture<void>& work, std::atomic_bool& cancel, const WaitOptions& options = {});
 
 }  // namespace widgets

@@ -10,7 +10,11 @@
 #include <QClipboard>
 #include <QFile>
 #include <QGuiApplication>
+#include <QProgressBar>
 #include <QSlider>
+#include <QThread>
+#include <QThreadPool>
+#include <QTimer>
 #include <QtTest/QTest>
 
 #include <vips/vips.h>
@@ -128,6 +132,36 @@ TEST_F(frmMainCatalogueTest, AnOperationThatFailsSaysWhyAndRecordsNothing) {
   EXPECT_EQ(MeanAbsoluteDifference(Shown(), before), 0);
   Trigger("mnuColorsNegative");  // and works again once libvips does
   EXPECT_FALSE(NothingToUndo());
+}
+
+// An edit that takes its time shows a busy bar after a quarter second; Esc gives it up at
+// once with the picture and the history as they were, and its late result is dropped.
+TEST_F(frmMainCatalogueTest, EscGivesUpASlowEditAndItsLateResult) {
+  StartOnPhoto();
+  const imaging::Image before = Shown();
+  std::atomic_bool release = false;
+  window_->SetEditRunner([&release](const edit::CatalogueCommand& command, const imaging::Image& image, const edit::Arguments& values) {
+    while (!release) QThread::msleep(5);
+    return edit::TryApply(command, image, values);
+  });
+  auto* progress = Child<QProgressBar>("prgEdit");
+  QString said;
+  QTimer user;  // waits, as a user does, for the busy bar, then presses Esc
+  QObject::connect(&user, &QTimer::timeout, [&] {
+    if (!progress->isVisible()) return;
+    said = Pane("lblStatusName");
+    QTest::keyClick(window_.get(), Qt::Key_Escape);
+  });
+  user.start(20);
+  Trigger("mnuColorsNegative");
+  user.stop();
+  EXPECT_EQ(said, QStringLiteral("Negative... (Esc cancels)"));
+  EXPECT_FALSE(progress->isVisible());
+  release = true;
+  QThreadPool::globalInstance()->waitForDone();
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(NothingToUndo());
+  EXPECT_EQ(MeanAbsoluteDifference(Shown(), before), 0);
 }
 
 TEST_F(frmMainCatalogueTest, RotateNinetyThroughItsButtonSwapsTheSidesAndTheDesktopsKeysRedoAndZoom) {
