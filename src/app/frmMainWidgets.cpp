@@ -85,7 +85,7 @@ void frmMain::ConnectDocument() {
     RefreshTitle();
   });
   connect(&document_, &Document::ImageShown, this, &frmMain::ShowImage);
-  document_.SetStandInLoader([this](const QString& path) { return files::LoadStandIn(path, state_.Metrics); });
+  connect(picFondo_, &view::Viewport::Resized, this, [this](QSize size) { document_.SetQuickPictureBox(size); });
   connect(&document_, &Document::StandInShown, this, [this](const imaging::Image& picture, base::NaturalSize natural) {
     picFondo_->ShowStandIn(picture, natural, state_.Settings.FitToWindow);
     if (!isVisible()) {  // a large image opened at start-up: the window shows with it

@@ -17,9 +17,9 @@ namespace document {
 
 namespace {
 
-constexpr int kMomentMs = 100;  // a picture within this feels immediate
-// A read still going after this long makes its quick picture beside it, ready by the moment.
-constexpr int kQuickStartMs = 40;
+// A read still going after this long (one from the prefetcher's store is done by then) makes
+// quick pictures beside it.
+constexpr int kHeadStartMs = 8;
 
 }  // namespace
 
@@ -148,9 +148,10 @@ void Document::ScanFolder() {
   shownRow_ = -1;
 }
 
-// The image is read on a worker. A read that takes longer than a moment shows a quick
-// picture first (when there is one) and keeps the window painted; a quick one finishes
-// before anything repaints, so stepping through a folder never flickers.
+// The image is read on a worker. A read that takes longer than a few milliseconds shows
+// quick pictures as they come (when there are any) and keeps the window painted; a read
+// from the prefetcher's store finishes before anything repaints, so stepping through a
+// folder never flickers.
 void Document::Load(const QString& path, int page) {
   image_.reset();
   natural_ = {};
@@ -160,14 +161,17 @@ void Document::Load(const QString& path, int page) {
   animated_ = false;
   preview_ = false;
   std::optional<files::LoadedImage> loaded;
+  ++readings_;
   const QFuture<void> reading = QtConcurrent::run(&loading_, [&] {
     loaded = page == 0 ? loader_(path) : files::LoadImageFile(path, state_.Metrics, page);
   });
-  if (!loading_.waitForDone(kQuickStartMs) && page == 0) ShowQuickPictureWhileReading(path);
+  if (!loading_.waitForDone(kHeadStartMs) && page == 0) StartQuickPictures(path);
   if (!loading_.waitForDone(0)) {
     std::atomic_bool ignored{false};
     prompts_.WaitFor(reading, ignored);
   }
+  quickWanted_ = 0;
+  ++readings_;  // what the quick pictures bring from now on is too late
   if (!loaded) return;
   image_ = std::move(loaded->Picture);
   natural_ = loaded->Natural;
@@ -177,15 +181,22 @@ void Document::Load(const QString& path, int page) {
   preview_ = loaded->Preview;
 }
 
-// The quick picture is made on a thread of its own and shown only when the whole image is
-// still not read at the moment; otherwise it is dropped when ready.
-void Document::ShowQuickPictureWhileReading(const QString& path) {
-  if (!standIn_) return;
-  auto quick = std::make_shared<std::optional<files::LoadedImage>>();
-  QFuture<void> making = QtConcurrent::run(&quickLoading_, [quick, path, standIn = standIn_] { *quick = standIn(path); });
-  if (loading_.waitForDone(kMomentMs - kQuickStartMs)) return;
-  making.waitForFinished();
-  if (*quick && !loading_.waitForDone(0)) Q_EMIT StandInShown((*quick)->Picture, (*quick)->Natural);
+// The quick pictures are made on a thread of their own, each handed to the UI thread as it
+// is made and shown there only while the read it stands for is still going.
+void Document::StartQuickPictures(const QString& path) {
+  if (!quick_) return;
+  const quint64 reading = readings_;
+  quickWanted_ = reading;
+  const auto deliver = [this, reading](files::LoadedImage picture) {
+    if (quickWanted_ != reading) return false;
+    QMetaObject::invokeMethod(this, [this, reading, picture = std::move(picture)] {
+      if (readings_ == reading) Q_EMIT StandInShown(picture.Picture, picture.Natural);
+    }, Qt::QueuedConnection);
+    return true;
+  };
+  (void)QtConcurrent::run(&quickLoading_, [this, quick = quick_, path, box = quickBox_, metrics = state_.Metrics, reading, deliver] {
+    if (quickWanted_ == reading) quick(path, box, metrics, deliver);
+  });
 }
 
 void Document::DevelopPreview() {

@@ -99,8 +99,12 @@ class Document : public QObject {
   // the scan (the list then stays empty and the status bar says so).
   void ScanFolder();
   void SetScanner(Scanner scanner) { scanner_ = std::move(scanner); }
-  // A quick picture to show while a large image is read (files::LoadStandIn).
-  void SetStandInLoader(Loader standIn) { standIn_ = std::move(standIn); }
+  // The quick pictures shown while a large image is read (files::LoadQuickPictures), fitted
+  // to the box the window shows the image in.
+  using QuickLoader = std::function<void(const QString& path, QSize box, const base::ScreenMetrics& metrics,
+                                         const files::QuickPictureSink& deliver)>;
+  void SetQuickPictureLoader(QuickLoader quick) { quick_ = std::move(quick); }
+  void SetQuickPictureBox(QSize box) { quickBox_ = box; }
   void ClickEntry(int row);
   // Next and previous image, first and last: the list's selection moves and the entry
   // opens as a click on it would. Nothing beyond either end.
@@ -216,7 +220,7 @@ class Document : public QObject {
   bool OpenSingleFile(const QString& path, bool reportFailure);
   void OpenFirstEntry();
   void Load(const QString& path, int page = 0);
-  void ShowQuickPictureWhileReading(const QString& path);
+  void StartQuickPictures(const QString& path);
   void ClearCurrentImage();
   void ForgetWhatIsOpen();
   void AnnounceNeighbours();
@@ -239,9 +243,12 @@ class Document : public QObject {
   browse::FileListModel& list_;
   DocumentPrompts& prompts_;
   Loader loader_;
-  Loader standIn_;
+  QuickLoader quick_ = files::LoadQuickPictures;
+  QSize quickBox_;
+  quint64 readings_ = 0;  // counts the reads; a quick picture of an earlier one is not shown
+  std::atomic<quint64> quickWanted_ = 0;  // the read whose quick pictures are still wanted
   QThreadPool loading_;       // the one thread that reads the image to show
-  QThreadPool quickLoading_;  // the one thread that makes its quick picture
+  QThreadPool quickLoading_;  // the one thread that makes its quick pictures
   Scanner scanner_ = [](const QString& folder, browse::ScanFilter filter, const std::atomic_bool* cancel) {
     return browse::ScanFolder(folder, filter, cancel);
   };

@@ -52,14 +52,14 @@ std::optional<LoadedImage> LoadImageFile(const QString& path, const base::Screen
                      animated ? 1 : imaging::ReadPageFacts(path).TurnablePages(), animated};
 }
 
-std::optional<LoadedImage> LoadStandIn(const QString& path, const base::ScreenMetrics& metrics) {
-  const int screenWidth = ScreenPixels(metrics).width(), screenHeight = ScreenPixels(metrics).height();
+void LoadQuickPictures(const QString& path, QSize box, const base::ScreenMetrics& metrics, const QuickPictureSink& deliver) {
+  const QSize screen = ScreenPixels(metrics);
   const auto size = imaging::ReadImageSizeCheaply(path);
-  if (!size || qint64(size->width()) * size->height() <= 4 * qint64(screenWidth) * screenHeight) return std::nullopt;
-  // Half the screen's sides: a JPEG then decodes at 1/8 scale, in a fraction of the time.
-  auto picture = imaging::LoadFitting(path, std::max(1, screenWidth / 2), std::max(1, screenHeight / 2));
-  if (!picture) return std::nullopt;
-  return LoadedImage{std::move(*picture), base::NaturalSize::FromPixels(size->width(), size->height(), metrics)};
+  if (!size || qint64(size->width()) * size->height() <= 4 * qint64(screen.width()) * screen.height()) return;
+  const auto natural = base::NaturalSize::FromPixels(size->width(), size->height(), metrics);
+  if (auto glimpse = imaging::ReadEmbeddedPreview(path); glimpse && !deliver({std::move(*glimpse), natural})) return;
+  box = box.isEmpty() ? screen / 2 : box.boundedTo(screen);
+  if (auto fitted = imaging::LoadFitting(path, std::max(1, box.width()), std::max(1, box.height()))) deliver({std::move(*fitted), natural});
 }
 
 }  // namespace files

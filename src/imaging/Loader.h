@@ -60,6 +60,10 @@ struct FittingLoad {
 };
 std::optional<Image> LoadFitting(const QString& path, int maxWidth, int maxHeight, FittingLoad* facts = nullptr);
 
+// The small picture a camera keeps in a JPEG's EXIF, upright: a first glimpse while the
+// photo itself is decoded. nullopt when there is none, or its proportions are not the photo's.
+std::optional<Image> ReadEmbeddedPreview(const QString& path);
+
 // True for the six extensions that are composited onto white.
 bool ComesInOnWhite(const QString& lowerCaseExtension);
 

@@ -86,6 +86,11 @@ void ImageCanvas::ShowInterimFrame(const QImage& frame) {
   ReduceInBackground();
 }
 
+void ImageCanvas::ShowStandInFrame(const imaging::Image& standIn) {
+  if (!image_ || percentage_ >= 100) return;
+  ShowInterimFrame(standIn.ToQImage().scaled(ReducedSize(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+}
+
 void ImageCanvas::ReduceInBackground() {
   reducing_ = true;
   auto* watcher = new QFutureWatcher<QImage>(this);

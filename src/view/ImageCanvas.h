@@ -37,6 +37,8 @@ class ImageCanvas : public QWidget {
   // operation run on the frame shown before it), at once; the exact reduction is made off
   // the UI thread and takes its place when ready. A frame of another size is ignored.
   void ShowInterimFrame(const QImage& frame);
+  // The same with a quick picture of the image, scaled to the frame's size.
+  void ShowStandInFrame(const imaging::Image& standIn);
   // The reduced copy painted now; null at 100 % and above, or before the first paint.
   const QImage& ReducedFrame() const { return reduced_; }
   // No exact reduction is on its way.

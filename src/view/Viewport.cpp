@@ -12,6 +12,7 @@
 #include <QStyle>
 
 #include <cmath>
+#include <utility>
 
 namespace view {
 
@@ -71,9 +72,13 @@ void Viewport::ShowMessage(const QString& text) {
   lblMessage_->setVisible(!text.isEmpty() && !image_);
 }
 
+// After quick pictures of the image, the last one stays on screen, scaled to the frame,
+// until the exact frame is reduced from the whole image off the UI thread.
 void Viewport::SetImage(const std::optional<imaging::Image>& image, base::NaturalSize natural, bool fit) {
+  const std::optional<imaging::Image> standIn = std::exchange(standIn_, std::nullopt);
   SelectNone();
   Show(image, natural, fit);
+  if (standIn && image) imaImagen_->ShowStandInFrame(*standIn);
 }
 
 void Viewport::SetRedraw(std::function<std::optional<imaging::Image>(double scale, const QRect& area)> redraw) {
@@ -83,6 +88,7 @@ void Viewport::SetRedraw(std::function<std::optional<imaging::Image>(double scal
 void Viewport::ShowStandIn(const imaging::Image& picture, base::NaturalSize natural, bool fit) {
   SelectNone();
   Show(picture, natural, fit);
+  standIn_ = picture;
   const double wholeWidth = natural.WidthTwips / metrics_.ImageTwipsPerPixelX();
   imaImagen_->SetImage(picture, wholeWidth > 0 ? picture.Width() / wholeWidth : 1.0);
 }
@@ -198,6 +204,7 @@ void Viewport::Place() {
 void Viewport::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
   lblMessage_->setGeometry(rect());
+  Q_EMIT Resized(size() * devicePixelRatioF());
   if (image_ && fitRules_().AlwaysFit) {
     ApplyZoom(FitPercentage());
   } else {

@@ -84,6 +84,8 @@ class Viewport : public QWidget {
   // The zoom percentage changed (a command, or Always Fit after a resize).
   void ZoomChanged(int percentage);
   void FullScreenRequested();
+  // The panel's new size in device pixels.
+  void Resized(QSize size);
   // Ctrl+wheel: +1 zooms in, -1 out (the View menu's commands).
   void ZoomStepRequested(int direction);
   // Stepping through the folder: +1 next, -1 previous; First and Last go to the ends.
@@ -119,6 +121,7 @@ class Viewport : public QWidget {
   QWidget* picCuadro_ = nullptr;
   QTimer tmrSel_;
   std::optional<imaging::Image> image_;
+  std::optional<imaging::Image> standIn_;  // the quick picture shown while the image is read
   base::NaturalSize natural_;
   int percentage_ = 100;
   std::function<FitRules()> fitRules_ = [] { return FitRules{}; };

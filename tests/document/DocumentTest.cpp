@@ -18,6 +18,7 @@
 #include <QTimer>
 #include <QWidget>
 #include <QSignalSpy>
+#include <QtTest/QTest>
 
 #include <gtest/gtest.h>
 
@@ -178,21 +179,28 @@ TEST_F(DocumentTest, EscStopsASlowFolderScan) {
   EXPECT_EQ(status.last().at(0).toString(), QStringLiteral("Folder scan cancelled"));
 }
 
-// A read that takes a while shows the stand-in first and keeps the window alive; a
-// quick one goes straight to the image.
-TEST_F(DocumentTest, ASlowReadShowsAStandInFirst) {
+// A read that takes a while shows the quick pictures as they come and keeps the window
+// alive; one that comes after the image is dropped, and a quick read goes straight to the
+// image.
+TEST_F(DocumentTest, ASlowReadShowsItsQuickPicturesFirst) {
   const QString file = folder_.WritePng(QStringLiteral("big.png"), 40, 30);
-  for (const int readMs : {400, 0}) {
-    Document document(state_, list_, prompts_, [&](const QString& path) {
+  const std::pair<int, QStringList> cases[] = {{400, {"quick 2 of 600", "quick 4 of 600", "image 40"}},
+                                               {150, {"quick 2 of 600", "image 40"}},
+                                               {0, {"image 40"}}};
+  for (const auto& [readMs, expected] : cases) {
+    Document document(state_, list_, prompts_, [readMs = readMs, this](const QString& path) {
       QThread::msleep(static_cast<unsigned long>(readMs));
       return files::LoadImageFile(path, state_.Metrics);
     });
-    document.SetStandInLoader([&](const QString&) {
-      return files::LoadedImage{testing_support::Painted(4, 3, [](int, int) { return QColor(Qt::red); }), {600, 450}};
+    document.SetQuickPictureLoader([](const QString&, QSize, const base::ScreenMetrics&, const files::QuickPictureSink& deliver) {
+      const auto red = [](int width, int height) { return testing_support::Painted(width, height, [](int, int) { return QColor(Qt::red); }); };
+      deliver({red(2, 1), {600, 450}});
+      QThread::msleep(300);
+      deliver({red(4, 3), {600, 450}});
     });
     QStringList shown;
     QObject::connect(&document, &Document::StandInShown, [&](const imaging::Image& picture, base::NaturalSize natural) {
-      shown << QStringLiteral("stand-in %1 of %2").arg(picture.Width()).arg(natural.WidthTwips);
+      shown << QStringLiteral("quick %1 of %2").arg(picture.Width()).arg(natural.WidthTwips);
     });
     QObject::connect(&document, &Document::ImageShown, [&](const imaging::Image* image) {
       if (image) shown << QStringLiteral("image %1").arg(image->Width());
@@ -202,8 +210,9 @@ TEST_F(DocumentTest, ASlowReadShowsAStandInFirst) {
     QObject::connect(&ticking, &QTimer::timeout, [&] { ++ticks; });
     ticking.start(10);
     document.OpenAtStartup(file);
-    EXPECT_EQ(shown, readMs ? QStringList({"stand-in 4 of 600", "image 40"}) : QStringList{"image 40"}) << readMs;
     EXPECT_EQ(ticks > 5, readMs > 0) << readMs;
+    QTest::qWait(350);  // what the quick loader still brings
+    EXPECT_EQ(shown, expected) << readMs;
   }
 }
 

@@ -104,4 +104,24 @@ TEST(CameraRaw, CutCraftedAndForeignFilesAreRefusedQuickly) {
   }
 }
 
+// A JPEG's EXIF thumbnail, as cameras store it: turned by the photo's orientation, and
+// left out where it is padded to other proportions or missing.
+TEST(EmbeddedPreview, ACamerasThumbnailComesUprightAndAPaddedOneIsLeftOut) {
+  TempFolder folder;
+  const QString photo = folder.File(QStringLiteral("photo.jpg"));
+  ASSERT_TRUE(testing_support::Hopper().FitWithin(120, 80).ToQImage().scaled(120, 80).save(photo));
+  EXPECT_FALSE(imaging::ReadEmbeddedPreview(photo).has_value());
+  for (const auto& [side, kept] : {std::pair(40, true), std::pair(45, false)}) {
+    const QString thumbnail = folder.File(QStringLiteral("thumbnail.jpg"));
+    ASSERT_TRUE(testing_support::Painted(60, side, [](int, int) { return QColor(Qt::green); }).ToQImage().save(thumbnail));
+    ASSERT_EQ(testing_support::Run(QStringLiteral("exiftool"), {"-q", "-overwrite_original", "-ThumbnailImage<=" + thumbnail,
+                                                                "-Orientation#=6", photo}).ExitCode, 0);
+    const auto preview = imaging::ReadEmbeddedPreview(photo);
+    ASSERT_EQ(preview.has_value(), kept) << side;
+    if (!kept) continue;
+    EXPECT_EQ(testing_support::SizeOf(*preview), QSize(40, 60));  // as the photo, 80 x 120 upright
+    EXPECT_GT(testing_support::PixelAt(*preview, 20, 30).green(), 240);
+  }
+}
+
 }  // namespace
