@@ -128,6 +128,8 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   void moveEvent(QMoveEvent* event) override;
   void changeEvent(QEvent* event) override;
   void showEvent(QShowEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
@@ -192,6 +194,7 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   static void ShowWarning(QWidget* parent, const QString& title, const QString& text, const QString& detail);
   void ShowExclamation(const QString& text, const QString& detail = {}) override;
   document::SaveChangesAnswer AskSaveChanges(const QString& question) override;
+  bool AskToReload(const QString& question) override;
   bool SaveForPrompt() override;
   void BeginBusy() override;
   void EndBusy() override;
@@ -223,9 +226,12 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   void RunCatalogueCommand(const edit::CatalogueCommand& command);
   std::optional<edit::Arguments> AskParameters(const edit::CatalogueCommand& command);
   std::optional<edit::Applied> ApplyOnWorker(const edit::CatalogueCommand& command, const edit::Arguments& arguments);
-  void CopyToClipboard();
   void ShowEditedImage(const imaging::Image& image, bool removeSelection);
   static QImage InterimFrame(const edit::CatalogueCommand& command, const QImage& shown, const edit::Arguments& arguments);
+
+  // frmMainExchange.cpp
+  void CopyToClipboard();
+  void CopyPath();
 
   // frmMainList.cpp
   void BuildListView();

@@ -321,6 +321,12 @@ document::SaveChangesAnswer frmMain::AskSaveChanges(const QString& question) {
   return document::SaveChangesAnswer::Cancel;
 }
 
+bool frmMain::AskToReload(const QString& question) {
+  widgets::NormalPointerGuard normal;
+  return QMessageBox::question(this, QStringLiteral("Changed on Disk"), question, QMessageBox::Yes | QMessageBox::No, QMessageBox::No) ==
+         QMessageBox::Yes;
+}
+
 }  // namespace app
 
 namespace app {

@@ -107,16 +107,6 @@ std::optional<edit::Arguments> frmMain::AskParameters(const edit::CatalogueComma
   return edit::CommandArguments(command, dialog.Values(), atLoad.Values());
 }
 
-// Edit > Copy: the selection, or the whole image, to the clipboard; the image unchanged.
-void frmMain::CopyToClipboard() {
-  SettleImage();
-  if (!document_.CurrentImage()) return;
-  const QRect selection = SelectionPixels();
-  const imaging::Image& image = *document_.CurrentImage();
-  const QImage copied = (selection.isEmpty() ? image : imaging::ops::Crop(image, selection)).ToQImage();
-  QGuiApplication::clipboard()->setImage(copied.copy());
-}
-
 void frmMain::ShowEditedImage(const imaging::Image& image, bool removeSelection) {
   if (removeSelection) picFondo_->SelectNone();
   picFondo_->ReplaceImage(image, document_.Natural(), interimFrame_);

@@ -24,6 +24,7 @@
 namespace app {
 
 void frmMain::BuildWidgets() {
+  setAcceptDrops(true);  // files and folders from a file manager (frmMainExchange.cpp)
   widgets::ApplyTahomaFont(*this);
   splitter_ = new QSplitter(Qt::Horizontal, this);
   splitter_->setChildrenCollapsible(false);

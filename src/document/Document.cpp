@@ -27,6 +27,8 @@ Document::Document(AppState& state, browse::FileListModel& list, DocumentPrompts
     : state_(state), list_(list), prompts_(prompts), loader_(std::move(loader)) {
   loading_.setMaxThreadCount(1);
   quickLoading_.setMaxThreadCount(1);
+  connect(&watch_, &browse::FolderWatch::FolderChanged, this, &Document::RefreshFolderFromDisk);
+  connect(&watch_, &browse::FolderWatch::FileChanged, this, &Document::RefreshShownFileFromDisk);
 }
 
 StartupEnd Document::OpenAtStartup(const QString& commandLine) {
@@ -57,11 +59,13 @@ StartupEnd Document::OpenAtStartup(const QString& commandLine) {
 
 void Document::ForgetWhatIsOpen() {
   open_ = {};
+  onlyThese_.reset();
   viewMode_ = ViewMode::Image;
 }
 
 void Document::OpenFolderFromCommandLine(const QString& folder) {
   open_ = {settings::kOpenFolder, {}, folder};
+  onlyThese_.reset();
   viewMode_ = ViewMode::ListAndImage;
   settings::AddRecentFolder(state_.Settings, folder);
   ScanFolder();
@@ -82,6 +86,7 @@ void Document::OpenLastFolder(const QString& folder) {
     return;
   }
   open_ = {settings::kOpenFolder, {}, folder};
+  onlyThese_.reset();
   viewMode_ = ViewMode::ListAndImage;
   ScanFolder();
   OpenFirstEntry();
@@ -95,10 +100,12 @@ void Document::OpenFirstEntry() {
 
 bool Document::OpenSingleFile(const QString& path, bool reportFailure) {
   open_ = {settings::kOpenFile, path, {}};
+  onlyThese_.reset();
   viewMode_ = ViewMode::Image;
   Load(path);
   if (!image_) {
     open_ = {};
+    onlyThese_.reset();
     if (reportFailure) {
       prompts_.ShowExclamation(QStringLiteral("Can't open file"), files::OpenFailureReason(path));
     }
@@ -124,6 +131,7 @@ void Document::BrowseFolderOfFile() {
 void Document::Follow(int row) {
   shownRow_ = row;
   if (row >= 0 && FileOpen()) open_.File = EntryPath(row);
+  WatchWhatIsOpen();
 }
 
 QString Document::ListFolder() const {
@@ -141,11 +149,15 @@ void Document::ScanFolder() {
                                                             : browse::ScanFilter::Images;
   const QFuture<void> scan = QtConcurrent::run([&] { entries = scanner_(folder, filter, &cancel); });
   const bool cancelled = prompts_.WaitFor(scan, cancel);
+  if (onlyThese_) {
+    std::erase_if(entries, [this](const browse::FileEntry& entry) { return !onlyThese_->contains(entry.FileName); });
+  }
   list_.SetEntries(cancelled ? std::vector<browse::FileEntry>{} : std::move(entries));
   if (cancelled) Q_EMIT StatusChanged(QStringLiteral("Folder scan cancelled"));
   Q_EMIT ListFilled();
   Q_EMIT ListRowSelected(-1);
   shownRow_ = -1;
+  WatchWhatIsOpen();
 }
 
 // The image is read on a worker. A read that takes longer than a few milliseconds shows
@@ -259,6 +271,10 @@ void Document::ClickEntry(int row) {
     Q_EMIT ListRowSelected(shownRow_);
     return;
   }
+  OpenEntry(row);
+}
+
+void Document::OpenEntry(int row) {
   BusyScope busy(prompts_);
   ClearCurrentImage();
   shownRow_ = -1;
@@ -293,6 +309,7 @@ void Document::StepTo(int row) {
 }
 
 void Document::EntryRenamed(int row, const QString& name) {
+  if (onlyThese_) onlyThese_->insert(name);
   const int newRow = list_.ReplaceAndResort(row, {base::DisplayName(name), name});
   if (shownRow_ == row) Follow(newRow);
   Q_EMIT ListRowSelected(newRow);
@@ -311,9 +328,10 @@ void Document::FileRenamed(const QString& path) {
   Q_EMIT StatusChanged({});
 }
 
-void Document::OpenChosenFolder(const QString& folder) {
+void Document::OpenChosenFolder(const QString& folder, const std::optional<QSet<QString>>& only) {
   BusyScope busy(prompts_);
   open_ = {settings::kOpenFolder, {}, folder};
+  onlyThese_ = only;
   viewMode_ = ViewMode::ListAndImage;
   Q_EMIT StateChanged();
   ClearCurrentImage();

@@ -9,6 +9,7 @@
 #include "base/Twips.h"
 #include "browse/FileListModel.h"
 #include "browse/FolderScan.h"
+#include "browse/FolderWatch.h"
 #include "document/AppState.h"
 #include "document/SaveChanges.h"
 #include "edit/UndoHistory.h"
@@ -19,6 +20,7 @@
 #include "imaging/Saver.h"
 
 #include <QDateTime>
+#include <QSet>
 #include <QFuture>
 #include <QObject>
 #include <QThreadPool>
@@ -49,6 +51,11 @@ class DocumentPrompts {
   virtual bool WaitFor(const QFuture<void>& work, std::atomic_bool& cancel) {
     QFuture<void>(work).waitForFinished();
     return cancel.load();
+  }
+  // Whether to read again the file shown, which another program changed, losing the edits.
+  virtual bool AskToReload(const QString& question) {
+    (void)question;
+    return false;
   }
 };
 
@@ -117,7 +124,9 @@ class Document : public QObject {
   // After Copy To or a move within the folder: the list is read again and the entry named
   // `fileName`, the image shown, is selected.
   void FolderChangedKeeping(const QString& fileName);
-  void OpenChosenFolder(const QString& folder);
+  // The folder, listing every image in it or, when `only` is given, just the files so named
+  // (several files dropped on the window) for as long as the folder stays open.
+  void OpenChosenFolder(const QString& folder, const std::optional<QSet<QString>>& only = std::nullopt);
   // After the entry in `row` left the folder: the list is read again and the entry now in
   // that place (or the new last one) opens; an emptied list shows nothing.
   void AfterEntryDeleted(int row);
@@ -238,6 +247,11 @@ class Document : public QObject {
   QString ListFolder() const;
   void BrowseFolderOfFile();
   void Follow(int row);
+  void OpenEntry(int row);
+  // DocumentWatch.cpp: what other programs do to the folder and the file shown.
+  void WatchWhatIsOpen();
+  void RefreshFolderFromDisk();
+  void RefreshShownFileFromDisk();
 
   AppState& state_;
   browse::FileListModel& list_;
@@ -276,6 +290,9 @@ class Document : public QObject {
   } baseFile_;
   std::optional<imaging::BlockEdit> blocks_;
   QString saveNote_;  // what the status bar says after a save
+  browse::FolderWatch watch_;
+  std::optional<QSet<QString>> onlyThese_;  // the names the list keeps to, when not the whole folder
+  BaseFile declinedReload_;  // the change on disk the user chose not to read (keeping the edits)
 };
 
 }  // namespace document

@@ -69,6 +69,8 @@ void Document::CloseFile() {
   list_.Clear();
   shownRow_ = -1;
   open_ = {};
+  onlyThese_.reset();
+  WatchWhatIsOpen();
   Q_EMIT StateChanged();
   Q_EMIT LayoutChanged();
 }
@@ -120,6 +122,7 @@ void Document::AfterSaveAs(const QString& path) {
   const bool inFolder = QFileInfo(path).absolutePath() == QFileInfo(open_.Folder + u'/').absolutePath();
   if (FolderOpen() && !inFolder) {
     open_ = {settings::kOpenFile, path, {}};
+    onlyThese_.reset();
     viewMode_ = ViewMode::Image;
     Q_EMIT LayoutChanged();
   }

@@ -20,6 +20,8 @@
 #include <QSignalSpy>
 #include <QtTest/QTest>
 
+#include <functional>
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -142,6 +144,34 @@ TEST_F(DocumentTest, SteppingAnnouncesTheNearestNeighboursFirstAndAClickOnTheSho
   EXPECT_EQ(last(), (QStringList{folder_.File(QStringLiteral("a.png")), folder_.File(QStringLiteral("c.png"))}));
   document_.StepTo(9);
   EXPECT_EQ(document_.ShownRow(), 1);  // nothing beyond the end
+}
+
+// What another program does to the open folder shows within a second, the entry shown
+// kept; the file shown, changed on disk, is read again, and with edits only when asked to.
+TEST_F(DocumentTest, TheListAndTheImageFollowWhatOtherProgramsDo) {
+  OpenFolderOf({"a.png", "b.png"});
+  document_.StepTo(1);
+  const auto listed = [this] {
+    QStringList names;
+    for (int row = 0; row < list_.Count(); ++row) names << list_.Entry(row).FileName;
+    return names;
+  };
+  const auto within = [](const std::function<bool()>& done) { return QTest::qWaitFor(done, 1000); };
+  folder_.WritePng(QStringLiteral("c.png"));
+  EXPECT_TRUE(within([&] { return listed() == QStringList({"a.png", "b.png", "c.png"}); }));
+  QFile::rename(folder_.File(QStringLiteral("a.png")), folder_.File(QStringLiteral("z.png")));
+  QFile::remove(folder_.File(QStringLiteral("c.png")));
+  EXPECT_TRUE(within([&] { return listed() == QStringList({"b.png", "z.png"}); }));
+  EXPECT_EQ(std::pair(document_.ShownRow(), document_.CurrentFilePath()), std::pair(0, folder_.File(QStringLiteral("b.png"))));
+  folder_.WritePng(QStringLiteral("b.png"), 5, 4);
+  EXPECT_TRUE(within([&] { return document_.CurrentImage() && document_.CurrentImage()->Width() == 5; }));
+  document_.ApplyEdit(imaging::ops::Negative(*document_.CurrentImage()), QStringLiteral("Negative"));
+  folder_.WritePng(QStringLiteral("b.png"), 7, 4);
+  EXPECT_TRUE(within([&] { return prompts_.reloads.size() == 1; }));
+  EXPECT_EQ(std::pair(document_.CurrentImage()->Width(), document_.IsChanged()), std::pair(5, true));
+  prompts_.reloadAnswer = true;
+  folder_.WritePng(QStringLiteral("b.png"), 9, 4);
+  EXPECT_TRUE(within([&] { return document_.CurrentImage()->Width() == 9 && !document_.IsChanged(); }));
 }
 
 // It stays the current entry, so stepping goes on from it and its neighbour is read ahead.

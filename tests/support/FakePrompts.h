@@ -30,6 +30,12 @@ class FakePrompts : public document::DocumentPrompts {
     return saveSucceeds;
   }
   bool WaitFor(const QFuture<void>& work, std::atomic_bool& cancel) override { return widgets::WaitForWork(work, cancel); }
+  QStringList reloads;
+  bool reloadAnswer = false;
+  bool AskToReload(const QString& question) override {
+    reloads << question;
+    return reloadAnswer;
+  }
 };
 
 }  // namespace testing_support

@@ -1,0 +1,62 @@
+// Files and pictures coming into the window and going out of it: what a file manager drops
+// on the window opens (a folder as a folder, one file as a file, several files as a list of
+// just those), and Copy hands other programs the picture and the file.
+#include "app/frmMain.h"
+
+#include "browse/Dropped.h"
+#include "imaging/Operations.h"
+
+#include <QClipboard>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QMimeData>
+#include <QUrl>
+
+namespace app {
+
+void frmMain::dragEnterEvent(QDragEnterEvent* event) {
+  if (browse::WhatToOpen(event->mimeData()->urls()).What != browse::DroppedOpen::Kind::Nothing) event->acceptProposedAction();
+}
+
+void frmMain::dropEvent(QDropEvent* event) {
+  const browse::DroppedOpen dropped = browse::WhatToOpen(event->mimeData()->urls());
+  if (dropped.What == browse::DroppedOpen::Kind::Nothing) return;
+  event->acceptProposedAction();
+  activateWindow();
+  if (!document_.ConfirmSaveChanges()) return;
+  switch (dropped.What) {
+    case browse::DroppedOpen::Kind::Folder: document_.OpenChosenFolder(dropped.Path); break;
+    case browse::DroppedOpen::Kind::File: document_.OpenFile(dropped.Path); break;
+    case browse::DroppedOpen::Kind::Files: {
+      QSet<QString> names;
+      for (const QString& file : dropped.Files) names.insert(QFileInfo(file).fileName());
+      document_.OpenChosenFolder(dropped.Path, names);
+      break;
+    }
+    case browse::DroppedOpen::Kind::Nothing: break;
+  }
+}
+
+// Edit > Copy: the selection, or the whole image, as image data (PNG for the programs that
+// ask for it), with the file's URL when the whole unedited file is what was copied.
+void frmMain::CopyToClipboard() {
+  SettleImage();
+  if (!document_.CurrentImage()) return;
+  const QRect selection = SelectionPixels();
+  const imaging::Image& image = *document_.CurrentImage();
+  auto* copied = new QMimeData;
+  copied->setImageData((selection.isEmpty() ? image : imaging::ops::Crop(image, selection)).ToQImage().copy());
+  const QString file = document_.CurrentFilePath();
+  if (selection.isEmpty() && !document_.IsChanged() && !file.isEmpty()) copied->setUrls({QUrl::fromLocalFile(file)});
+  QGuiApplication::clipboard()->setMimeData(copied);
+}
+
+// Edit > Copy Path: the file's full path as text.
+void frmMain::CopyPath() {
+  const QString file = document_.CurrentFilePath();
+  if (!file.isEmpty()) QGuiApplication::clipboard()->setText(QFileInfo(file).absoluteFilePath());
+}
+
+}  // namespace app
