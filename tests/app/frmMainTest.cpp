@@ -8,7 +8,6 @@
 #include <QGuiApplication>
 #include <QIcon>
 #include <QScopeGuard>
-#include <QScreen>
 #include <QMenu>
 #include <QTreeView>
 #include <QtTest/QTest>
@@ -104,24 +103,6 @@ TEST_F(frmMainTest, ANormalWindowIsPlacedAtTheStoredRectangleOnAScreen) {
     EXPECT_EQ(window.geometry().size(), QSize(640, 480).boundedTo(screen.size()));
     EXPECT_TRUE(!screen.contains(stored) || window.geometry() == stored);
   }
-}
-
-TEST_F(frmMainTest, DraggingTheSplitterStoresTheListWidthWithin30And360Pixels) {
-  pictures_.WritePng(QStringLiteral("a.png"));
-  settings::SettingsStore stored = settings::DefaultSettings({});
-  ASSERT_TRUE(settings::WriteSettingsFile(SettingsPath(), settings::WriteSettingsText(stored, {}, {0, 0, 900, 600, false})));
-  app::frmMain window(SettingsPath());
-  window.RunStartup(pictures_.Path());
-  auto* handle = window.findChild<QWidget*>(QStringLiteral("picSepa"));
-  ASSERT_NE(handle, nullptr);
-  const QPoint grip = handle->rect().center();
-  const auto drag = [&](int dx) { testing_support::Drag(handle, grip, grip + QPoint(dx, 0)); };
-  drag(70);
-  EXPECT_EQ(window.State().Settings.SplitterPos, 200 * 15);
-  drag(500);
-  EXPECT_EQ(window.State().Settings.SplitterPos, 360 * 15);
-  window.close();
-  EXPECT_EQ(CrLfLines(ReadAll(SettingsPath()))[settings::LineIndex(QStringLiteral("SplitterPos"))], QStringLiteral("360"));
 }
 
 // Within each menu every command has its own access key, so a key press always runs it.

@@ -12,13 +12,10 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QCheckBox>
 #include <QComboBox>
-#include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
 #include <QStatusBar>
-#include <QLabel>
 #include <QTreeView>
 #include <QtTest/QTest>
 
@@ -143,41 +140,6 @@ TEST_F(frmMainToolsTest, OptionsTakeEffectAtOnceAndRestoreGivesTheDefaults) {
   EXPECT_EQ(window_->ImageView().Percentage(), 100);
 }
 
-// A profile file chosen in Options colours the picture (the offscreen display publishes
-// none); with management off the file's values are painted as they are.
-TEST_F(frmMainToolsTest, TheScreenProfileChosenInOptionsColoursThePictureUnlessManagementIsOff) {
-  const QString a98 = QStringLiteral("/usr/share/color/icc/ghostscript/a98.icc");
-  const QString judged = config_.File(QStringLiteral("judged.png"));
-  ASSERT_EQ(testing_support::Run(QStringLiteral("vips"), {"icc_transform", pictures_.File(QStringLiteral("a.png")), judged,
-                                                          a98, "--input-profile", "srgb", "--black-point-compensation"})
-                .ExitCode, 0);
-  const auto painted = [this] { return Canvas()->grab().toImage().pixelColor(5, 5); };
-  const QColor original = painted();
-  const auto runOptions = [this](std::function<void(app::frmOptions&)> change) {
-    window_->SetOptionsRunner([change](app::frmOptions& options) {
-      change(options);
-      options.findChild<QPushButton*>(QStringLiteral("cmdAceptar"))->click();
-      return options.result();
-    });
-    Trigger("mnuToolsOptions");
-  };
-  QString inUse;
-  runOptions([&](app::frmOptions& o) {
-    inUse = o.findChild<QLabel*>(QStringLiteral("lblScreenProfile"))->text();
-    o.findChild<QLineEdit*>(QStringLiteral("txtScreenProfile"))->setText(a98);
-  });
-  EXPECT_EQ(inUse, QStringLiteral("sRGB: no profile from the display"));
-  const QColor expected = QImage(judged).pixelColor(5, 5), shown = painted();
-  EXPECT_NE(shown, original);
-  EXPECT_NEAR(shown.red(), expected.red(), 2);
-  EXPECT_NEAR(shown.green(), expected.green(), 2);
-  EXPECT_NEAR(shown.blue(), expected.blue(), 2);
-  runOptions([](app::frmOptions& o) { o.findChild<QCheckBox*>(QStringLiteral("chkColourManaged"))->click(); });
-  EXPECT_EQ(painted(), original);
-  EXPECT_EQ(window_->State().Settings.ScreenProfileFile, a98);
-  imaging::SetScreenColour({});
-}
-
 // Tools > Associate File Types, judged by xdg-mime in the tests' private home: the ticked
 // rows become Vistrel's and show ticked next time; bmp and dib, both image/bmp, go together.
 TEST_F(frmMainToolsTest, TickedFileTypesBecomeVistrelsAndUntickedOnesGoBack) {
@@ -221,27 +183,6 @@ TEST_F(frmMainToolsTest, PrintWritesAPdfOfTheShownPictureOrOfTheFolder) {
   }
 }
 
-}  // namespace
-
-namespace {
-
-// The manual opened with F1 from Options stays open when Options closes.
-TEST_F(frmMainToolsTest, HelpFromOptionsOutlivesTheDialog) {
-  window_->SetOptionsRunner([](app::frmOptions& options) {
-    options.setModal(true);
-    options.show();
-    QTest::keyClick(&options, Qt::Key_F1);
-    EXPECT_NE(options.findChild<widgets::HelpWindow*>(), nullptr);
-    options.reject();
-    return int(QDialog::Rejected);
-  });
-  Trigger("mnuToolsOptions");
-  auto* help = window_->findChild<widgets::HelpWindow*>();
-  ASSERT_NE(help, nullptr);
-  EXPECT_TRUE(help->isVisible());
-  EXPECT_TRUE(help->Shown().toString().contains(QStringLiteral("options"), Qt::CaseInsensitive));
-  help->close();
-}
 
 // Every topic a dialog asks for opens a page of the manual at a place that exists.
 TEST(HelpWindow, EveryTopicOpensAnExistingPlace) {

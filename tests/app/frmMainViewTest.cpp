@@ -91,33 +91,6 @@ TEST_F(frmMainViewTest, FullScreenShowsTheSelectionFromTheMenuAndTheWholeImageOn
   EXPECT_EQ(shown, QSize(2000, 1500));
 }
 
-// In full screen the stepping keys and the wheel go through the folder.
-TEST_F(frmMainViewTest, FullScreenStepsThroughTheFolder) {
-  std::vector<std::pair<int, QSize>> seen;
-  window_->SetFullScreenRunner([&](view::frmFull& full) {
-    full.resize(800, 600);
-    const auto record = [&] {
-      seen.emplace_back(Doc().ShownRow(), full.findChild<QWidget*>(QStringLiteral("imaImagen"))->size() * 100 / full.Percentage());
-    };
-    QTest::keyClick(&full, Qt::Key_Right);
-    record();
-    QWheelEvent down(QPointF(5, 5), QPointF(5, 5), {}, QPoint(0, -120), Qt::NoButton, {}, Qt::NoScrollPhase, false);
-    QCoreApplication::sendEvent(full.findChild<QWidget*>(QStringLiteral("picFondo")), &down);
-    record();
-    QTest::keyClick(&full, Qt::Key_Left);
-    record();
-  });
-  Trigger("mnuViewFullScreen");
-  EXPECT_EQ(seen, (std::vector<std::pair<int, QSize>>{{1, QSize(40, 30)}, {2, QSize(40, 30)}, {1, QSize(40, 30)}}));
-}
-
-TEST_F(frmMainViewTest, ZoomToSelectionEnlargesAndCentresIt) {
-  testing_support::Drag(Canvas(), {100, 100}, {149, 149});
-  Trigger("mnuViewZoomToSelection");
-  EXPECT_GT(View().Percentage(), 500);
-  EXPECT_TRUE(View().rect().contains(Canvas()->mapTo(&View(), QPoint(125, 125) * View().Percentage() / 100)));
-}
-
 TEST_F(frmMainViewTest, KeysStepThroughTheFolderAndArrowsScrollAlongAShownBar) {
   View().setFocus();
   QTest::keyClick(&View(), Qt::Key_PageDown);

@@ -13,10 +13,8 @@
 
 #include <QFile>
 #include <QFileInfo>
-#include <QKeyEvent>
 #include <QThread>
 #include <QTimer>
-#include <QWidget>
 #include <QSignalSpy>
 #include <QtTest/QTest>
 
@@ -185,28 +183,6 @@ TEST_F(DocumentTest, AnEntryThatFailsToOpenSaysSoAndStaysCurrent) {
   EXPECT_EQ(announced.last().at(0).toStringList(), QStringList{folder_.File(QStringLiteral("b.png"))});
   EXPECT_FALSE(document_.ImageLoaded());
   EXPECT_EQ(document_.CurrentFilePath(), folder_.File(QStringLiteral("a.png")));
-}
-
-// A folder that takes long to read (a slow network share) keeps the window alive, and Esc
-// stops the scan.
-TEST_F(DocumentTest, EscStopsASlowFolderScan) {
-  document_.SetScanner([](const QString&, browse::ScanFilter, const std::atomic_bool* cancel) {
-    for (int i = 0; i < 1000 && !cancel->load(); ++i) QThread::msleep(5);
-    return std::vector<browse::FileEntry>{{QStringLiteral("a.png"), QStringLiteral("a.png")}};
-  });
-  QWidget window;
-  int painted = 0;
-  QTimer ticking;  // what the window's own timers and repaints need keeps running
-  QObject::connect(&ticking, &QTimer::timeout, [&] { ++painted; });
-  ticking.start(10);
-  QTimer::singleShot(100, [&] {
-    QCoreApplication::postEvent(&window, new QKeyEvent(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier));
-  });
-  QSignalSpy status(&document_, &Document::StatusChanged);
-  document_.OpenAtStartup(folder_.Path());
-  EXPECT_GT(painted, 3);
-  EXPECT_EQ(list_.Count(), 0);
-  EXPECT_EQ(status.last().at(0).toString(), QStringLiteral("Folder scan cancelled"));
 }
 
 // A read that takes a while shows the quick pictures as they come and keeps the window
