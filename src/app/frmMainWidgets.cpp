@@ -32,6 +32,10 @@ void frmMain::BuildWidgets() {
   imagePanels_ = new QStackedWidget(splitter_);
   picFondo_ = new view::Viewport(state_.Metrics, imagePanels_);
   picFondo_->SetFitRules([this] { return view::Viewport::FitRules{state_.Settings.FitToWindow, state_.Settings.EnlargeSmallImages}; });
+  picFondo_->SetWheel([this] {
+    const int action = state_.Settings.WheelAction;
+    return action == 1 ? view::Viewport::Wheel::Zooms : action == 2 ? view::Viewport::Wheel::Steps : view::Viewport::Wheel::Scrolls;
+  });
   picFondoThumbnails_ = new browse::ThumbnailsView(list_, state_.Metrics, imagePanels_);
   imagePanels_->addWidget(picFondo_);
   imagePanels_->addWidget(picFondoThumbnails_);

@@ -100,7 +100,16 @@ QWidget* frmOptions::ViewPage() {
     connect(box, &QCheckBox::clicked, this, [this] { viewBarsChanged_ = true; });
   }
   chkEnlarge_ = Named(new QCheckBox(QStringLiteral("&Enlarge small images to fit the window")), QStringLiteral("chkEnlarge"));
-  return Page(2, {chkViewToolbar_, chkViewStatusBar_, chkEnlarge_, ColourGroup()});
+  auto* wheel = new QWidget;
+  auto* row = new QHBoxLayout(wheel);
+  row->setContentsMargins(0, 0, 0, 0);
+  cboWheel_ = Named(new QComboBox, QStringLiteral("cboWheel"));
+  cboWheel_->addItems({QStringLiteral("scrolls the picture"), QStringLiteral("zooms"), QStringLiteral("goes to the next or previous image")});
+  auto* label = new QLabel(QStringLiteral("The mouse &wheel"));
+  label->setBuddy(cboWheel_);
+  row->addWidget(label);
+  row->addWidget(cboWheel_, 1);
+  return Page(2, {chkViewToolbar_, chkViewStatusBar_, chkEnlarge_, wheel, ColourGroup()});
 }
 
 // The pictures' colours: managed or not, the intent, the screen profile in use and the file
@@ -178,6 +187,7 @@ void frmOptions::Load() {
   chkViewToolbar_->setChecked(s.ShowToolbar);
   chkViewStatusBar_->setChecked(s.ShowStatusBar);
   chkEnlarge_->setChecked(s.EnlargeSmallImages);
+  cboWheel_->setCurrentIndex(std::clamp(int(s.WheelAction), 0, 2));
   chkColourManaged_->setChecked(s.ColourManaged);
   cboIntent_->setCurrentIndex(s.PerceptualIntent ? 1 : 0);
   txtScreenProfile_->setText(s.ScreenProfileFile);
@@ -208,6 +218,7 @@ void frmOptions::Restore() {
   optArchivosImagen_[0]->setChecked(true);
   chkViewToolbar_->setChecked(true);
   chkViewStatusBar_->setChecked(true);
+  cboWheel_->setCurrentIndex(0);
   viewBarsChanged_ = true;
   for (int i = 0; i < 3; ++i) SetSwatch(i, kDefaultColours[i]);
   thumbColorChanged_ = true;
@@ -225,6 +236,7 @@ void frmOptions::Accept() {
   s.ShowToolbar = chkViewToolbar_->isChecked();
   s.ShowStatusBar = chkViewStatusBar_->isChecked();
   s.EnlargeSmallImages = chkEnlarge_->isChecked();
+  s.WheelAction = cboWheel_->currentIndex();
   s.ColourManaged = chkColourManaged_->isChecked();
   s.PerceptualIntent = cboIntent_->currentIndex() == 1;
   s.ScreenProfileFile = txtScreenProfile_->text().trimmed();

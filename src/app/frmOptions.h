@@ -72,6 +72,7 @@ class frmOptions : public QDialog {
   QCheckBox* chkViewToolbar_ = nullptr;
   QCheckBox* chkViewStatusBar_ = nullptr;
   QCheckBox* chkEnlarge_ = nullptr;
+  QComboBox* cboWheel_ = nullptr;
   QCheckBox* chkClassicTypes_ = nullptr;
   QCheckBox* chkColourManaged_ = nullptr;
   QComboBox* cboIntent_ = nullptr;

@@ -170,6 +170,7 @@ std::vector<SettingsLine> OptionLines() {
       Added(Flag("ClassicTypesOnly", &S::ClassicTypesOnly, kCurrentLayout)),
       Added(Long("SaveQuality", &S::SaveQuality, kCurrentLayout)),
       Added(Long("TiffCompression", &S::TiffCompression, kCurrentLayout)),
+      Added(Long("WheelAction", &S::WheelAction, kCurrentLayout)),
   };
 }
 

@@ -4,6 +4,7 @@
 #include "view/ImageCanvas.h"
 #include "view/Zoom.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QWheelEvent>
@@ -281,9 +282,12 @@ void Viewport::HandleWheel(QWheelEvent* event) {
   wheelTurned_ += across && !shifted ? delta.x() : (delta.y() != 0 ? delta.y() : delta.x());
   const int steps = wheelTurned_ / kNotch;
   wheelTurned_ -= steps * kNotch;
+  const Wheel wheel = wheel_();
   if (steps != 0) {
-    if (event->modifiers() & Qt::ControlModifier) {
+    if ((event->modifiers() & Qt::ControlModifier) || wheel == Wheel::Zooms) {
       Q_EMIT ZoomStepRequested(steps > 0 ? 1 : -1);
+    } else if (wheel == Wheel::Steps) {
+      Q_EMIT StepRequested(steps > 0 ? -1 : 1);  // turned down (towards the user): the next
     } else {
       QScrollBar* bar = across ? hscImagen_ : vscImagen_;
       if (bar->isVisible()) bar->setValue(bar->value() - steps * bar->pageStep());
@@ -337,7 +341,11 @@ bool Viewport::eventFilter(QObject* watched, QEvent* event) {
     const auto* mouse = static_cast<QMouseEvent*>(event);
     if (mouse->button() == Qt::BackButton) Q_EMIT StepRequested(-1);
     if (mouse->button() == Qt::ForwardButton) Q_EMIT StepRequested(1);
-    if (mouse->button() == Qt::MiddleButton) panFrom_ = mouse->globalPosition().toPoint();
+    if (mouse->button() == Qt::MiddleButton) panFrom_ = middlePressedAt_ = mouse->globalPosition().toPoint();
+  } else if (event->type() == QEvent::MouseButtonRelease) {
+    const auto* mouse = static_cast<QMouseEvent*>(event);
+    const QPoint moved = mouse->globalPosition().toPoint() - middlePressedAt_;
+    if (mouse->button() == Qt::MiddleButton && moved.manhattanLength() < QApplication::startDragDistance()) Q_EMIT FullScreenRequested();
   } else if (event->type() == QEvent::MouseMove) {
     const auto* mouse = static_cast<QMouseEvent*>(event);
     if (mouse->buttons() & Qt::MiddleButton) {

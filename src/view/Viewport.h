@@ -68,6 +68,9 @@ class Viewport : public QWidget {
     bool Enlarge = false;
   };
   void SetFitRules(std::function<FitRules()> rules) { fitRules_ = std::move(rules); }
+  // What the wheel does without Ctrl (which always zooms).
+  enum class Wheel { Scrolls, Zooms, Steps };
+  void SetWheel(std::function<Wheel()> wheel) { wheel_ = std::move(wheel); }
 
   // Hides the picture (while something else covers the screen, so it never redraws
   // behind it), or shows it again.
@@ -125,6 +128,7 @@ class Viewport : public QWidget {
   base::NaturalSize natural_;
   int percentage_ = 100;
   std::function<FitRules()> fitRules_ = [] { return FitRules{}; };
+  std::function<Wheel()> wheel_ = [] { return Wheel::Scrolls; };
   Pending pending_ = Pending::None;
   SelectionRecord selection_;
   bool dragging_ = false;
@@ -132,6 +136,7 @@ class Viewport : public QWidget {
   QPointF lastPointer_;
   QPointF pressedAt_;  // where the left button went down, in the control's pixels
   QPoint panFrom_;
+  QPoint middlePressedAt_;  // a middle click that does not pan shows the picture full screen
   int wheelTurned_ = 0;  // eighths of a degree not yet acted on  // the middle button's last position, while panning
   DragRectangle drag_;
 };

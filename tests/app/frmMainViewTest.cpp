@@ -119,7 +119,7 @@ TEST_F(frmMainViewTest, KeysStepThroughTheFolderAndArrowsScrollAlongAShownBar) {
   EXPECT_EQ(Doc().ShownRow(), 0);
 }
 
-TEST_F(frmMainViewTest, TheMouseButtonsStepTheWheelZoomsAndScrollsAndTheMiddleButtonPans) {
+TEST_F(frmMainViewTest, TheMouseButtonsStepTheWheelDoesWhatOptionsSayAndTheMiddleButtonPansOrGoesFullScreen) {
   QTest::mouseClick(Canvas(), Qt::ForwardButton);
   EXPECT_EQ(Doc().ShownRow(), 1);
   QTest::mouseClick(Canvas(), Qt::BackButton);
@@ -143,6 +143,17 @@ TEST_F(frmMainViewTest, TheMouseButtonsStepTheWheelZoomsAndScrollsAndTheMiddleBu
   QApplication::sendEvent(Canvas(), &move);
   QTest::mouseRelease(Canvas(), Qt::MiddleButton, {}, QPoint(200, 250));
   EXPECT_EQ(QPoint(Bar("hscImagen")->value(), Bar("vscImagen")->value()) - before, QPoint(100, 50));
+  int fullScreens = 0;  // a middle click that does not pan shows the picture full screen
+  window_->SetFullScreenRunner([&](view::frmFull&) { ++fullScreens; });
+  QTest::mouseClick(Canvas(), Qt::MiddleButton, {}, QPoint(300, 300));
+  EXPECT_EQ(fullScreens, 1);
+  // Options can have the wheel zoom, or step through the folder (turned down: the next).
+  window_->State().Settings.WheelAction = 1;
+  wheel(Qt::NoModifier, 120);
+  EXPECT_EQ(View().Percentage(), 120);
+  window_->State().Settings.WheelAction = 2;
+  wheel(Qt::NoModifier, -120);
+  EXPECT_EQ(Doc().ShownRow(), 1);
 }
 
 // The buttons are the menu commands, captioned; the view button's menu switches modes.

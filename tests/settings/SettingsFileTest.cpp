@@ -86,6 +86,7 @@ TEST(SettingsRoundTrip, ReadingWhatWasWrittenGivesTheSameSettings) {
   s.FileTypeIcon = 3;
   s.ColourManaged = false;
   s.PerceptualIntent = true;
+  s.WheelAction = 2;
   s.ScreenProfileFile = QStringLiteral("/home/ana/.local/share/icc/Écran.icc");
   const QByteArray text = settings::WriteSettingsText(s, kMetrics, settings::PlacementFromSettings(s, kMetrics));
   SettingsStore back = settings::DefaultSettings(kMetrics);
