@@ -62,6 +62,9 @@ void frmMain::BuildListView() {
   lisLista_->setItemsExpandable(false);
   lisLista_->setUniformRowHeights(true);  // keeps a list of 100,000 entries instant
   lisLista_->setSelectionMode(QAbstractItemView::SingleSelection);
+  lisLista_->setDragEnabled(true);  // an entry dragged out is its file, for a file manager or another program
+  lisLista_->setDragDropMode(QAbstractItemView::DragOnly);
+  list_.SetPathOf([this](int row) { return document_.EntryPath(row); });
   lisLista_->setEditTriggers(QAbstractItemView::EditKeyPressed | QAbstractItemView::SelectedClicked);
   lisLista_->setContextMenuPolicy(Qt::CustomContextMenu);
   lisLista_->setItemDelegate(new ListDelegate(listBadges_, [this](int row) { return document_.EntryPath(row); }, lisLista_));

@@ -1,5 +1,8 @@
 #include "browse/FileListModel.h"
 
+#include <QMimeData>
+#include <QUrl>
+
 namespace browse {
 
 void FileListModel::SetEntries(std::vector<FileEntry> entries) {
@@ -44,7 +47,23 @@ QVariant FileListModel::headerData(int section, Qt::Orientation orientation, int
 
 Qt::ItemFlags FileListModel::flags(const QModelIndex& index) const {
   if (!index.isValid()) return Qt::NoItemFlags;
-  return Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsEditable | Qt::ItemNeverHasChildren;
+  const Qt::ItemFlags dragged = pathOf_ ? Qt::ItemIsDragEnabled : Qt::NoItemFlags;
+  return Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsEditable | Qt::ItemNeverHasChildren | dragged;
+}
+
+QStringList FileListModel::mimeTypes() const { return {QStringLiteral("text/uri-list")}; }
+
+QMimeData* FileListModel::mimeData(const QModelIndexList& indexes) const {
+  if (!pathOf_) return nullptr;
+  QList<QUrl> urls;
+  for (const QModelIndex& index : indexes) {
+    if (!index.isValid()) continue;
+    const QUrl url = QUrl::fromLocalFile(pathOf_(index.row()));
+    if (!urls.contains(url)) urls << url;
+  }
+  auto* files = new QMimeData;
+  files->setUrls(urls);
+  return files;
 }
 
 bool FileListModel::setData(const QModelIndex& index, const QVariant& value, int role) {

@@ -32,6 +32,9 @@ class FileListModel : public QAbstractTableModel {
   int RowOfFileName(const QString& fileName) const;
 
   void SetRenameHandler(RenameHandler handler) { rename_ = std::move(handler); }
+  // Dragged out of the list, entries carry their files' URLs as a file manager's do (to
+  // copy, move or link as the target and the keys held say); `path` gives a row's file.
+  void SetPathOf(std::function<QString(int row)> path) { pathOf_ = std::move(path); }
 
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;
@@ -39,10 +42,14 @@ class FileListModel : public QAbstractTableModel {
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
   Qt::ItemFlags flags(const QModelIndex& index) const override;
   bool setData(const QModelIndex& index, const QVariant& value, int role) override;
+  QStringList mimeTypes() const override;
+  QMimeData* mimeData(const QModelIndexList& indexes) const override;
+  Qt::DropActions supportedDragActions() const override { return Qt::CopyAction | Qt::MoveAction | Qt::LinkAction; }
 
  private:
   std::vector<FileEntry> entries_;
   RenameHandler rename_;
+  std::function<QString(int row)> pathOf_;
 };
 
 }  // namespace browse

@@ -9,6 +9,8 @@
 #include <QMimeData>
 #include <QTreeView>
 
+#include <memory>
+
 namespace {
 
 class frmMainExchangeTest : public testing_support::MainWindowTest {
@@ -38,10 +40,13 @@ class frmMainExchangeTest : public testing_support::MainWindowTest {
   }
 };
 
-TEST_F(frmMainExchangeTest, AFolderAFileOrSeveralFilesDroppedOpenAsTheyShould) {
+TEST_F(frmMainExchangeTest, AFolderAFileOrSeveralFilesDroppedOpenAsTheyShouldAndAnEntryDraggedOutIsItsFile) {
   EXPECT_FALSE(Drop("https://example.org/a.png\r\n"));
   EXPECT_TRUE(Drop(QUrl::fromLocalFile(pictures_.Path()).toEncoded() + "\r\n"));
   EXPECT_EQ(std::pair(Doc().View(), Listed()), std::pair(document::ViewMode::ListAndImage, QStringList({"a b.png", "c.png", "d.png"})));
+  const QAbstractItemModel* list = Child<QTreeView>("lisLista")->model();  // an entry dragged out is its file
+  const std::unique_ptr<QMimeData> dragged(list->mimeData({list->index(1, 0)}));
+  EXPECT_EQ(dragged->urls(), QList<QUrl>{QUrl::fromLocalFile(pictures_.File(QStringLiteral("c.png")))});
   EXPECT_TRUE(Drop(Uri("d.png")));
   EXPECT_EQ(std::pair(Doc().Open().File, Doc().View()), std::pair(pictures_.File(QStringLiteral("d.png")), document::ViewMode::Image));
   EXPECT_TRUE(Drop(Uri("a b.png") + Uri("d.png")));
