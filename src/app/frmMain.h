@@ -62,6 +62,7 @@ class frmDiseno;
 
 namespace browse {
 class ThumbnailsView;
+struct DroppedOpen;
 }
 
 namespace app {
@@ -230,6 +231,8 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   static QImage InterimFrame(const edit::CatalogueCommand& command, const QImage& shown, const edit::Arguments& arguments);
 
   // frmMainExchange.cpp
+  void OpenDropped(const browse::DroppedOpen& dropped);
+  void Paste();
   void CopyToClipboard();
   void CopyPath();
 

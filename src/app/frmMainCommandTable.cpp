@@ -78,6 +78,7 @@ void frmMain::DeclareEditCommands() {
             {[this] { document_.Redo(); }, [this] { return document_.CanEdit() && document_.UndoHistory().CanRedo(); },
              {}, [&history] { return history.RedoCaption(); }, [&history] { return history.RedoTooltip(); }});
   t.Declare({"mnuEditCopy", "&Copy", Qt::CTRL | Qt::Key_C}, {[this] { CopyToClipboard(); }, [this] { return document_.CanEdit(); }});
+  t.Declare({"mnuEditPaste", "P&aste", Qt::CTRL | Qt::Key_V}, {[this] { Paste(); }, [this] { return document_.View() != ViewMode::Thumbnails; }});
   t.Declare({"mnuEditCopyPath", "Copy &Path", Qt::CTRL | Qt::SHIFT | Qt::Key_C},
             {[this] { CopyPath(); }, [this] { return !document_.CurrentFilePath().isEmpty(); }});
   t.Declare({"mnuEditSelectNone", "Select &None", Qt::Key_Escape}, {[this] { picFondo_->SelectNone(); }, [this] { return CanZoom(); }});
@@ -181,7 +182,7 @@ void frmMain::BuildMenus() {
        {"mnuFileOpenFolder", "mnuFileOpenFile", "mnuFileClose", "-", "mnuFileSave", "mnuFileSaveAs", "-",
         "mnuFileCopyTo", "mnuFileMoveTo", "mnuFileRename", "mnuFileDelete", "-", "mnuFileProperties", "-",
         "mnuFilePrint", "-", "mnuFileExit"});
-  menu("mnuEdit", "&Edit", {"mnuEditUndo", "mnuEditRedo", "-", "mnuEditCopy", "mnuEditCopyPath", "-", "mnuEditSelectNone"});
+  menu("mnuEdit", "&Edit", {"mnuEditUndo", "mnuEditRedo", "-", "mnuEditCopy", "mnuEditPaste", "mnuEditCopyPath", "-", "mnuEditSelectNone"});
   menu("mnuView", "&View",
        {"mnuViewImage", "mnuViewListAndImage", "mnuViewThumbnails", "-", "mnuViewOriginalSize", "mnuViewFit",
         "mnuViewAlwaysFit", "mnuViewZoomIn", "mnuViewZoomOut", "mnuViewZoom", "mnuViewZoomToSelection", "-",

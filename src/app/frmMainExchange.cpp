@@ -25,6 +25,10 @@ void frmMain::dropEvent(QDropEvent* event) {
   if (dropped.What == browse::DroppedOpen::Kind::Nothing) return;
   event->acceptProposedAction();
   activateWindow();
+  OpenDropped(dropped);
+}
+
+void frmMain::OpenDropped(const browse::DroppedOpen& dropped) {
   if (!document_.ConfirmSaveChanges()) return;
   switch (dropped.What) {
     case browse::DroppedOpen::Kind::Folder: document_.OpenChosenFolder(dropped.Path); break;
@@ -37,6 +41,18 @@ void frmMain::dropEvent(QDropEvent* event) {
     }
     case browse::DroppedOpen::Kind::Nothing: break;
   }
+}
+
+// Edit > Paste: files copied in a file manager open as if dropped; a picture opens as a new
+// unnamed image, which Save asks a name for.
+void frmMain::Paste() {
+  const QMimeData* pasted = QGuiApplication::clipboard()->mimeData();
+  if (!pasted) return;
+  const browse::DroppedOpen files = browse::WhatToOpen(pasted->urls());
+  if (files.What != browse::DroppedOpen::Kind::Nothing) return OpenDropped(files);
+  const QImage picture = qvariant_cast<QImage>(pasted->imageData());
+  if (picture.isNull() || !document_.ConfirmSaveChanges()) return;
+  document_.OpenPasted(imaging::Image::FromQImage(picture));
 }
 
 // Edit > Copy: the selection, or the whole image, as image data (PNG for the programs that

@@ -17,6 +17,7 @@
 #include <QDir>
 #include <QCoreApplication>
 #include <QFileInfo>
+#include <QStandardPaths>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTreeView>
@@ -152,10 +153,10 @@ void frmMain::RunProperties() {
 }
 
 bool frmMain::CanSave() const {
-  return document_.CanEdit() && !document_.CurrentFilePath().isEmpty();
+  return document_.CanEdit() && (document_.IsPasted() || !document_.CurrentFilePath().isEmpty());
 }
 
-bool frmMain::CanSaveAs() const { return document_.ImageLoaded() && !document_.CurrentFilePath().isEmpty(); }
+bool frmMain::CanSaveAs() const { return document_.ImageLoaded() && (document_.IsPasted() || !document_.CurrentFilePath().isEmpty()); }
 
 QString RunOpenFolderDialog(QWidget* parent, settings::SettingsStore& settings, const QString& startFolder) {
   browse::frmAbrirCarpeta dialog(settings, startFolder, parent);
@@ -205,7 +206,7 @@ void frmMain::ShowCantSave(const QString& path, const QString& title) {
 bool frmMain::RunSave() {
   if (!CanSave()) return true;
   const QString target = document_.CurrentFilePath();
-  if (files::CannotBeWritten(LowerSuffix(target))) return RunSaveAs();
+  if (document_.IsPasted() || files::CannotBeWritten(LowerSuffix(target))) return RunSaveAs();
   switch (AskAboutWhatSavingDrops(target)) {
     case QMessageBox::Save: break;
     case QMessageBox::SaveAll: return RunSaveAs();
@@ -247,7 +248,11 @@ int frmMain::AskAboutWhatSavingDrops(const QString& path) {
 
 // Save As: true when the image was written.
 bool frmMain::RunSaveAs() {
-  const QString current = document_.CurrentFilePath();
+  // A pasted picture is proposed as a PNG in the folder last open, or in the user's pictures.
+  const QString lastFolder = !state_.Settings.LastFolder.isEmpty() ? state_.Settings.LastFolder
+                                                                   : QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
+  const QString current = document_.IsPasted() ? QDir(lastFolder).filePath(document::kPastedName + QStringLiteral(".png"))
+                                               : document_.CurrentFilePath();
   widgets::FileDialogRequest request;
   request.Title = QStringLiteral("Save As");
   request.Save = true;

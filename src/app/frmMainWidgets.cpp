@@ -154,7 +154,7 @@ void frmMain::ShowImage(const imaging::Image* image) {
 
 // "photo.jpg - Vistrel", with a "*" after the name while the image differs from its file.
 void frmMain::RefreshTitle() {
-  const QString name = document_.CurrentImage() ? base::DisplayName(document_.CurrentFilePath()) : QString();
+  const QString name = !document_.CurrentImage() ? QString() : document_.IsPasted() ? document::kPastedName : base::DisplayName(document_.CurrentFilePath());
   if (name.isEmpty()) return setWindowTitle(QStringLiteral("Vistrel"));
   setWindowTitle(name + (document_.IsChanged() ? QStringLiteral("*") : QString()) + QStringLiteral(" - Vistrel"));
 }

@@ -232,6 +232,7 @@ void Document::DevelopPreview() {
 }
 
 void Document::ClearCurrentImage() {
+  pasted_ = false;
   history_.Clear();
   unrecordedBase_.reset();
   previous_.reset();

@@ -35,6 +35,9 @@ namespace document {
 enum class ViewMode : int { Image = 0, ListAndImage = 1, Thumbnails = 2 };
 
 // What the document needs from the user interface: a few questions, and a way to wait.
+// What a picture pasted from the clipboard is called until it is saved.
+inline const QString kPastedName = QStringLiteral("Pasted image");
+
 class DocumentPrompts {
  public:
   virtual ~DocumentPrompts() = default;
@@ -174,7 +177,11 @@ class Document : public QObject {
   // Editing (DocumentHistory.cpp). The history holds packed states; the image shown is
   // always unpacked in CurrentImage().
   const History& UndoHistory() const { return history_; }
-  bool IsChanged() const { return history_.IsChanged(); }
+  // A picture pasted from the clipboard has no file until Save As gives it one; until then it
+  // counts as changed, so that leaving asks about it.
+  void OpenPasted(const imaging::Image& picture);
+  bool IsPasted() const { return pasted_; }
+  bool IsChanged() const { return pasted_ || history_.IsChanged(); }
   bool CanEdit() const { return viewMode_ != ViewMode::Thumbnails && ImageLoaded(); }
   // An edit's result becomes the image, recorded as a step named `undoName`; `blocks` tells
   // a turn, flip or crop a JPEG's compressed blocks can follow.
@@ -291,7 +298,8 @@ class Document : public QObject {
   std::optional<imaging::BlockEdit> blocks_;
   QString saveNote_;  // what the status bar says after a save
   browse::FolderWatch watch_;
-  std::optional<QSet<QString>> onlyThese_;  // the names the list keeps to, when not the whole folder
+  std::optional<QSet<QString>> onlyThese_;
+  bool pasted_ = false;  // the names the list keeps to, when not the whole folder
   BaseFile declinedReload_;  // the change on disk the user chose not to read (keeping the edits)
 };
 

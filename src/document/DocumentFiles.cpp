@@ -11,6 +11,7 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <utility>
 
 namespace document {
 
@@ -22,11 +23,14 @@ bool Document::ConfirmSaveChanges() { return AskToSave(/*forgetOnNo=*/true); }
 bool Document::OfferToSaveChanges() { return AskToSave(/*forgetOnNo=*/false); }
 
 bool Document::AskToSave(bool forgetOnNo) {
-  const QString file = CurrentFilePath();
-  if (!IsChanged() || !SomethingOpen() || file.isEmpty()) return true;
+  const QString file = pasted_ ? kPastedName : CurrentFilePath();
+  if (!IsChanged() || (!pasted_ && (!SomethingOpen() || file.isEmpty()))) return true;
   switch (prompts_.AskSaveChanges(SaveChangesQuestion(file))) {
     case SaveChangesAnswer::No:
-      if (forgetOnNo) history_.ForgetChanges();
+      if (forgetOnNo) {
+        history_.ForgetChanges();
+        pasted_ = false;
+      }
       return true;
     case SaveChangesAnswer::Yes:
       if (!prompts_.SaveForPrompt()) return false;
@@ -118,7 +122,34 @@ std::optional<bool> Document::SaveByMovingBlocks(const QString& path) {
 
 // Saved outside the folder shown, the image goes on as that single file, so Save and the
 // save question keep applying to what the user sees.
+void Document::OpenPasted(const imaging::Image& picture) {
+  BusyScope busy(prompts_);
+  ClearCurrentImage();
+  list_.Clear();
+  shownRow_ = -1;
+  open_ = {};
+  onlyThese_.reset();
+  viewMode_ = ViewMode::Image;
+  image_ = picture;
+  natural_ = base::NaturalSize::FromPixels(picture.Width(), picture.Height(), state_.Metrics);
+  paletteBits_ = 0;
+  page_ = 0;
+  pageCount_ = 1;
+  animated_ = preview_ = false;
+  StartHistory();
+  pasted_ = true;
+  ShowImage();
+  WatchWhatIsOpen();
+  Q_EMIT LayoutChanged();
+  Q_EMIT StateChanged();
+  Q_EMIT StatusChanged({});
+}
+
 void Document::AfterSaveAs(const QString& path) {
+  if (std::exchange(pasted_, false)) {  // the pasted picture is that file from now on
+    open_ = {settings::kOpenFile, path, {}};
+    Q_EMIT LayoutChanged();
+  }
   const bool inFolder = QFileInfo(path).absolutePath() == QFileInfo(open_.Folder + u'/').absolutePath();
   if (FolderOpen() && !inFolder) {
     open_ = {settings::kOpenFile, path, {}};

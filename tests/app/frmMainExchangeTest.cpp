@@ -1,6 +1,8 @@
 // Files dropped on the real main window as file managers hand them over (a text/uri-list,
 // percent-encoded, CRLF-separated, as Nautilus and Dolphin write it), and what Copy and
 // Copy Path give other programs.
+#include "files/FileDialogs.h"
+#include "support/DialogAnswerer.h"
 #include "support/MainWindowTest.h"
 
 #include <QApplication>
@@ -64,6 +66,30 @@ TEST_F(frmMainExchangeTest, CopyGivesThePictureAndTheFileAndCopyPathThePath) {
   EXPECT_TRUE(QGuiApplication::clipboard()->mimeData()->urls().isEmpty());
   Trigger("mnuEditCopyPath");
   EXPECT_EQ(QGuiApplication::clipboard()->text(), config_.File(QStringLiteral("elsewhere.png")));
+}
+
+// A picture on the clipboard opens as a new unnamed image that leaving asks about; Yes saves
+// it under the name Save As gets. Files copied in a file manager paste as if dropped.
+TEST_F(frmMainExchangeTest, APastedPictureIsSavedUnderTheNameSaveAsGetsAndPastedFilesOpen) {
+  QImage red(20, 10, QImage::Format_RGB32);
+  red.fill(Qt::red);
+  QGuiApplication::clipboard()->setImage(red);
+  Trigger("mnuEditPaste");
+  EXPECT_EQ(std::pair(Shown().Width(), window_->windowTitle()), std::pair(20, QStringLiteral("Pasted image* - Vistrel")));
+  fileAnswer_ = {pictures_.File(QStringLiteral("red")), files::SaveAsFilterIndex(QStringLiteral("png"))};
+  {
+    testing_support::DialogAnswerer yes(QMessageBox::Yes);
+    EXPECT_TRUE(window_->close());
+    EXPECT_EQ(yes.LastText(), QStringLiteral("'Pasted image' has changed. Do you want to save changes?"));
+  }
+  EXPECT_EQ(QImage(pictures_.File(QStringLiteral("red.png"))).pixelColor(5, 5), QColor(Qt::red));
+  EXPECT_EQ(std::pair(Doc().Open().File, Doc().IsChanged()), std::pair(pictures_.File(QStringLiteral("red.png")), false));
+  auto* copied = new QMimeData;
+  copied->setData(QStringLiteral("text/uri-list"), Uri("c.png"));
+  copied->setData(QStringLiteral("x-special/gnome-copied-files"), "copy\n" + Uri("c.png").trimmed());
+  QGuiApplication::clipboard()->setMimeData(copied);
+  Trigger("mnuEditPaste");
+  EXPECT_EQ(Doc().Open().File, pictures_.File(QStringLiteral("c.png")));
 }
 
 }  // namespace
