@@ -210,6 +210,7 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   void RunZoomToSelection();
   void ConnectViewport();
   void RunFullScreen(bool byDoubleClick);
+  void SortListBy(int order, bool descending);
 
   // frmMainAnimation.cpp
   void DeclareAnimationCommands();

@@ -115,6 +115,17 @@ void frmMain::DeclareViewCommands() {
   t.Declare({"mnuViewZoomToSelection", "Zoom to Sele&ction"}, zoom([this] { RunZoomToSelection(); }));
   t.Declare({"mnuViewFullScreen", "Full Scr&een", Qt::Key_F11, "view-fullscreen", "Full Screen"},
             zoom([this] { RunFullScreen(false); }));
+  // The list's order, remembered: by name (the list's own), date taken, last change, size or type.
+  const char* const orders[][2] = {{"mnuViewSortName", "&Name"}, {"mnuViewSortDateTaken", "Date &Taken"},
+                                   {"mnuViewSortModified", "Date &Modified"}, {"mnuViewSortSize", "&Size"}, {"mnuViewSortType", "T&ype"}};
+  for (int order = 0; order < int(std::size(orders)); ++order) {
+    t.Declare({orders[order][0], orders[order][1]}, {[this, order] { SortListBy(order, state_.Settings.SortDescending); },
+                                                     [this] { return document_.SomethingOpen(); },
+                                                     [this, order] { return state_.Settings.SortOrder == order; }});
+  }
+  t.Declare({"mnuViewSortDescending", "&Descending"}, {[this] { SortListBy(state_.Settings.SortOrder, !state_.Settings.SortDescending); },
+                                                      [this] { return document_.SomethingOpen(); },
+                                                      [this] { return bool(state_.Settings.SortDescending); }});
   // Pages turn on Ctrl with Page Down and Page Up: the keys alone step through the folder.
   t.Declare({"mnuViewNextPage", "Next Pa&ge", Qt::CTRL | Qt::Key_PageDown, "go-next", "Next Page"},
             {[this] { document_.TurnPage(+1); }, [this] { return document_.CanTurnPage(+1); }});
@@ -186,6 +197,8 @@ void frmMain::BuildMenus() {
   menu("mnuView", "&View",
        {"mnuViewImage", "mnuViewListAndImage", "mnuViewThumbnails", "-", "mnuViewOriginalSize", "mnuViewFit",
         "mnuViewAlwaysFit", "mnuViewZoomIn", "mnuViewZoomOut", "mnuViewZoom", "mnuViewZoomToSelection", "-",
+        "@mnuViewSortBy|&Sort By", "mnuViewSortName", "mnuViewSortDateTaken", "mnuViewSortModified", "mnuViewSortSize",
+        "mnuViewSortType", "-", "mnuViewSortDescending", "@", "-",
         "mnuViewFullScreen", "-", "mnuViewPreviousPage", "mnuViewNextPage", "-", "mnuViewPlayAnimation",
         "mnuViewPreviousFrame", "mnuViewNextFrame", "-", "mnuViewToolbar", "mnuViewStatusBar"});
   menu("mnuColors", "&Colors",

@@ -101,4 +101,13 @@ void frmMain::ConnectViewport() {
   });
 }
 
+// View > Sort By: the order is kept in the settings and the list read again in it, the entry
+// shown staying shown.
+void frmMain::SortListBy(int order, bool descending) {
+  state_.Settings.SortOrder = order;
+  state_.Settings.SortDescending = descending;
+  document_.ListAgainKeepingShown();
+  commands_.Refresh();
+}
+
 }  // namespace app

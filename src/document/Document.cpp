@@ -1,5 +1,7 @@
 #include "document/Document.h"
 
+#include "browse/SortOrder.h"
+
 #include "document/CommandLine.h"
 #include "base/NumberRules.h"
 #include "base/Paths.h"
@@ -147,7 +149,12 @@ void Document::ScanFolder() {
   const browse::ScanFilter filter = !s.ImageExtensionsOnly ? browse::ScanFilter::AllFiles
                                     : s.ClassicTypesOnly    ? browse::ScanFilter::ClassicImages
                                                             : browse::ScanFilter::Images;
-  const QFuture<void> scan = QtConcurrent::run([&] { entries = scanner_(folder, filter, &cancel); });
+  const auto key = browse::SortKey(std::clamp(int(s.SortOrder), 0, int(browse::SortKey::Type)));
+  const bool descending = s.SortDescending;
+  const QFuture<void> scan = QtConcurrent::run([&] {
+    entries = scanner_(folder, filter, &cancel);
+    browse::SortByKey(entries, folder, key, descending, &cancel);
+  });
   const bool cancelled = prompts_.WaitFor(scan, cancel);
   if (onlyThese_) {
     std::erase_if(entries, [this](const browse::FileEntry& entry) { return !onlyThese_->contains(entry.FileName); });
@@ -311,6 +318,7 @@ void Document::StepTo(int row) {
 
 void Document::EntryRenamed(int row, const QString& name) {
   if (onlyThese_) onlyThese_->insert(name);
+  if (state_.Settings.SortOrder != 0 || state_.Settings.SortDescending) return FolderChangedKeeping(name);  // its place is the key's
   const int newRow = list_.ReplaceAndResort(row, {base::DisplayName(name), name});
   if (shownRow_ == row) Follow(newRow);
   Q_EMIT ListRowSelected(newRow);

@@ -130,6 +130,9 @@ class Document : public QObject {
   // The folder, listing every image in it or, when `only` is given, just the files so named
   // (several files dropped on the window) for as long as the folder stays open.
   void OpenChosenFolder(const QString& folder, const std::optional<QSet<QString>>& only = std::nullopt);
+  // The folder read again (another order chosen, another program's changes), the entry
+  // shown kept; when its file went, the entry in its place opens.
+  void ListAgainKeepingShown();
   // After the entry in `row` left the folder: the list is read again and the entry now in
   // that place (or the new last one) opens; an emptied list shows nothing.
   void AfterEntryDeleted(int row);

@@ -23,8 +23,12 @@ void Document::WatchWhatIsOpen() {
 }
 
 void Document::RefreshFolderFromDisk() {
-  if (!SomethingOpen() || ListFolder().isEmpty()) return;
   if (InTheMiddleOfSomething()) return watch_.FolderAgainLater();
+  ListAgainKeepingShown();
+}
+
+void Document::ListAgainKeepingShown() {
+  if (!SomethingOpen() || ListFolder().isEmpty()) return;
   const int row = shownRow_;
   const QString shown = row >= 0 ? list_.Entry(row).FileName : QString();
   const QString file = open_.File;

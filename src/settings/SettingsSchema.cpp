@@ -171,6 +171,8 @@ std::vector<SettingsLine> OptionLines() {
       Added(Long("SaveQuality", &S::SaveQuality, kCurrentLayout)),
       Added(Long("TiffCompression", &S::TiffCompression, kCurrentLayout)),
       Added(Long("WheelAction", &S::WheelAction, kCurrentLayout)),
+      Added(Long("SortOrder", &S::SortOrder, kCurrentLayout)),
+      Added(Flag("SortDescending", &S::SortDescending, kCurrentLayout)),
   };
 }
 

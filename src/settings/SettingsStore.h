@@ -46,6 +46,8 @@ struct SettingsStore {
   std::int32_t FileTypeIcon = 0;
   bool EnlargeSmallImages = false;  // Fit enlarges pictures smaller than the window
   std::int32_t WheelAction = 0;      // the wheel scrolls (0), zooms (1) or steps through the images (2)
+  std::int32_t SortOrder = 0;        // the list by name, date taken, last change, size or type (browse::SortKey)
+  bool SortDescending = false;
   bool ColourManaged = true;        // pictures go through their profile and the screen's
   bool PerceptualIntent = false;    // else relative colorimetric
   QString ScreenProfileFile;        // the screen's profile when the display publishes none

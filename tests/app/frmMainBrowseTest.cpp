@@ -121,6 +121,20 @@ TEST_F(frmMainListTest, RenamingInPlaceFollowsTheRenameDialogsRule) {
   EXPECT_EQ(QDir(pictures_.Path()).entryList(QDir::Files), QStringList({"b.png", "z.png"}));
 }
 
+// View > Sort By reorders the list at once and remembers it; the entry shown stays shown.
+TEST_F(frmMainListTest, SortByReordersTheListKeepingTheEntryShown) {
+  pictures_.WritePng(QStringLiteral("c.png"), 80, 60);  // the largest file
+  Doc().OpenChosenFolder(pictures_.Path());
+  Doc().StepTo(1);  // b.png
+  Trigger("mnuViewSortSize");
+  Trigger("mnuViewSortDescending");
+  EXPECT_EQ(list_->model()->index(0, 0).data().toString(), QStringLiteral("c.png"));
+  EXPECT_EQ(std::pair(Doc().CurrentFilePath(), list_->currentIndex().data().toString()),
+            std::pair(pictures_.File(QStringLiteral("b.png")), QStringLiteral("b.png")));
+  EXPECT_EQ(std::pair(window_->State().Settings.SortOrder, bool(window_->State().Settings.SortDescending)), std::pair(3, true));
+  EXPECT_TRUE(Command("mnuViewSortSize")->isChecked());
+}
+
 class frmMainThumbnailsTest : public testing_support::MainWindowTest {
  protected:
   frmMainThumbnailsTest() {

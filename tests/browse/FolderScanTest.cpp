@@ -3,8 +3,10 @@
 #include "browse/FolderScan.h"
 #include "browse/ListBadges.h"
 #include "browse/ListOrder.h"
+#include "browse/SortOrder.h"
 #include "support/TestFiles.h"
 
+#include <QImage>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -70,6 +72,39 @@ TEST(ListOrder, ALargeListIsSortedWholeAcrossItsHalves) {
   browse::SortEntries(entries);
   EXPECT_TRUE(std::is_sorted(entries.begin(), entries.end(),
                              [](const browse::FileEntry& a, const browse::FileEntry& b) { return browse::ListTextLess(a.DisplayName, b.DisplayName); }));
+}
+
+// Each order on three files whose dates taken, last changes, sizes and types all disagree;
+// a file without a date taken counts by its last change.
+TEST(SortOrder, EachKeyOrdersByItsFactAndNameBreaksTies) {
+  testing_support::TempFolder folder;
+  const QDateTime now = QDateTime::currentDateTime();
+  const struct {
+    const char* name;
+    int side;            // a larger picture, a larger file
+    const char* taken;   // EXIF, or none
+    int daysAgo;         // the last change
+  } files[] = {{"a.jpg", 60, "2020:01:01 10:00:00", 30}, {"b.png", 2, nullptr, 0}, {"c.jpg", 20, "2010:01:01 10:00:00", 10}};
+  for (const auto& f : files) {
+    const QString path = folder.File(QLatin1String(f.name));
+    QImage picture(f.side, f.side, QImage::Format_RGB32);
+    picture.fill(Qt::darkCyan);
+    ASSERT_TRUE(picture.save(path));  // a JPEG or a PNG, by the name
+    if (f.taken) testing_support::Run(QStringLiteral("exiftool"), {"-q", "-overwrite_original", QStringLiteral("-DateTimeOriginal=") + f.taken, path});
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite) && file.setFileTime(now.addDays(-f.daysAgo), QFileDevice::FileModificationTime));
+  }
+  const std::tuple<browse::SortKey, bool, QStringList> cases[] = {
+      {browse::SortKey::DateTaken, false, {"c.jpg", "a.jpg", "b.png"}}, {browse::SortKey::Modified, false, {"a.jpg", "c.jpg", "b.png"}},
+      {browse::SortKey::Size, false, {"b.png", "c.jpg", "a.jpg"}},      {browse::SortKey::Type, false, {"a.jpg", "c.jpg", "b.png"}},
+      {browse::SortKey::Name, true, {"c.jpg", "b.png", "a.jpg"}},       {browse::SortKey::Size, true, {"a.jpg", "c.jpg", "b.png"}}};
+  for (const auto& [key, descending, expected] : cases) {
+    std::vector<browse::FileEntry> entries = browse::ScanFolder(folder.Path(), browse::ScanFilter::Images);
+    browse::SortByKey(entries, folder.Path(), key, descending);
+    QStringList names;
+    for (const browse::FileEntry& entry : entries) names << entry.FileName;
+    EXPECT_EQ(names, expected) << int(key) << descending;
+  }
 }
 
 TEST(FileTypeDescription, IgnoresCaseAndBlanksAndNamesAnUnknownOne) {

@@ -87,6 +87,8 @@ TEST(SettingsRoundTrip, ReadingWhatWasWrittenGivesTheSameSettings) {
   s.ColourManaged = false;
   s.PerceptualIntent = true;
   s.WheelAction = 2;
+  s.SortOrder = 3;
+  s.SortDescending = true;
   s.ScreenProfileFile = QStringLiteral("/home/ana/.local/share/icc/Écran.icc");
   const QByteArray text = settings::WriteSettingsText(s, kMetrics, settings::PlacementFromSettings(s, kMetrics));
   SettingsStore back = settings::DefaultSettings(kMetrics);
