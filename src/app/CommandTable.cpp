@@ -17,7 +17,7 @@ QIcon ThemedIcon(const char* name) {
 }  // namespace
 
 QAction* CommandTable::Declare(const Command& command, CommandRules rules) {
-  auto* action = new QAction(QString::fromUtf8(command.Caption), owner_);
+  auto* action = new QAction(command.Caption, owner_);
   action->setObjectName(QLatin1String(command.Name));
   QList<QKeySequence> shortcuts;
   for (const QKeyCombination key : {command.Shortcut, command.AlternateShortcut}) {
@@ -25,9 +25,9 @@ QAction* CommandTable::Declare(const Command& command, CommandRules rules) {
   }
   action->setShortcuts(shortcuts);
   if (command.Icon) action->setIcon(ThemedIcon(command.Icon));
-  if (command.ButtonCaption) {
-    action->setIconText(QString::fromUtf8(command.ButtonCaption));
-    action->setToolTip(QString::fromUtf8(command.ButtonCaption));
+  if (!command.ButtonCaption.isEmpty()) {
+    action->setIconText(command.ButtonCaption);
+    action->setToolTip(command.ButtonCaption);
   }
   if (rules.Checked) action->setCheckable(true);
   if (!rules.Run) {
@@ -53,9 +53,9 @@ void CommandTable::FillMenu(QMenu& menu, const std::vector<const char*>& layout)
     } else if (text == QLatin1String("@")) {
       target = &menu;
     } else if (text.startsWith(u'@')) {
-      const QStringList nameAndCaption = text.mid(1).split(u'|');
-      target = menu.addMenu(nameAndCaption.value(1));
-      target->setObjectName(nameAndCaption.value(0));
+      const QString name = text.mid(1);
+      target = menu.addMenu(submenus_.value(name));
+      target->setObjectName(name);
     } else if (QAction* action = Get(text)) {
       target->addAction(action);
     }

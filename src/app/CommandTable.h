@@ -21,10 +21,10 @@ namespace app {
 
 struct Command {
   const char* Name;
-  const char* Caption;
+  QString Caption;
   QKeyCombination Shortcut = {};
-  const char* Icon = nullptr;           // a freedesktop icon name, for the toolbar
-  const char* ButtonCaption = nullptr;  // the toolbar button's caption
+  const char* Icon = nullptr;  // a freedesktop icon name, for the toolbar
+  QString ButtonCaption = {};  // the toolbar button's caption
   QKeyCombination AlternateShortcut = {};
 };
 
@@ -42,8 +42,9 @@ class CommandTable {
 
   QAction* Declare(const Command& command, CommandRules rules = {});
   QAction* Get(const QString& name) const { return actions_.value(name); }
+  void DeclareSubmenu(const char* name, const QString& caption) { submenus_.insert(QLatin1String(name), caption); }
 
-  // Fills a menu from names in order; "-" is a separator, "@Name|Caption" a submenu
+  // Fills a menu from names in order; "-" is a separator, "@Name" a declared submenu
   // whose entries follow until "@".
   void FillMenu(QMenu& menu, const std::vector<const char*>& layout) const;
   // Fills the toolbar with the named commands' icons and button captions; nullptr is a
@@ -59,6 +60,7 @@ class CommandTable {
   };
   QObject* owner_;
   QHash<QString, QAction*> actions_;
+  QHash<QString, QString> submenus_;
   std::vector<Entry> entries_;
 };
 

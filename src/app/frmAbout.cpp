@@ -13,11 +13,11 @@ namespace app {
 
 frmAbout::frmAbout(QWidget* parent) : QDialog(parent) {
   setObjectName(QStringLiteral("frmAbout"));
-  setWindowTitle(QStringLiteral("About Vistrel"));
+  setWindowTitle(tr("About Vistrel"));
   auto* text = new QLabel(this);
   text->setObjectName(QStringLiteral("lblAbout"));
   text->setTextFormat(Qt::RichText);
-  text->setText(QStringLiteral(
+  text->setText(tr(
       "<h2>Vistrel %1</h2>"
       "<p>A fast image viewer with light editing: folders and single files, zoom, full screen, "
       "slide shows, colour, filter and geometry operations with undo, saving in a dozen formats, "
@@ -35,7 +35,7 @@ frmAbout::frmAbout(QWidget* parent) : QDialog(parent) {
     if (link.startsWith(QLatin1String("help:"))) return widgets::ShowHelpTopic({});
     QDesktopServices::openUrl(QUrl(link));
   });
-  auto* ok = new QPushButton(QStringLiteral("OK"), this);
+  auto* ok = new QPushButton(tr("OK"), this);
   ok->setObjectName(QStringLiteral("cmdAceptar"));
   ok->setDefault(true);
   connect(ok, &QPushButton::clicked, this, &QDialog::accept);

@@ -16,11 +16,11 @@ namespace app {
 
 void frmMain::DeclareAnimationCommands() {
   CommandTable& t = commands_;
-  t.Declare({"mnuViewPlayAnimation", "&Pause Animation", Qt::Key_P, "media-playback-pause", "Pause", Qt::Key_Pause},
+  t.Declare({"mnuViewPlayAnimation", tr("&Pause Animation"), Qt::Key_P, "media-playback-pause", tr("Pause"), Qt::Key_Pause},
             {[this] { TogglePlaying(); }, [this] { return CanPlay(); }, [this] { return !player_.Active() || player_.Paused(); }});
-  t.Declare({"mnuViewNextFrame", "Ne&xt Frame", Qt::Key_Period, "go-next", "Next Frame"},
+  t.Declare({"mnuViewNextFrame", tr("Ne&xt Frame"), Qt::Key_Period, "go-next", tr("Next Frame")},
             {[this] { player_.Step(+1); }, [this] { return player_.CanStep(+1); }});
-  t.Declare({"mnuViewPreviousFrame", "Previous Fra&me", Qt::Key_Comma, "go-previous", "Previous Frame"},
+  t.Declare({"mnuViewPreviousFrame", tr("Previous Fra&me"), Qt::Key_Comma, "go-previous", tr("Previous Frame")},
             {[this] { player_.Step(-1); }, [this] { return player_.CanStep(-1); }});
 }
 
@@ -46,7 +46,7 @@ void frmMain::ConnectAnimation() {
     }
     commands_.Refresh();
     RefreshStatusBar(player_.Active() && player_.Damaged()
-                         ? QStringLiteral("%1: frame %2 is the last that could be read")
+                         ? tr("%1: frame %2 is the last that could be read")
                                .arg(base::DisplayName(document_.CurrentFilePath()))
                                .arg(player_.Current().Index + 1)
                          : QString());

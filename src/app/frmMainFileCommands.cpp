@@ -1,5 +1,6 @@
 // Open Folder, Open File, Save and Save As, and the questions the document asks.
 #include "app/frmMain.h"
+#include "base/Texts.h"
 
 #include "base/Paths.h"
 #include "files/FailureReasons.h"
@@ -51,13 +52,13 @@ void frmMain::RunDelete() {
   if (file.isEmpty()) return;
   const auto yes = QMessageBox::Yes;
   if (state_.Settings.ConfirmDelete &&
-      QMessageBox::question(this, QStringLiteral("Delete"), files::MoveToTrashQuestion(file), yes | QMessageBox::No,
+      QMessageBox::question(this, tr("Delete"), files::MoveToTrashQuestion(file), yes | QMessageBox::No,
                             QMessageBox::No) != yes) {
     return;
   }
   if (!files::MoveToTrash(file)) {
-    ShowWarning(this, QStringLiteral("Delete"), QStringLiteral("Can't move the file to the Trash"),
-                QStringLiteral("the file stays where it is"));
+    ShowWarning(this, tr("Delete"), tr("Can't move the file to the Trash"),
+                tr("the file stays where it is"));
     return;
   }
   if (row < 0) {
@@ -72,7 +73,7 @@ void frmMain::RunRename() {
   int row = -1;
   const QString file = CommandFile(&row);
   if (file.isEmpty()) return;
-  widgets::frmTexto dialog(QStringLiteral("Rename"), QStringLiteral("&New name:"), QFileInfo(file).fileName(),
+  widgets::frmTexto dialog(tr("Rename"), tr("&New name:"), QFileInfo(file).fileName(),
                            [&](const QString& name) { return TryRename(file, row, name); }, this);
   dialog.SelectFirst(base::BaseNameLength(QFileInfo(file).fileName()));  // the extension stays unless asked for
   dialog.exec();
@@ -82,7 +83,7 @@ void frmMain::RunRename() {
 // The dialog and the list's own editor rename by one rule; false keeps the name editable.
 bool frmMain::TryRename(const QString& file, int row, const QString& typedName) {
   const files::TypedRename rename = files::RenameToTypedName(file, typedName, [this](const QString& question) {
-    return QMessageBox::warning(this, QStringLiteral("Rename"), question, QMessageBox::Yes | QMessageBox::No) ==
+    return QMessageBox::warning(this, tr("Rename"), question, QMessageBox::Yes | QMessageBox::No) ==
            QMessageBox::Yes;
   });
   if (!rename.Outcome.Message.isEmpty()) ShowExclamation(rename.Outcome.Message);
@@ -104,11 +105,11 @@ void frmMain::RunCopyOrMove(bool move) {
   int row = -1;
   const QString file = CommandFile(&row);
   if (file.isEmpty()) return;
-  const QString title = move ? QStringLiteral("Move To") : QStringLiteral("Copy To");
+  const QString title = move ? tr("Move To") : tr("Copy To");
   widgets::FileDialogRequest request;
   request.Title = title;
   request.Save = true;
-  request.NameFilters = {QStringLiteral("All files (*)")};
+  request.NameFilters = {tr("All files (*)")};
   request.SelectedFilter = 1;
   request.ProposedPath = file;
   const QString chosen = chooseFile_(this, request).Path;
@@ -119,14 +120,14 @@ void frmMain::RunCopyOrMove(bool move) {
   if (target != chosen && QFileInfo::exists(target) && !ConfirmReplace(target, title)) return;
   if (!document_.OfferToSaveChanges()) return;
   if (files::ExtensionDiffers(file, target) &&
-      QMessageBox::warning(this, title, QStringLiteral("The file extension is different. Do you want to continue?"),
+      QMessageBox::warning(this, title, tr("The file extension is different. Do you want to continue?"),
                            QMessageBox::Yes | QMessageBox::No) != QMessageBox::Yes) {
     return;
   }
   widgets::BusyPointerGuard busy;
   if (!(move ? files::MoveFileSafely(file, target) : files::CopyFileSafely(file, target))) {
     widgets::NormalPointerGuard normal;
-    ShowWarning(this, title, (move ? QStringLiteral("Can't move file") : QStringLiteral("Can't copy file")) +
+    ShowWarning(this, title, (move ? tr("Can't move file") : tr("Can't copy file")) +
                                  files::DestinationReadOnlyNote(target),
                 files::WriteFailureReason(target));
     return;
@@ -145,7 +146,7 @@ void frmMain::RunProperties() {
   const QString file = CommandFile();
   if (file.isEmpty()) return;
   if (!QFileInfo::exists(file)) {
-    QMessageBox::warning(this, QStringLiteral("Properties"), QStringLiteral("Can't find file"));
+    QMessageBox::warning(this, tr("Properties"), tr("Can't find file"));
     return;
   }
   files::frmProperties dialog(file, this);
@@ -184,7 +185,7 @@ bool frmMain::RunOpenFolder() {
 // Open File: the save question only once a file is chosen, as for Open Folder.
 void frmMain::RunOpenFile() {
   widgets::FileDialogRequest request;
-  request.Title = QStringLiteral("Open File");
+  request.Title = tr("Open File");
   request.NameFilters = files::QtNameFilters(files::OpenFileFilters());
   request.ProposedPath = document_.FileOpen() ? QFileInfo(document_.Open().File).absolutePath() : document_.Open().Folder;
   const widgets::FileDialogAnswer answer = chooseFile_(this, request);
@@ -196,7 +197,7 @@ void frmMain::ShowCantSave(const QString& path, const QString& title) {
   widgets::NormalPointerGuard normal;
   const auto& image = document_.CurrentImage();
   const QSize size = image ? QSize(image->Width(), image->Height()) : QSize();
-  ShowWarning(this, title, QStringLiteral("Can't save file") + files::ReadOnlyNote(path), files::SaveFailureReason(path, size));
+  ShowWarning(this, title, tr("Can't save file") + files::ReadOnlyNote(path), files::SaveFailureReason(path, size));
   picFondo_->update();
 }
 
@@ -213,7 +214,7 @@ bool frmMain::RunSave() {
     default: return false;
   }
   if (!SaveUnderBusyPointer(target)) {
-    ShowCantSave(target, QStringLiteral("Save"));
+    ShowCantSave(target, tr("Save"));
     return false;
   }
   return true;  // the document has told the status bar of the new file
@@ -225,23 +226,23 @@ int frmMain::AskAboutWhatSavingDrops(const QString& path) {
   const imaging::SourceFacts facts = imaging::ReadSourceFacts(path);
   QStringList had, kept;
   if (facts.Pages > 1) {
-    const QString unit = facts.Animated ? QStringLiteral("frame") : QStringLiteral("page");
+    const QString unit = facts.Animated ? tr("frame") : tr("page");
     had << QStringLiteral("%1 %2s").arg(facts.Pages).arg(unit);
     const int page = path == document_.CurrentFilePath() ? document_.Page() : 0;
-    kept << (page == 0 ? QStringLiteral("the first %1 only").arg(unit) : QStringLiteral("%1 %2 only").arg(unit).arg(page + 1));
+    kept << (page == 0 ? tr("the first %1 only").arg(unit) : tr("%1 %2 only").arg(unit).arg(page + 1));
   }
   // A deep picture is written back at 16 bits; one an 8-bit edit made (a palette) is not.
   const int keptBits = document_.CurrentImage() ? document_.CurrentImage()->BitsPerSample() : 8;
   if (facts.BitsPerChannel > keptBits) {
-    had << QStringLiteral("%1 bits per channel").arg(facts.BitsPerChannel);
-    kept << QStringLiteral("%1 bits per channel").arg(keptBits);
+    had << tr("%1 bits per channel").arg(facts.BitsPerChannel);
+    kept << tr("%1 bits per channel").arg(keptBits);
   }
   if (had.isEmpty()) return QMessageBox::Save;
-  QMessageBox box(QMessageBox::Warning, QStringLiteral("Save"),
-                  QStringLiteral("%1 has %2. Saving over it keeps %3.")
-                      .arg(QFileInfo(path).fileName(), had.join(QStringLiteral(" and ")), kept.join(QStringLiteral(", at "))),
+  QMessageBox box(QMessageBox::Warning, tr("Save"),
+                  tr("%1 has %2. Saving over it keeps %3.")
+                      .arg(QFileInfo(path).fileName(), had.join(tr(" and ")), kept.join(tr(", at "))),
                   QMessageBox::Save | QMessageBox::SaveAll | QMessageBox::Cancel, this);
-  box.button(QMessageBox::SaveAll)->setText(QStringLiteral("Save &As..."));
+  box.button(QMessageBox::SaveAll)->setText(tr("Save &As..."));
   box.setDefaultButton(QMessageBox::SaveAll);
   return box.exec();
 }
@@ -251,10 +252,10 @@ bool frmMain::RunSaveAs() {
   // A pasted picture is proposed as a PNG in the folder last open, or in the user's pictures.
   const QString lastFolder = !state_.Settings.LastFolder.isEmpty() ? state_.Settings.LastFolder
                                                                    : QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
-  const QString current = document_.IsPasted() ? QDir(lastFolder).filePath(document::kPastedName + QStringLiteral(".png"))
+  const QString current = document_.IsPasted() ? QDir(lastFolder).filePath(document::PastedName() + QStringLiteral(".png"))
                                                : document_.CurrentFilePath();
   widgets::FileDialogRequest request;
-  request.Title = QStringLiteral("Save As");
+  request.Title = tr("Save As");
   request.Save = true;
   request.NameFilters = files::QtNameFilters(files::SaveAsFilters());
   // A type that cannot be written is proposed as PNG, which holds any image.
@@ -269,7 +270,7 @@ bool frmMain::RunSaveAs() {
   if (target != answer.Path && QFileInfo::exists(target) && !ConfirmReplace(target, request.Title)) return false;
   if (!askSaveOptions_(this, LowerSuffix(target), state_.Settings)) return false;
   if (!SaveUnderBusyPointer(target)) {
-    ShowCantSave(target, QStringLiteral("Save As"));
+    ShowCantSave(target, tr("Save As"));
     return false;
   }
   widgets::BusyPointerGuard busy;
@@ -291,7 +292,7 @@ bool frmMain::SaveUnderBusyPointer(const QString& target) {
 }
 
 bool frmMain::ConfirmReplace(const QString& path, const QString& title) {
-  const QString question = QStringLiteral("%1 already exists.\nDo you want to replace it?").arg(QFileInfo(path).fileName());
+  const QString question = tr("%1 already exists.\nDo you want to replace it?").arg(QFileInfo(path).fileName());
   return QMessageBox::warning(this, title, question, QMessageBox::Yes | QMessageBox::No,
                               QMessageBox::No) == QMessageBox::Yes;
 }
@@ -319,7 +320,7 @@ void frmMain::ShowWarning(QWidget* parent, const QString& title, const QString& 
 
 document::SaveChangesAnswer frmMain::AskSaveChanges(const QString& question) {
   widgets::NormalPointerGuard normal;
-  const auto answer = QMessageBox::warning(this, QStringLiteral("Save Changes"), question,
+  const auto answer = QMessageBox::warning(this, tr("Save Changes"), question,
                                            QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
   if (answer == QMessageBox::Yes) return document::SaveChangesAnswer::Yes;
   if (answer == QMessageBox::No) return document::SaveChangesAnswer::No;
@@ -328,7 +329,7 @@ document::SaveChangesAnswer frmMain::AskSaveChanges(const QString& question) {
 
 bool frmMain::AskToReload(const QString& question) {
   widgets::NormalPointerGuard normal;
-  return QMessageBox::question(this, QStringLiteral("Changed on Disk"), question, QMessageBox::Yes | QMessageBox::No, QMessageBox::No) ==
+  return QMessageBox::question(this, tr("Changed on Disk"), question, QMessageBox::Yes | QMessageBox::No, QMessageBox::No) ==
          QMessageBox::Yes;
 }
 
@@ -354,7 +355,7 @@ void frmMain::RunPrint() {
   if (dialog.ToPdf()) {
     const QString proposed = QFileInfo(document_.CurrentFilePath()).completeBaseName() + QStringLiteral(".pdf");
     const widgets::FileDialogAnswer answer =
-        chooseFile_(this, {QStringLiteral("Print to PDF"), {QStringLiteral("PDF files (*.pdf)")}, 1, proposed, true});
+        chooseFile_(this, {tr("Print to PDF"), {tr("PDF files (*.pdf)")}, 1, proposed, true});
     if (answer.Path.isEmpty()) return;
     printer.setOutputFileName(answer.Path.endsWith(QStringLiteral(".pdf"), Qt::CaseInsensitive) ? answer.Path
                                                                                                 : answer.Path + ".pdf");
@@ -364,7 +365,7 @@ void frmMain::RunPrint() {
   const print::PrintOutcome outcome = print::PrintPages(printer, dialog.Pages(), dialog.Options());
   if (outcome != print::PrintOutcome::Printed) {
     widgets::NormalPointerGuard normal;
-    ShowWarning(this, QStringLiteral("Print"), QStringLiteral("Can't print"),
+    ShowWarning(this, tr("Print"), tr("Can't print"),
                 outcome == print::PrintOutcome::NoRoom ? print::NoRoomReason() : printer.printerName());
   }
 }

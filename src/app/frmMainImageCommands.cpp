@@ -37,7 +37,7 @@ void frmMain::RunCatalogueCommand(const edit::CatalogueCommand& command) {
   if (!document_.CurrentImage()) return;
   const QRect selection = SelectionPixels();
   if (*command.SelectionMessage && selection.isEmpty()) {
-    QMessageBox::warning(this, command.Undo(), QString::fromUtf8(command.SelectionMessage));
+    QMessageBox::warning(this, command.Undo(), command.Selection());
     return;
   }
   const QImage shownFrame = picFondo_->ReducedFrame();
@@ -53,7 +53,7 @@ void frmMain::RunCatalogueCommand(const edit::CatalogueCommand& command) {
   const std::optional<edit::Applied> applied = ApplyOnWorker(command, arguments);
   if (!applied) return;  // Esc: the image and the history as they were
   if (!applied->Picture) {  // nothing changes and nothing is recorded
-    ShowExclamation(QStringLiteral("Can't apply %1").arg(undoName), applied->Failure);
+    ShowExclamation(tr("Can't apply %1").arg(undoName), applied->Failure);
     return;
   }
   picFondo_->SelectNone();
@@ -73,7 +73,7 @@ std::optional<edit::Applied> frmMain::ApplyOnWorker(const edit::CatalogueCommand
   widgets::WaitOptions options;
   options.LeaveOnEscape = true;
   options.Slow = [this, &command](bool slow) {
-    RefreshStatusBar(slow ? command.Undo() + QStringLiteral("... (Esc cancels)") : QString());
+    RefreshStatusBar(slow ? command.Undo() + tr("... (Esc cancels)") : QString());
     editProgress_->setVisible(slow);
   };
   if (widgets::WaitForWork(work, cancel, options)) return std::nullopt;

@@ -105,27 +105,27 @@ bool frmMain::CanSetWallpaper() const {
 // The picture as it stands, unsaved edits included, not the file on disk. The desktop's
 // own tools can take seconds: they run off the UI thread while the window stays painted.
 void frmMain::RunSetWallpaper() {
-  if (!AskYesNo(this, QStringLiteral("Set Wallpaper"),
-                QStringLiteral("Are you sure you want to set the wallpaper to this image?"))) {
+  if (!AskYesNo(this, tr("Set Wallpaper"),
+                tr("Are you sure you want to set the wallpaper to this image?"))) {
     return;
   }
   const imaging::Image picture = *document_.CurrentImage();
   shell::WallpaperOutcome outcome = shell::WallpaperOutcome::NotWritten;
   std::atomic_bool ignored{false};
   widgets::WaitForWork(QtConcurrent::run([&] { outcome = shell::SetWallpaperPicture(picture, setWallpaper_); }), ignored);
-  if (outcome == shell::WallpaperOutcome::NotWritten) ShowCantSave(shell::FreshWallpaperPath(), QStringLiteral("Set Wallpaper"));
-  if (outcome == shell::WallpaperOutcome::NoDesktop) ShowWarning(this, QStringLiteral("Set Wallpaper"), shell::NoDesktopMessage(), {});
+  if (outcome == shell::WallpaperOutcome::NotWritten) ShowCantSave(shell::FreshWallpaperPath(), tr("Set Wallpaper"));
+  if (outcome == shell::WallpaperOutcome::NoDesktop) ShowWarning(this, tr("Set Wallpaper"), shell::NoDesktopMessage(), {});
 }
 
 void frmMain::RunRemoveWallpaper() {
-  if (!AskYesNo(this, QStringLiteral("Remove Wallpaper"),
-                QStringLiteral("Are you sure you want to remove the desktop wallpaper?"))) {
+  if (!AskYesNo(this, tr("Remove Wallpaper"),
+                tr("Are you sure you want to remove the desktop wallpaper?"))) {
     return;
   }
   bool removed = false;
   std::atomic_bool ignored{false};
   widgets::WaitForWork(QtConcurrent::run([&] { removed = shell::RemoveWallpaper(setWallpaper_); }), ignored);
-  if (!removed) ShowWarning(this, QStringLiteral("Remove Wallpaper"), shell::NoDesktopMessage(), {});
+  if (!removed) ShowWarning(this, tr("Remove Wallpaper"), shell::NoDesktopMessage(), {});
 }
 
 }  // namespace app

@@ -41,7 +41,7 @@ void frmMain::RunZoomDialog() {
 
 void frmMain::RunZoomToSelection() {
   if (!picFondo_->Selection().Exists()) {
-    QMessageBox::information(this, QStringLiteral("Zoom to Selection"), QStringLiteral("Please select an area to zoom"));
+    QMessageBox::information(this, tr("Zoom to Selection"), tr("Please select an area to zoom"));
     return;
   }
   ZoomTo(picFondo_->SelectionFitPercentage(), view::Pending::ZoomToSelection);

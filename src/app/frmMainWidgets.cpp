@@ -1,5 +1,6 @@
 // frmMain's widgets, its status bar panes and title, and what the document's signals change in them.
 #include "app/frmMain.h"
+#include "base/Texts.h"
 
 #include "base/FileNames.h"
 #include "base/Paths.h"
@@ -46,7 +47,7 @@ void frmMain::BuildWidgets() {
   connect(splitter_, &QSplitter::splitterMoved, this, [this] { OnSplitterMoved(); });
   setCentralWidget(splitter_);
 
-  ctlToolbar_ = addToolBar(QStringLiteral("Toolbar"));
+  ctlToolbar_ = addToolBar(tr("Toolbar"));
   ctlToolbar_->setObjectName(QStringLiteral("ctlToolbar"));
   ctlToolbar_->setMovable(false);
   BuildStatusBar();
@@ -154,7 +155,7 @@ void frmMain::ShowImage(const imaging::Image* image) {
 
 // "photo.jpg - Vistrel", with a "*" after the name while the image differs from its file.
 void frmMain::RefreshTitle() {
-  const QString name = !document_.CurrentImage() ? QString() : document_.IsPasted() ? document::kPastedName : base::DisplayName(document_.CurrentFilePath());
+  const QString name = !document_.CurrentImage() ? QString() : document_.IsPasted() ? document::PastedName() : base::DisplayName(document_.CurrentFilePath());
   if (name.isEmpty()) return setWindowTitle(QStringLiteral("Vistrel"));
   setWindowTitle(name + (document_.IsChanged() ? QStringLiteral("*") : QString()) + QStringLiteral(" - Vistrel"));
 }

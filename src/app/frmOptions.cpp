@@ -51,17 +51,17 @@ frmOptions::frmOptions(settings::SettingsStore& settings, FolderEntrySwitch fold
                        QWidget* parent)
     : QDialog(parent), settings_(settings), folderEntry_(std::move(folderEntry)), chooseColour_(std::move(chooseColour)) {
   setObjectName(QStringLiteral("frmOptions"));
-  setWindowTitle(QStringLiteral("Options"));
+  setWindowTitle(tr("Options"));
   auto* tabs = Named(new QTabWidget(this), QStringLiteral("tabPestana"));
-  tabs->addTab(StartPage(), QStringLiteral("Start"));
-  tabs->addTab(OpenFolderPage(), QStringLiteral("Open Folder"));
-  tabs->addTab(ViewPage(), QStringLiteral("View"));
-  tabs->addTab(ColoursPage(), QStringLiteral("Background Colors"));
-  tabs->addTab(GeneralPage(), QStringLiteral("General"));
+  tabs->addTab(StartPage(), tr("Start"));
+  tabs->addTab(OpenFolderPage(), tr("Open Folder"));
+  tabs->addTab(ViewPage(), tr("View"));
+  tabs->addTab(ColoursPage(), tr("Background Colors"));
+  tabs->addTab(GeneralPage(), tr("General"));
   auto* buttons = new QHBoxLayout;
-  auto* ok = Named(new QPushButton(QStringLiteral("OK"), this), QStringLiteral("cmdAceptar"));
-  auto* cancel = Named(new QPushButton(QStringLiteral("Cancel"), this), QStringLiteral("cmdCancelar"));
-  auto* restore = Named(new QPushButton(QStringLiteral("Restore"), this), QStringLiteral("cmdInicio"));
+  auto* ok = Named(new QPushButton(tr("OK"), this), QStringLiteral("cmdAceptar"));
+  auto* cancel = Named(new QPushButton(tr("Cancel"), this), QStringLiteral("cmdCancelar"));
+  auto* restore = Named(new QPushButton(tr("Restore"), this), QStringLiteral("cmdInicio"));
   ok->setDefault(true);
   connect(ok, &QPushButton::clicked, this, &frmOptions::Accept);
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
@@ -76,36 +76,36 @@ frmOptions::frmOptions(settings::SettingsStore& settings, FolderEntrySwitch fold
 }
 
 QWidget* frmOptions::StartPage() {
-  const QString captions[] = {QStringLiteral("&Don't show any image"),
-                              QStringLiteral("&Open last file or folder from previous session"),
-                              QStringLiteral("&Show the Open Folder dialog")};
+  const QString captions[] = {tr("&Don't show any image"),
+                              tr("&Open last file or folder from previous session"),
+                              tr("&Show the Open Folder dialog")};
   for (int i = 0; i < 3; ++i) optInicio_[i] = Named(new QRadioButton(captions[i]), QStringLiteral("optInicio(%1)").arg(i));
   return Page(0, {optInicio_[1], optInicio_[2], optInicio_[0]});
 }
 
 QWidget* frmOptions::OpenFolderPage() {
-  optArchivosImagen_[0] = Named(new QRadioButton(QStringLiteral("&Open files with image extensions (bmp, jpg...)")),
+  optArchivosImagen_[0] = Named(new QRadioButton(tr("&Open files with image extensions (bmp, jpg...)")),
                                 QStringLiteral("optArchivosImagen(0)"));
-  optArchivosImagen_[1] = Named(new QRadioButton(QStringLiteral("O&pen all files")), QStringLiteral("optArchivosImagen(1)"));
+  optArchivosImagen_[1] = Named(new QRadioButton(tr("O&pen all files")), QStringLiteral("optArchivosImagen(1)"));
   // Today's types (HEIC, WebP, AVIF, JPEG XL, SVG...) are listed unless this asks for the old list.
-  chkClassicTypes_ = Named(new QCheckBox(QStringLiteral("C&lassic types only (no HEIC, WebP, AVIF, JPEG XL, SVG...)")),
+  chkClassicTypes_ = Named(new QCheckBox(tr("C&lassic types only (no HEIC, WebP, AVIF, JPEG XL, SVG...)")),
                            QStringLiteral("chkClassicTypes"));
   return Page(1, {optArchivosImagen_[0], optArchivosImagen_[1], chkClassicTypes_});
 }
 
 QWidget* frmOptions::ViewPage() {
-  chkViewToolbar_ = Named(new QCheckBox(QStringLiteral("&Toolbar")), QStringLiteral("chkViewToolbar"));
-  chkViewStatusBar_ = Named(new QCheckBox(QStringLiteral("&Status bar")), QStringLiteral("chkViewStatusBar"));
+  chkViewToolbar_ = Named(new QCheckBox(tr("&Toolbar")), QStringLiteral("chkViewToolbar"));
+  chkViewStatusBar_ = Named(new QCheckBox(tr("&Status bar")), QStringLiteral("chkViewStatusBar"));
   for (QCheckBox* box : {chkViewToolbar_, chkViewStatusBar_}) {
     connect(box, &QCheckBox::clicked, this, [this] { viewBarsChanged_ = true; });
   }
-  chkEnlarge_ = Named(new QCheckBox(QStringLiteral("&Enlarge small images to fit the window")), QStringLiteral("chkEnlarge"));
+  chkEnlarge_ = Named(new QCheckBox(tr("&Enlarge small images to fit the window")), QStringLiteral("chkEnlarge"));
   auto* wheel = new QWidget;
   auto* row = new QHBoxLayout(wheel);
   row->setContentsMargins(0, 0, 0, 0);
   cboWheel_ = Named(new QComboBox, QStringLiteral("cboWheel"));
-  cboWheel_->addItems({QStringLiteral("scrolls the picture"), QStringLiteral("zooms"), QStringLiteral("goes to the next or previous image")});
-  auto* label = new QLabel(QStringLiteral("The mouse &wheel"));
+  cboWheel_->addItems({tr("scrolls the picture"), tr("zooms"), tr("goes to the next or previous image")});
+  auto* label = new QLabel(tr("The mouse &wheel"));
   label->setBuddy(cboWheel_);
   row->addWidget(label);
   row->addWidget(cboWheel_, 1);
@@ -115,27 +115,27 @@ QWidget* frmOptions::ViewPage() {
 // The pictures' colours: managed or not, the intent, the screen profile in use and the file
 // used when the display publishes none.
 QWidget* frmOptions::ColourGroup() {
-  auto* group = Named(new QGroupBox(QStringLiteral("Colours")), QStringLiteral("fraColours"));
-  chkColourManaged_ = Named(new QCheckBox(QStringLiteral("&Manage colours (the picture's profile and the screen's)")),
+  auto* group = Named(new QGroupBox(tr("Colours")), QStringLiteral("fraColours"));
+  chkColourManaged_ = Named(new QCheckBox(tr("&Manage colours (the picture's profile and the screen's)")),
                             QStringLiteral("chkColourManaged"));
   cboIntent_ = Named(new QComboBox, QStringLiteral("cboIntent"));
-  cboIntent_->addItems({QStringLiteral("Relative colorimetric"), QStringLiteral("Perceptual")});
+  cboIntent_->addItems({tr("Relative colorimetric"), tr("Perceptual")});
   lblScreenProfile_ = Named(new QLabel, QStringLiteral("lblScreenProfile"));
   txtScreenProfile_ = Named(new QLineEdit, QStringLiteral("txtScreenProfile"));
-  txtScreenProfile_->setPlaceholderText(QStringLiteral("none: sRGB"));
-  auto* browse = Named(new QPushButton(QStringLiteral("&Browse...")), QStringLiteral("cmdScreenProfile"));
+  txtScreenProfile_->setPlaceholderText(tr("none: sRGB"));
+  auto* browse = Named(new QPushButton(tr("&Browse...")), QStringLiteral("cmdScreenProfile"));
   connect(browse, &QPushButton::clicked, this, [this] {
-    const QString chosen = QFileDialog::getOpenFileName(this, QStringLiteral("Screen Profile"), txtScreenProfile_->text(),
-                                                        QStringLiteral("ICC profiles (*.icc *.icm)"));
+    const QString chosen = QFileDialog::getOpenFileName(this, tr("Screen Profile"), txtScreenProfile_->text(),
+                                                        tr("ICC profiles (*.icc *.icm)"));
     if (!chosen.isEmpty()) txtScreenProfile_->setText(chosen);
   });
   auto* grid = new QGridLayout(group);
   grid->addWidget(chkColourManaged_, 0, 0, 1, 3);
-  grid->addWidget(new QLabel(QStringLiteral("Intent:")), 1, 0);
+  grid->addWidget(new QLabel(tr("Intent:")), 1, 0);
   grid->addWidget(cboIntent_, 1, 1, 1, 2);
-  grid->addWidget(new QLabel(QStringLiteral("Screen profile:")), 2, 0);
+  grid->addWidget(new QLabel(tr("Screen profile:")), 2, 0);
   grid->addWidget(lblScreenProfile_, 2, 1, 1, 2);
-  grid->addWidget(new QLabel(QStringLiteral("Profile file:")), 3, 0);
+  grid->addWidget(new QLabel(tr("Profile file:")), 3, 0);
   grid->addWidget(txtScreenProfile_, 3, 1);
   grid->addWidget(browse, 3, 2);
   return group;
@@ -146,11 +146,11 @@ void frmOptions::SetScreenProfileInUse(const QString& text) { lblScreenProfile_-
 QWidget* frmOptions::ColoursPage() {
   auto* page = Named(new QWidget, QStringLiteral("picPestana(3)"));
   auto* grid = new QGridLayout(page);
-  const QString labels[] = {QStringLiteral("Image:"), QStringLiteral("Thumbnails:"), QStringLiteral("Full screen:")};
+  const QString labels[] = {tr("Image:"), tr("Thumbnails:"), tr("Full screen:")};
   for (int i = 0; i < 3; ++i) {
     picColor_[i] = Named(new QFrame, QStringLiteral("picColor(%1)").arg(i));
     picColor_[i]->setFixedSize(48, 22);
-    auto* select = Named(new QPushButton(QStringLiteral("Select...")), QStringLiteral("cmdSelect(%1)").arg(i));
+    auto* select = Named(new QPushButton(tr("Select...")), QStringLiteral("cmdSelect(%1)").arg(i));
     connect(select, &QPushButton::clicked, this, [this, i] { Select(i); });
     grid->addWidget(new QLabel(labels[i]), i, 0);
     grid->addWidget(picColor_[i], i, 1);
@@ -163,15 +163,15 @@ QWidget* frmOptions::ColoursPage() {
 
 QWidget* frmOptions::GeneralPage() {
 #ifdef Q_OS_WIN
-  const QString folderMenu = QStringLiteral("&Show 'Open with Vistrel' in the folder context menu of Windows Explorer");
+  const QString folderMenu = tr("&Show 'Open with Vistrel' in the folder context menu of Windows Explorer");
 #else
-  const QString folderMenu = QStringLiteral("&Show 'Open with Vistrel' in the file manager's menu for folders");
+  const QString folderMenu = tr("&Show 'Open with Vistrel' in the file manager's menu for folders");
 #endif
   chkExplorer_ = Named(new QCheckBox(folderMenu),
                        QStringLiteral("chkExplorer"));
-  chkConfirma_ = Named(new QCheckBox(QStringLiteral("D&on't ask for confirmation before deleting a file")),
+  chkConfirma_ = Named(new QCheckBox(tr("D&on't ask for confirmation before deleting a file")),
                        QStringLiteral("chkConfirma"));
-  chkReciente_ = Named(new QCheckBox(QStringLiteral("&Disable list of recent folders")), QStringLiteral("chkReciente"));
+  chkReciente_ = Named(new QCheckBox(tr("&Disable list of recent folders")), QStringLiteral("chkReciente"));
   if (!folderEntry_.Unavailable.isEmpty()) {
     chkExplorer_->setEnabled(false);
     chkExplorer_->setToolTip(folderEntry_.Unavailable);
@@ -250,7 +250,7 @@ void frmOptions::Accept() {
   accept();
 }
 
-// F1 asks for the "Options" topic; Enter (no shift key) is OK wherever the focus is.
+// F1 asks for the tr("Options") topic; Enter (no shift key) is OK wherever the focus is.
 void frmOptions::keyPressEvent(QKeyEvent* event) {
   const bool plain = !(event->modifiers() & (Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier));
   if (plain && event->key() == Qt::Key_F1) return widgets::ShowHelpTopic(QStringLiteral("Options"));

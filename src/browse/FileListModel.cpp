@@ -41,7 +41,7 @@ QVariant FileListModel::data(const QModelIndex& index, int role) const {
 }
 
 QVariant FileListModel::headerData(int section, Qt::Orientation orientation, int role) const {
-  if (section == 0 && orientation == Qt::Horizontal && role == Qt::DisplayRole) return QStringLiteral("File");
+  if (section == 0 && orientation == Qt::Horizontal && role == Qt::DisplayRole) return tr("File");
   return {};
 }
 

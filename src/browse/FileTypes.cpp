@@ -1,4 +1,5 @@
 #include "browse/FileTypes.h"
+#include "base/Texts.h"
 
 #include "base/FileFormats.h"
 #include "base/NumberRules.h"
@@ -24,9 +25,9 @@ const QStringList& ScanExtensions(bool modern) {
 
 QString FileTypeDescription(const QString& extension) {
   const QString key = numbers::TrimBlanks(extension).toLower();
-  if (key.isEmpty()) return QStringLiteral("File");
-  if (const base::FileFormat* format = base::FindFileFormat(key)) return QLatin1String(format->Description);
-  return extension + QStringLiteral(" file");
+  if (key.isEmpty()) return Texts::tr("File");
+  if (const base::FileFormat* format = base::FindFileFormat(key)) return base::Texts::tr(format->Description);
+  return extension + Texts::tr(" file");
 }
 
 }  // namespace browse

@@ -1,4 +1,5 @@
 #include "browse/FolderChoice.h"
+#include "base/Texts.h"
 #include "base/FileFormats.h"
 
 #include "base/NumberRules.h"
@@ -31,9 +32,9 @@ FolderChoice CheckFolderChoice(const QString& candidate) {
 
 QString FolderProblemMessage(FolderProblem problem) {
   switch (problem) {
-    case FolderProblem::NothingChosen: return QStringLiteral("Please select a folder");
-    case FolderProblem::NotFound: return QStringLiteral("Folder not found");
-    case FolderProblem::NoImages: return QStringLiteral("No image found");
+    case FolderProblem::NothingChosen: return Texts::tr("Please select a folder");
+    case FolderProblem::NotFound: return Texts::tr("Folder not found");
+    case FolderProblem::NoImages: return Texts::tr("No image found");
     case FolderProblem::None: break;
   }
   return {};

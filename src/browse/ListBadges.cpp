@@ -1,4 +1,5 @@
 #include "browse/ListBadges.h"
+#include "base/Texts.h"
 
 #include "imaging/Loader.h"
 
@@ -7,7 +8,7 @@ namespace browse {
 QString PageBadge(const QString& path) {
   const imaging::SourceFacts facts = imaging::ReadPageFacts(path);
   if (facts.Pages < 2) return {};
-  return (facts.Animated ? QStringLiteral("%1 frames") : QStringLiteral("%1 pages")).arg(facts.Pages);
+  return (facts.Animated ? Texts::tr("%1 frames") : Texts::tr("%1 pages")).arg(facts.Pages);
 }
 
 ListBadges::ListBadges(QObject* parent) : QObject(parent) { reader_.setMaxThreadCount(1); }

@@ -1,4 +1,5 @@
 #include "browse/ThumbnailPage.h"
+#include "base/Texts.h"
 
 #include "base/NumberRules.h"
 
@@ -26,7 +27,7 @@ PageRows RowsOfPage(int page, int items) {
 int PageOfRow(int row) { return std::max(0, row) / kThumbnailsPerPage + 1; }
 
 QString PageLabel(int page, int pageCount) {
-  return QStringLiteral("Page ") + numbers::FormatThousands(page) + QStringLiteral(" of ") +
+  return Texts::tr("Page ") + numbers::FormatThousands(page) + Texts::tr(" of ") +
          numbers::FormatThousands(pageCount);
 }
 

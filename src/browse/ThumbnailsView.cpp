@@ -74,7 +74,7 @@ class ThumbnailsView::PageWidget : public QWidget {
     painter.setPen(palette().color(QPalette::WindowText));
     painter.drawText(firstLine, Qt::AlignHCenter, cell.Name);
     QString second;
-    if (cell.Done) second = cell.ImageSize.isEmpty() ? QStringLiteral("Can't open file") : SizeCaption(cell.ImageSize);
+    if (cell.Done) second = cell.ImageSize.isEmpty() ? tr("Can't open file") : SizeCaption(cell.ImageSize);
     painter.drawText(firstLine.translated(0, textHeight), Qt::AlignHCenter, second);
   }
 
@@ -154,9 +154,9 @@ QWidget* ThumbnailsView::BuildStrip(QWidget* parent) {
   auto* strip = new QWidget(parent);
   strip->setObjectName(QStringLiteral("picPagina"));
   auto* layout = new QHBoxLayout(strip);
-  const char* captions[] = {"<< First", "< Previous", "Next >", "Last >>", "Go to Page..."};
+  const QString captions[] = {tr("<< First"), tr("< Previous"), tr("Next >"), tr("Last >>"), tr("Go to Page...")};
   for (int i = 0; i < 5; ++i) {
-    auto* button = new QPushButton(QLatin1String(captions[i]), strip);
+    auto* button = new QPushButton(captions[i], strip);
     button->setObjectName(QStringLiteral("picBoton(%1)").arg(i));
     button->setFocusPolicy(Qt::NoFocus);
     layout->addWidget(button);

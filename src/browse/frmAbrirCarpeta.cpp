@@ -1,4 +1,5 @@
 #include "browse/frmAbrirCarpeta.h"
+#include "base/Texts.h"
 
 #include "browse/FolderChoice.h"
 #include "settings/RecentFolders.h"
@@ -25,7 +26,7 @@ namespace browse {
 bool ConfirmAndClearRecentFolders(QWidget* parent, settings::SettingsStore& settings) {
   widgets::NormalPointerGuard normal;
   const auto answer = QMessageBox::warning(parent, QStringLiteral("Vistrel"),
-                                           QStringLiteral("Are you sure you want to clear the list of recent folders?"),
+                                           Texts::tr("Are you sure you want to clear the list of recent folders?"),
                                            QMessageBox::Yes | QMessageBox::No, QMessageBox::No);
   if (answer != QMessageBox::Yes) return false;
   settings::ClearRecentFolders(settings);
@@ -35,15 +36,15 @@ bool ConfirmAndClearRecentFolders(QWidget* parent, settings::SettingsStore& sett
 frmAbrirCarpeta::frmAbrirCarpeta(settings::SettingsStore& settings, const QString& startFolder, QWidget* parent)
     : QDialog(parent), settings_(settings) {
   setObjectName(QStringLiteral("frmAbrirCarpeta"));
-  setWindowTitle(QStringLiteral("Open Folder"));
+  setWindowTitle(tr("Open Folder"));
   widgets::ApplyTahomaFont(*this);
   tabPestana_ = new QTabWidget(this);
   tabPestana_->setObjectName(QStringLiteral("tabPestana"));
-  tabPestana_->addTab(BuildExistingPage(), QStringLiteral("Existing"));
-  tabPestana_->addTab(BuildRecentPage(), QStringLiteral("Recent"));
+  tabPestana_->addTab(BuildExistingPage(), tr("Existing"));
+  tabPestana_->addTab(BuildRecentPage(), tr("Recent"));
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(tabPestana_);
-  layout->addLayout(widgets::OkAndCloseButtons(*this, "cmdCerrar", QStringLiteral("Close"), [this] { AcceptChoice(); }));
+  layout->addLayout(widgets::OkAndCloseButtons(*this, "cmdCerrar", tr("Close"), [this] { AcceptChoice(); }));
   resize(420, 440);
   FillRecentList();
   ShowInTree(startFolder.isEmpty() ? QDir::homePath() : startFolder);
@@ -63,7 +64,7 @@ QWidget* frmAbrirCarpeta::BuildExistingPage() {
   folCarpeta_->header()->hide();
   txtCarpeta_ = new QLineEdit(page);
   txtCarpeta_->setObjectName(QStringLiteral("txtCarpeta"));
-  auto* label = new QLabel(QStringLiteral("&Folder:"), page);
+  auto* label = new QLabel(tr("&Folder:"), page);
   label->setBuddy(txtCarpeta_);
   connect(folCarpeta_->selectionModel(), &QItemSelectionModel::currentChanged, this,
           [this](const QModelIndex& current) { txtCarpeta_->setText(folders_->filePath(current)); });
@@ -81,9 +82,9 @@ QWidget* frmAbrirCarpeta::BuildRecentPage() {
   auto* page = new QWidget(this);
   lisRecientes_ = new QListWidget(page);
   lisRecientes_->setObjectName(QStringLiteral("lisRecientes"));
-  auto* remove = new QPushButton(QStringLiteral("Remove"), page);
+  auto* remove = new QPushButton(tr("Remove"), page);
   remove->setObjectName(QStringLiteral("cmdBorrar"));
-  auto* removeAll = new QPushButton(QStringLiteral("Remove All"), page);
+  auto* removeAll = new QPushButton(tr("Remove All"), page);
   removeAll->setObjectName(QStringLiteral("cmdBorrarTodo"));
   connect(remove, &QPushButton::clicked, this, &frmAbrirCarpeta::RemoveSelectedRecent);
   connect(removeAll, &QPushButton::clicked, this, &frmAbrirCarpeta::RemoveAllRecent);

@@ -1,4 +1,5 @@
 #include "document/Document.h"
+#include "base/Texts.h"
 
 #include "browse/SortOrder.h"
 
@@ -109,7 +110,7 @@ bool Document::OpenSingleFile(const QString& path, bool reportFailure) {
     open_ = {};
     onlyThese_.reset();
     if (reportFailure) {
-      prompts_.ShowExclamation(QStringLiteral("Can't open file"), files::OpenFailureReason(path));
+      prompts_.ShowExclamation(Texts::tr("Can't open file"), files::OpenFailureReason(path));
     }
     return false;
   }
@@ -160,7 +161,7 @@ void Document::ScanFolder() {
     std::erase_if(entries, [this](const browse::FileEntry& entry) { return !onlyThese_->contains(entry.FileName); });
   }
   list_.SetEntries(cancelled ? std::vector<browse::FileEntry>{} : std::move(entries));
-  if (cancelled) Q_EMIT StatusChanged(QStringLiteral("Folder scan cancelled"));
+  if (cancelled) Q_EMIT StatusChanged(Texts::tr("Folder scan cancelled"));
   Q_EMIT ListFilled();
   Q_EMIT ListRowSelected(-1);
   shownRow_ = -1;
@@ -228,7 +229,7 @@ void Document::DevelopPreview() {
   std::atomic_bool ignored{false};
   prompts_.WaitFor(developing, ignored);
   if (!developed) {
-    Q_EMIT StatusChanged(QStringLiteral("The RAW image could not be developed: its preview is shown"));
+    Q_EMIT StatusChanged(Texts::tr("The RAW image could not be developed: its preview is shown"));
     return;
   }
   image_ = std::move(developed->Picture);
@@ -293,7 +294,7 @@ void Document::OpenEntry(int row) {
     ShowImage();
   }
   Q_EMIT LayoutChanged();
-  const QString failure = list_.Entry(row).DisplayName + QStringLiteral(": Can't open file");
+  const QString failure = list_.Entry(row).DisplayName + Texts::tr(": Can't open file");
   Q_EMIT StatusChanged(image_ ? QString() : failure);
   if (!image_) Q_EMIT OpenFailed(failure + u'\n' + files::OpenFailureReason(EntryPath(row)));
   AnnounceNeighbours();

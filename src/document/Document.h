@@ -7,6 +7,7 @@
 // must ask the user go through DocumentPrompts.
 
 #include "base/Twips.h"
+#include "base/Texts.h"
 #include "browse/FileListModel.h"
 #include "browse/FolderScan.h"
 #include "browse/FolderWatch.h"
@@ -36,7 +37,7 @@ enum class ViewMode : int { Image = 0, ListAndImage = 1, Thumbnails = 2 };
 
 // What the document needs from the user interface: a few questions, and a way to wait.
 // What a picture pasted from the clipboard is called until it is saved.
-inline const QString kPastedName = QStringLiteral("Pasted image");
+inline QString PastedName() { return Texts::tr("Pasted image"); }
 
 class DocumentPrompts {
  public:

@@ -1,6 +1,7 @@
 // Opening and saving on the document: the save-changes question, Open File with a
 // chosen path, writing the image, and what a successful Save As changes.
 #include "base/FileFormats.h"
+#include "base/Texts.h"
 #include "base/FileNames.h"
 #include "base/Paths.h"
 #include "document/Document.h"
@@ -23,7 +24,7 @@ bool Document::ConfirmSaveChanges() { return AskToSave(/*forgetOnNo=*/true); }
 bool Document::OfferToSaveChanges() { return AskToSave(/*forgetOnNo=*/false); }
 
 bool Document::AskToSave(bool forgetOnNo) {
-  const QString file = pasted_ ? kPastedName : CurrentFilePath();
+  const QString file = pasted_ ? PastedName() : CurrentFilePath();
   if (!IsChanged() || (!pasted_ && (!SomethingOpen() || file.isEmpty()))) return true;
   switch (prompts_.AskSaveChanges(SaveChangesQuestion(file))) {
     case SaveChangesAnswer::No:
@@ -113,7 +114,7 @@ std::optional<bool> Document::SaveByMovingBlocks(const QString& path) {
   const auto upright = imaging::RightAngles::Upright(imaging::JpegOrientation(jpeg));
   const imaging::LosslessResult moved = imaging::MoveJpegBlocks(jpeg, blocks_->After(upright));
   if (!moved.Jpeg) {
-    saveNote_ = QStringLiteral("saved with recompression: ") + moved.WhyNot;
+    saveNote_ = Texts::tr("saved with recompression: ") + moved.WhyNot;
     return std::nullopt;
   }
   if (imaging::JpegSize(*moved.Jpeg) != QSize(image_->Width(), image_->Height())) return std::nullopt;
@@ -185,7 +186,7 @@ void Document::TurnPage(int delta) {
     StartHistory();
     ShowImage();
   }
-  const QString failure = base::DisplayName(path) + QStringLiteral(": Can't open page %1").arg(page + 1);
+  const QString failure = base::DisplayName(path) + Texts::tr(": Can't open page %1").arg(page + 1);
   Q_EMIT StatusChanged(image_ ? QString() : failure);
   if (!image_) Q_EMIT OpenFailed(failure);
   Q_EMIT StateChanged();

@@ -2,6 +2,7 @@
 // renamed come and go in the list, keeping the entry shown; the file shown, changed on disk,
 // is read again, at once without edits and only when the user says so with them.
 #include "document/Document.h"
+#include "base/Texts.h"
 
 #include "base/Paths.h"
 
@@ -55,7 +56,7 @@ void Document::RefreshShownFileFromDisk() {
   const BaseFile now{path, file.lastModified(), file.size()};
   const auto same = [&now](const BaseFile& seen) { return seen.Path == now.Path && seen.Modified == now.Modified && seen.Size == now.Size; };
   if (same(baseFile_) || same(declinedReload_)) return;  // our own save, or a change the user kept away
-  if (IsChanged() && !prompts_.AskToReload(QStringLiteral("'%1' has changed on disk. Read it again and lose your changes?")
+  if (IsChanged() && !prompts_.AskToReload(Texts::tr("'%1' has changed on disk. Read it again and lose your changes?")
                                                .arg(base::DisplayName(path)))) {
     declinedReload_ = now;
     return;

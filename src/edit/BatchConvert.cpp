@@ -1,4 +1,5 @@
 #include "edit/BatchConvert.h"
+#include "base/Texts.h"
 
 #include "base/Paths.h"
 #include "files/FailureReasons.h"
@@ -38,7 +39,7 @@ QString ConvertOne(const BatchOrder& order, const PlannedFile& file) {
   if (!image) return files::OpenFailureReason(file.Input);
   for (const OperationStep& step : order.Steps) {
     const Applied applied = TryApply(*step.Command, *image, step.Values);
-    if (!applied.Picture) return QStringLiteral("can't apply %1: %2").arg(step.Command->Undo(), applied.Failure);
+    if (!applied.Picture) return Texts::tr("can't apply %1: %2").arg(step.Command->Undo(), applied.Failure);
     image = applied.Picture;
   }
   if (imaging::SaveImage(*image, file.Output, order.Options)) return {};
@@ -48,15 +49,15 @@ QString ConvertOne(const BatchOrder& order, const PlannedFile& file) {
 }  // namespace
 
 QString PatternProblem(const QString& pattern) {
-  if (pattern.trimmed().isEmpty()) return QStringLiteral("the name pattern is empty");
-  if (pattern.contains(u'/')) return QStringLiteral("a name cannot hold /");
+  if (pattern.trimmed().isEmpty()) return Texts::tr("the name pattern is empty");
+  if (pattern.contains(u'/')) return Texts::tr("a name cannot hold /");
   QString rest = pattern;
   for (auto fields = kField.globalMatch(pattern); fields.hasNext();) {
     const QRegularExpressionMatch field = fields.next();
-    if (!kKnownField.match(field.captured(1)).hasMatch()) return QStringLiteral("an unknown field %1").arg(field.captured(0));
+    if (!kKnownField.match(field.captured(1)).hasMatch()) return Texts::tr("an unknown field %1").arg(field.captured(0));
     rest.remove(field.captured(0));
   }
-  if (rest.contains(u'{') || rest.contains(u'}')) return QStringLiteral("a { without its } or a } without its {");
+  if (rest.contains(u'{') || rest.contains(u'}')) return Texts::tr("a { without its } or a } without its {");
   return {};
 }
 
@@ -86,7 +87,7 @@ std::vector<PlannedFile> PlanBatch(const BatchOrder& order) {
     if (taken.contains(output) || (exists && order.Existing == WhenExists::Rename)) {
       output = FreeName(output, taken);
     } else if (exists && order.Existing == WhenExists::Skip) {
-      plan.push_back({input, {}, QStringLiteral("%1 is already there").arg(QFileInfo(output).fileName())});
+      plan.push_back({input, {}, Texts::tr("%1 is already there").arg(QFileInfo(output).fileName())});
       continue;
     }
     taken.insert(output);
@@ -108,11 +109,11 @@ QString ProgressLine(const BatchProgress& progress, qint64 elapsedMs) {
 QStringList ReportLines(const std::vector<PlannedFile>& plan, const BatchReport& report) {
   QStringList lines;
   for (const PlannedFile& file : plan) {
-    if (file.Output.isEmpty()) lines << QStringLiteral("%1: skipped (%2)").arg(file.Input, file.SkipReason);
+    if (file.Output.isEmpty()) lines << Texts::tr("%1: skipped (%2)").arg(file.Input, file.SkipReason);
   }
   for (const BatchFailure& failure : report.Failures) lines << QStringLiteral("%1: %2").arg(failure.Input, failure.Reason);
-  QString summary = QStringLiteral("%1 written, %2 skipped, %3 failed").arg(report.Written).arg(report.Skipped).arg(report.Failures.size());
-  if (report.NotStarted > 0) summary += QStringLiteral(", %1 not started (stopped)").arg(report.NotStarted);
+  QString summary = Texts::tr("%1 written, %2 skipped, %3 failed").arg(report.Written).arg(report.Skipped).arg(report.Failures.size());
+  if (report.NotStarted > 0) summary += Texts::tr(", %1 not started (stopped)").arg(report.NotStarted);
   return lines << summary;
 }
 

@@ -12,6 +12,7 @@
 #include "imaging/Image.h"
 #include "imaging/LosslessJpeg.h"
 
+#include <QCoreApplication>
 #include <QRect>
 #include <QStringList>
 
@@ -46,7 +47,7 @@ enum Trait : unsigned {
 struct CatalogueCommand {
   OperationId Id;
   const char* Command;           // the menu command, "mnuColorsBrightness"
-  const char* MenuCaption;       // UTF-8, "&Brightness..."
+  const char* MenuCaption;       // UTF-8, "&Brightness...", the English source of a translation
   const char* DialogClass;       // "" for a command without a dialog
   const char* UndoName;          // UTF-8, "Brightness"
   const char* SelectionMessage;  // "" unless the command needs a selection
@@ -61,7 +62,10 @@ struct CatalogueCommand {
   bool ReadsSourceInOrder() const { return (Traits & kRandomAccess) == 0; }
   bool HasDialog() const { return *DialogClass != 0; }
   bool IsPointwise() const { return (Traits & kPointwise) != 0; }
-  QString Undo() const { return QString::fromUtf8(UndoName); }
+  // The texts the user reads, in the user's language.
+  QString Menu() const { return QCoreApplication::translate("edit::Catalogue", MenuCaption); }
+  QString Undo() const { return QCoreApplication::translate("edit::Catalogue", UndoName); }
+  QString Selection() const { return QCoreApplication::translate("edit::Catalogue", SelectionMessage); }
 };
 
 // Every command, in menu order.

@@ -1,4 +1,5 @@
 #include "edit/DialogModel.h"
+#include "base/Texts.h"
 
 #include "base/NumberRules.h"
 
@@ -108,13 +109,13 @@ bool DialogModel::AcceptsCharacter(QChar c) {
 std::optional<ValidationFailure> DialogModel::Validate() const {
   const int boxes = layout_.Count(ControlKind::TextBox);
   for (int i = 1; i <= boxes; ++i) {
-    if (numbers::TrimBlanks(Text(i)).isEmpty()) return ValidationFailure{QStringLiteral("Please enter a value"), i, false};
+    if (numbers::TrimBlanks(Text(i)).isEmpty()) return ValidationFailure{Texts::tr("Please enter a value"), i, false};
   }
   if (!IsResize()) return std::nullopt;
   for (const int box : {3, 4}) {
     const int value = numbers::ParseInt32(Text(box)).value_or(0);
-    if (value < 1) return ValidationFailure{QStringLiteral("Please enter a value greater than zero"), box, true};
-    if (value >= 2049) return ValidationFailure{QStringLiteral("Please enter a value smaller than 2049"), box, true};
+    if (value < 1) return ValidationFailure{Texts::tr("Please enter a value greater than zero"), box, true};
+    if (value >= 2049) return ValidationFailure{Texts::tr("Please enter a value smaller than 2049"), box, true};
   }
   return std::nullopt;
 }

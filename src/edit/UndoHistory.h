@@ -5,6 +5,8 @@
 // exactly when the current step is not the loaded or saved state.
 // `Picture` is what a slot holds: the whole image, or a form of it that costs less memory.
 
+#include "base/Texts.h"
+
 #include <QString>
 
 #include <array>
@@ -81,11 +83,11 @@ class UndoHistory {
 
   const std::optional<Picture>& PictureIn(int slot) const { return pictures_.at(static_cast<size_t>(slot)); }
 
-  // The menu captions "&Undo Blur" / "&Undo", and the toolbar's "Undo Blur" / "Undo".
-  QString UndoCaption() const { return Caption(QStringLiteral("&Undo"), UndoName()); }
-  QString RedoCaption() const { return Caption(QStringLiteral("&Redo"), RedoName()); }
-  QString UndoTooltip() const { return Caption(QStringLiteral("Undo"), UndoName()); }
-  QString RedoTooltip() const { return Caption(QStringLiteral("Redo"), RedoName()); }
+  // The menu captions "&Undo Blur" / Texts::tr("&Undo"), and the toolbar's "Undo Blur" / Texts::tr("Undo").
+  QString UndoCaption() const { return Caption(Texts::tr("&Undo"), UndoName()); }
+  QString RedoCaption() const { return Caption(Texts::tr("&Redo"), RedoName()); }
+  QString UndoTooltip() const { return Caption(Texts::tr("Undo"), UndoName()); }
+  QString RedoTooltip() const { return Caption(Texts::tr("Redo"), RedoName()); }
 
   // Undo back to the loaded or saved state makes the image unchanged again.
   bool IsChanged() const { return unrecordedChange_ || (count_ > 0 && current_ != cleanStep_); }

@@ -49,7 +49,7 @@ W* Named(W* widget, const char* name) {
 
 frmBatch::frmBatch(const QString& folder, QWidget* parent) : QDialog(parent), folder_(folder) {
   setObjectName(QStringLiteral("frmBatch"));
-  setWindowTitle(QStringLiteral("Batch Convert"));
+  setWindowTitle(tr("Batch Convert"));
   BuildForm();
   ListInputs();
 }
@@ -64,19 +64,19 @@ void frmBatch::BuildForm() {
   lblFiles_ = Named(new QLabel, "lblFiles");
   chkSubfolders_ = Named(new QCheckBox(QStringLiteral("Include &subfolders")), "chkSubfolders");
   connect(chkSubfolders_, &QCheckBox::toggled, this, &frmBatch::ListInputs);
-  form->addRow(QStringLiteral("Files:"), lblFiles_);
+  form->addRow(tr("Files:"), lblFiles_);
   form->addRow(QString(), chkSubfolders_);
   txtOutput_ = Named(new QLineEdit(base::JoinPath(folder_, QStringLiteral("converted"))), "txtOutput");
-  form->addRow(QStringLiteral("&Into the folder:"), txtOutput_);
+  form->addRow(tr("&Into the folder:"), txtOutput_);
   cboFormat_ = Named(new QComboBox, "cboFormat");
   for (const base::FileFormat* format : base::SaveAsFormats()) cboFormat_->addItem(QLatin1String(format->SaveAs), QLatin1String(format->Extension));
-  cboFormat_->addItem(QStringLiteral("Each file's own type"), QString());
+  cboFormat_->addItem(tr("Each file's own type"), QString());
   cboFormat_->setCurrentIndex(std::max(0, cboFormat_->findData(QStringLiteral("webp"))));  // today's usual choice for sharing
-  form->addRow(QStringLiteral("&Format:"), cboFormat_);
+  form->addRow(tr("&Format:"), cboFormat_);
   spnQuality_ = Named(new QSpinBox, "spnQuality");
   spnQuality_->setRange(1, 100);
   spnQuality_->setValue(90);
-  form->addRow(QStringLiteral("&Quality (WebP, HEIF, AVIF, JPEG XL):"), spnQuality_);
+  form->addRow(tr("&Quality (WebP, HEIF, AVIF, JPEG XL):"), spnQuality_);
   auto* box = new QHBoxLayout;
   chkFit_ = Named(new QCheckBox(QStringLiteral("F&it within")), "chkFit");
   spnWidth_ = Named(new QSpinBox, "spnWidth");
@@ -88,16 +88,16 @@ void frmBatch::BuildForm() {
   box->addWidget(spnWidth_);
   box->addWidget(new QLabel(QStringLiteral("x")));
   box->addWidget(spnHeight_);
-  form->addRow(QStringLiteral("Size:"), box);
+  form->addRow(tr("Size:"), box);
   txtName_ = Named(new QLineEdit(QStringLiteral("{name}.{ext}")), "txtName");
   txtName_->setToolTip(QStringLiteral("{name}, {ext}, {n} or {n:03}"));
-  form->addRow(QStringLiteral("&Names:"), txtName_);
+  form->addRow(tr("&Names:"), txtName_);
   cboExisting_ = Named(new QComboBox, "cboExisting");
-  cboExisting_->addItems({QStringLiteral("Skip it"), QStringLiteral("Replace it"), QStringLiteral("Keep both")});
-  form->addRow(QStringLiteral("When a &name is taken:"), cboExisting_);
+  cboExisting_->addItems({tr("Skip it"), tr("Replace it"), tr("Keep both")});
+  form->addRow(tr("When a &name is taken:"), cboExisting_);
   txtOperations_ = Named(new QLineEdit, "txtOperations");
-  txtOperations_->setPlaceholderText(QStringLiteral("for example: Brightness 10 Sharpen 3"));
-  form->addRow(QStringLiteral("&Operations:"), txtOperations_);
+  txtOperations_->setPlaceholderText(tr("for example: Brightness 10 Sharpen 3"));
+  form->addRow(tr("&Operations:"), txtOperations_);
   prgProgress_ = Named(new QProgressBar, "prgProgress");
   lblCurrent_ = Named(new QLabel, "lblCurrent");
   txtReport_ = Named(new QPlainTextEdit, "txtReport");
@@ -118,7 +118,7 @@ void frmBatch::BuildForm() {
 
 void frmBatch::ListInputs() {
   inputs_ = BatchInputs(folder_, chkSubfolders_->isChecked());
-  lblFiles_->setText(QStringLiteral("%1 images in %2").arg(inputs_.size()).arg(QDir::toNativeSeparators(folder_)));
+  lblFiles_->setText(tr("%1 images in %2").arg(inputs_.size()).arg(QDir::toNativeSeparators(folder_)));
   cmdStart_->setEnabled(!inputs_.isEmpty());
 }
 
@@ -142,7 +142,7 @@ std::optional<BatchOrder> frmBatch::OrderFromForm() {
     problem = chain.Error;
     order.Steps = chain.Steps;
   }
-  if (problem.isEmpty() && (order.OutputFolder.isEmpty() || !QDir().mkpath(order.OutputFolder))) problem = QStringLiteral("The folder cannot be made");
+  if (problem.isEmpty() && (order.OutputFolder.isEmpty() || !QDir().mkpath(order.OutputFolder))) problem = tr("The folder cannot be made");
   if (problem.isEmpty()) return order;
   QMessageBox::warning(this, windowTitle(), problem);
   return std::nullopt;
@@ -177,7 +177,7 @@ void frmBatch::Finish(const std::vector<PlannedFile>& plan, const BatchReport& r
   lblCurrent_->setText(lines.back());
   txtReport_->setPlainText(lines.join(u'\n'));
   txtReport_->show();
-  cmdCancel_->setText(QStringLiteral("Close"));
+  cmdCancel_->setText(tr("Close"));
   cmdStart_->setEnabled(true);
 }
 

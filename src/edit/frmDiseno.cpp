@@ -72,10 +72,10 @@ void frmDiseno::BuildControls(const DialogLayout& layout) {
   picPreview_->setGeometry(Pixels(layout.PreviewX.value_or(0), layout.PreviewY.value_or(0), kPreviewWidthTwips,
                                   kPreviewHeightTwips));
   picPreview_->setVisible(layout.HasPreview());
-  cmdAceptar_ = new QPushButton(QStringLiteral("OK"), this);
+  cmdAceptar_ = new QPushButton(tr("OK"), this);
   cmdAceptar_->setObjectName(QStringLiteral("cmdAceptar"));
   cmdAceptar_->setDefault(true);
-  cmdCancelar_ = new QPushButton(QStringLiteral("Cancel"), this);
+  cmdCancelar_ = new QPushButton(tr("Cancel"), this);
   cmdCancelar_->setObjectName(QStringLiteral("cmdCancelar"));
   connect(cmdAceptar_, &QPushButton::clicked, this, &frmDiseno::AcceptIfValid);
   connect(cmdCancelar_, &QPushButton::clicked, this, &QDialog::reject);
@@ -208,7 +208,7 @@ void frmDiseno::PlaceWindowAndButtons(const DialogLayout& layout) {
   const double outerHeight = layout.WindowHeight.value_or(kDesignHeightTwips);
   const QRect client = Pixels(0, 0, outerWidth - kFrameWidthTwips, outerHeight - kFrameHeightTwips);
   setFixedSize(client.size());
-  setWindowTitle(layout.Title.value_or(QStringLiteral("Parameters")));
+  setWindowTitle(layout.Title.value_or(tr("Parameters")));
   const QRect button = Pixels(0, 0, kOkWidthTwips, kButtonHeightTwips);
   const QRect margin = Pixels(0, 0, 120, 120);
   const int top = client.height() - button.height() - margin.height();

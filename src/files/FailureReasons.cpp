@@ -1,4 +1,5 @@
 #include "files/FailureReasons.h"
+#include "base/Texts.h"
 
 #include "base/FileNames.h"
 #include "files/FileDialogs.h"
@@ -10,20 +11,20 @@ namespace files {
 
 QString OpenFailureReason(const QString& path) {
   const QFileInfo file(path);
-  if (!file.exists()) return QStringLiteral("the file does not exist");
-  if (file.isDir()) return QStringLiteral("it is a folder");
-  if (base::IsSpecialFile(path)) return QStringLiteral("not a regular file");
-  if (!file.isReadable()) return QStringLiteral("no permission to read it");
-  if (file.size() == 0) return QStringLiteral("the file is empty");
-  return QStringLiteral("not an image this program reads");
+  if (!file.exists()) return Texts::tr("the file does not exist");
+  if (file.isDir()) return Texts::tr("it is a folder");
+  if (base::IsSpecialFile(path)) return Texts::tr("not a regular file");
+  if (!file.isReadable()) return Texts::tr("no permission to read it");
+  if (file.size() == 0) return Texts::tr("the file is empty");
+  return Texts::tr("not an image this program reads");
 }
 
 QString SaveFailureReason(const QString& path, QSize imageSize) {
   const QString extension = QFileInfo(path).suffix().toLower();
-  if (!imaging::CanEncode(extension)) return QStringLiteral("this format cannot be written");
+  if (!imaging::CanEncode(extension)) return Texts::tr("this format cannot be written");
   const qint64 largest = imaging::LargestPixelsFor(extension);
   if (largest > 0 && qint64(imageSize.width()) * imageSize.height() > largest) {
-    return QStringLiteral("the image is too large for this format");
+    return Texts::tr("the image is too large for this format");
   }
   return WriteFailureReason(path);
 }
@@ -31,13 +32,13 @@ QString SaveFailureReason(const QString& path, QSize imageSize) {
 QString WriteFailureReason(const QString& path) {
   const QFileInfo file(path);
   const QFileInfo folder(file.absolutePath());
-  if (!folder.isDir()) return QStringLiteral("the folder does not exist");
-  if (file.isDir()) return QStringLiteral("it is a folder");
-  if (file.isSymLink() && !file.exists()) return QStringLiteral("the link points to no file");
-  if (base::IsSpecialFile(path)) return QStringLiteral("not a regular file");
-  if (IsMarkedReadOnly(path)) return QStringLiteral("the file is marked as read-only");
-  if (!folder.isWritable()) return QStringLiteral("no permission to write in the folder");
-  return QStringLiteral("the disk is full or the write failed");
+  if (!folder.isDir()) return Texts::tr("the folder does not exist");
+  if (file.isDir()) return Texts::tr("it is a folder");
+  if (file.isSymLink() && !file.exists()) return Texts::tr("the link points to no file");
+  if (base::IsSpecialFile(path)) return Texts::tr("not a regular file");
+  if (IsMarkedReadOnly(path)) return Texts::tr("the file is marked as read-only");
+  if (!folder.isWritable()) return Texts::tr("no permission to write in the folder");
+  return Texts::tr("the disk is full or the write failed");
 }
 
 }  // namespace files

@@ -1,4 +1,5 @@
 #include "files/FileDialogs.h"
+#include "base/Texts.h"
 
 #include "base/FileFormats.h"
 #include "browse/FileTypes.h"
@@ -17,18 +18,18 @@ QString Patterns(const QStringList& extensions, const QString& prefix, QChar sep
 
 }  // namespace
 
-// "All image files" (every known type), one entry per group with its description, "All files".
+// Texts::tr("All image files") (every known type), one entry per group with its description, Texts::tr("All files").
 std::vector<DialogFilter> OpenFileFilters() {
   QStringList every;
   for (const base::FileFormat& format : base::FileFormats()) every << QLatin1String(format.Extension);
-  std::vector<DialogFilter> filters{{QStringLiteral("All image files"), Patterns(every, QStringLiteral("*."), u';').split(u';')}};
+  std::vector<DialogFilter> filters{{Texts::tr("All image files"), Patterns(every, QStringLiteral("*."), u';').split(u';')}};
   for (const base::FileFormat* head : base::FormatGroups()) {
     const QStringList group = base::GroupExtensions(*head);
     filters.push_back({browse::FileTypeDescription(QLatin1String(head->Extension)) + QStringLiteral(" (") +
                            Patterns(group, QStringLiteral("*."), u',').replace(u',', QStringLiteral(", ")) + u')',
                        Patterns(group, QStringLiteral("*."), u';').split(u';')});
   }
-  filters.push_back({QStringLiteral("All files"), {QStringLiteral("*.*")}});
+  filters.push_back({Texts::tr("All files"), {QStringLiteral("*.*")}});
   return filters;
 }
 
@@ -77,11 +78,11 @@ bool IsMarkedReadOnly(const QString& path) {
 }
 
 QString DestinationReadOnlyNote(const QString& path) {
-  return IsMarkedReadOnly(path) ? QStringLiteral(". Destination file is as marked as read-only") : QString();
+  return IsMarkedReadOnly(path) ? Texts::tr(". Destination file is as marked as read-only") : QString();
 }
 
 QString ReadOnlyNote(const QString& path) {
-  return IsMarkedReadOnly(path) ? QStringLiteral(". File is marked as read-only") : QString();
+  return IsMarkedReadOnly(path) ? Texts::tr(". File is marked as read-only") : QString();
 }
 
 }  // namespace files

@@ -1,4 +1,5 @@
 #include "files/FileOperations.h"
+#include "base/Texts.h"
 
 #include "base/Paths.h"
 #include "base/FileNames.h"
@@ -42,19 +43,18 @@ RenameOutcome RenameWithChecks(const QString& fromText, const QString& toText,
   const QString& from = fromText;
   const QString to = toText.trimmed();
   if (QFileInfo::exists(from) && ExtensionDiffers(from, to) &&
-      !confirm(QStringLiteral("The file extension is different. Do you want to continue?"))) {
+      !confirm(Texts::tr("The file extension is different. Do you want to continue?"))) {
     return {};
   }
-  if (from.compare(to, Qt::CaseInsensitive) != 0 && QFileInfo::exists(to)) return {false, QStringLiteral("File already exists")};
+  if (from.compare(to, Qt::CaseInsensitive) != 0 && QFileInfo::exists(to)) return {false, Texts::tr("File already exists")};
   if (!RenameFile(from, to)) {
-    return {false, QFileInfo::exists(from) ? QStringLiteral("Can't rename file") : QStringLiteral("Can't find file")};
+    return {false, QFileInfo::exists(from) ? Texts::tr("Can't rename file") : Texts::tr("Can't find file")};
   }
   return {true, {}};
 }
 
 QString ForbiddenNameMessage() {
-  return QStringLiteral("The file name can't include any of the following characters: \\ / : ? ") + u'"' +
-         QStringLiteral(" < > |");
+  return Texts::tr("The file name can't include any of the following characters: \\ / : ? \" < > |");
 }
 
 TypedRename RenameToTypedName(const QString& file, const QString& typedName,
@@ -146,7 +146,7 @@ bool MoveToTrash(const QString& path) {
 }
 
 QString MoveToTrashQuestion(const QString& path) {
-  return QStringLiteral("Move \"%1\" to the Trash?").arg(QFileInfo(path).fileName());
+  return Texts::tr("Move \"%1\" to the Trash?").arg(QFileInfo(path).fileName());
 }
 
 }  // namespace files

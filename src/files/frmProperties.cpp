@@ -15,7 +15,7 @@ namespace files {
 frmProperties::frmProperties(const QString& path, QWidget* parent) : QDialog(parent) {
   widgets::BusyPointerGuard busy;
   setObjectName(QStringLiteral("frmProperties"));
-  setWindowTitle(QStringLiteral("Properties"));
+  setWindowTitle(tr("Properties"));
   widgets::ApplyTahomaFont(*this);
   auto* list = new QTreeWidget(this);
   list->setObjectName(QStringLiteral("lisLista"));
@@ -24,7 +24,7 @@ frmProperties::frmProperties(const QString& path, QWidget* parent) : QDialog(par
   list->setRootIsDecorated(false);
   for (const auto& [name, value] : PropertyRows(path)) list->addTopLevelItem(new QTreeWidgetItem({name, value}));
   list->resizeColumnToContents(0);
-  auto* close = new QPushButton(QStringLiteral("Close"), this);
+  auto* close = new QPushButton(tr("Close"), this);
   close->setObjectName(QStringLiteral("cmdCerrar"));
   close->setDefault(true);
   connect(close, &QPushButton::clicked, this, &QDialog::accept);

@@ -25,7 +25,7 @@ bool HasSaveOptions(const QString& ext) { return HasQuality(ext) || IsTiff(ext);
 
 frmSaveOptions::frmSaveOptions(const QString& ext, const settings::SettingsStore& settings, QWidget* parent) : QDialog(parent) {
   setObjectName(QStringLiteral("frmSaveOptions"));
-  setWindowTitle(QStringLiteral("Save Options"));
+  setWindowTitle(tr("Save Options"));
   widgets::ApplyTahomaFont(*this);
   auto* form = new QFormLayout;
   if (HasQuality(ext)) {
@@ -33,17 +33,17 @@ frmSaveOptions::frmSaveOptions(const QString& ext, const settings::SettingsStore
     quality_->setObjectName(QStringLiteral("txtQuality"));
     quality_->setRange(1, 100);
     quality_->setValue(std::clamp(int(settings.SaveQuality), 1, 100));
-    form->addRow(QStringLiteral("&Quality (100 is lossless):"), quality_);
+    form->addRow(tr("&Quality (100 is lossless):"), quality_);
   } else {
     compression_ = new QComboBox(this);
     compression_->setObjectName(QStringLiteral("cboCompression"));
-    compression_->addItems({QStringLiteral("LZW"), QStringLiteral("Deflate"), QStringLiteral("JPEG"), QStringLiteral("None")});
+    compression_->addItems({tr("LZW"), tr("Deflate"), QStringLiteral("JPEG"), tr("None")});
     compression_->setCurrentIndex(std::clamp(int(settings.TiffCompression), 0, 3));
-    form->addRow(QStringLiteral("&Compression:"), compression_);
+    form->addRow(tr("&Compression:"), compression_);
   }
   auto* layout = new QVBoxLayout(this);
   layout->addLayout(form);
-  layout->addLayout(widgets::OkAndCloseButtons(*this, "cmdCancelar", QStringLiteral("Cancel"), [this] { accept(); }));
+  layout->addLayout(widgets::OkAndCloseButtons(*this, "cmdCancelar", tr("Cancel"), [this] { accept(); }));
 }
 
 void frmSaveOptions::Store(settings::SettingsStore& settings) const {

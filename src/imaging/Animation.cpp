@@ -2,6 +2,7 @@
 // reads the file as it goes (libvips keeps a whole GIF in memory); a WebP's come from
 // libvips, as its still picture does; an APNG's from our sorting of its chunks.
 #include "imaging/Animation.h"
+#include "base/Texts.h"
 #include "imaging/SaverInternal.h"
 
 #include "base/FileNames.h"
@@ -127,7 +128,7 @@ bool SaveAnimation(const QString& source, const QString& target, const SaveOptio
 }
 
 QString DescribeAnimation(const FrameTiming& timing) {
-  return QStringLiteral("%1 frames, %2 s").arg(timing.Frames()).arg(numbers::FormatThousandsOneDecimal(timing.TotalMs() / 1000.0));
+  return Texts::tr("%1 frames, %2 s").arg(timing.Frames()).arg(numbers::FormatThousandsOneDecimal(timing.TotalMs() / 1000.0));
 }
 
 // A GIF read by Qt frame after frame, or every frame of a WebP stacked in one tall image

@@ -5,6 +5,7 @@
 // relative colorimetric with black-point compensation. CMYK and tagged grey images are
 // turned into sRGB as they are decoded (libvips' own icc_transform).
 #include "imaging/ImageInternal.h"
+#include "base/Texts.h"
 
 #include <lcms2.h>
 
@@ -119,7 +120,7 @@ vips::VImage ForScreen(const vips::VImage& image) {
 
 QString DescribeProfile(const QByteArray& profile) {
   cmsHPROFILE opened = cmsOpenProfileFromMem(profile.constData(), cmsUInt32Number(profile.size()));
-  if (!opened) return QStringLiteral("unreadable profile");
+  if (!opened) return Texts::tr("unreadable profile");
   char text[256] = {};
   cmsGetProfileInfoASCII(opened, cmsInfoDescription, "en", "US", text, sizeof text);
   cmsCloseProfile(opened);
@@ -129,7 +130,7 @@ QString DescribeProfile(const QByteArray& profile) {
 
 QString ProfileSummary(const vips::VImage& image) {
   const QByteArrayView profile = ProfileOf(image);
-  if (profile.isEmpty()) return IsCmyk(image) ? QStringLiteral("CMYK (standard press profile)") : QStringLiteral("sRGB (assumed)");
+  if (profile.isEmpty()) return IsCmyk(image) ? Texts::tr("CMYK (standard press profile)") : Texts::tr("sRGB (assumed)");
   if (!Describes(image, profile)) return QStringLiteral("unusable, sRGB assumed");
   return DescribeProfile(profile.toByteArray());
 }

@@ -1,4 +1,5 @@
 #include "imaging/LosslessJpeg.h"
+#include "base/Texts.h"
 #include "imaging/ExivInMemory.h"
 
 #include <QBuffer>
@@ -155,10 +156,10 @@ QByteArray Retold(const QByteArray& jpeg, RightAngles move, const QRectF& keep =
   }
 }
 
-const QString kNotMovable = QStringLiteral("the file is not a JPEG this program can move");
+QString NotMovable() { return Texts::tr("the file is not a JPEG this program can move"); }
 
 QString NotWholeBlocks(const Header& header) {
-  return QStringLiteral("the image is not a multiple of %1 pixels").arg(std::max(header.Block.width(), header.Block.height()));
+  return Texts::tr("the image is not a multiple of %1 pixels").arg(std::max(header.Block.width(), header.Block.height()));
 }
 
 }  // namespace
@@ -168,7 +169,7 @@ LosslessResult MoveJpegBlocks(const QByteArray& jpeg, RightAngles move) {
   const auto moved = Transform(jpeg, move.TurboOperation(), TJXOPT_PERFECT);
   if (!moved) {
     const std::optional<Header> header = ReadHeader(jpeg);
-    return {std::nullopt, header ? NotWholeBlocks(*header) : kNotMovable};
+    return {std::nullopt, header ? NotWholeBlocks(*header) : NotMovable()};
   }
   return {Retold(*moved, move), {}};
 }
@@ -176,11 +177,11 @@ LosslessResult MoveJpegBlocks(const QByteArray& jpeg, RightAngles move) {
 LosslessResult MoveJpegBlocks(const QByteArray& jpeg, const BlockEdit& edit) {
   if (!edit.Crops()) return MoveJpegBlocks(jpeg, edit.Move());
   const std::optional<Header> header = ReadHeader(jpeg);
-  if (!header) return {std::nullopt, kNotMovable};
+  if (!header) return {std::nullopt, NotMovable()};
   const QSize block = edit.Move().SwapsSides() ? header->Block.transposed() : header->Block;
   const QRect crop = edit.Crop();
   if (crop.x() % block.width() != 0 || crop.y() % block.height() != 0) {
-    return {std::nullopt, QStringLiteral("the crop does not start on the %1-pixel block grid").arg(std::max(block.width(), block.height()))};
+    return {std::nullopt, Texts::tr("the crop does not start on the %1-pixel block grid").arg(std::max(block.width(), block.height()))};
   }
   const auto moved = Transform(jpeg, edit.Move().TurboOperation(), TJXOPT_PERFECT, crop);
   if (!moved) return {std::nullopt, NotWholeBlocks(*header)};

@@ -1,4 +1,5 @@
 #include "imaging/Metadata.h"
+#include "base/Texts.h"
 #include "base/FileNames.h"
 #include "base/NumberRules.h"
 
@@ -58,10 +59,12 @@ QString ExposureText(const QString& raw) {
 }
 
 QString OrientationText(const QString& raw) {
-  static const QStringList kNames = {"Top-left", "Top-right", "Bottom-right", "Bottom-left",
-                                     "Left-top", "Right-top", "Right-bottom", "Left-bottom"};
+  static const char* const kNames[] = {
+      QT_TRANSLATE_NOOP("imaging", "Top-left"),  QT_TRANSLATE_NOOP("imaging", "Top-right"),    QT_TRANSLATE_NOOP("imaging", "Bottom-right"),
+      QT_TRANSLATE_NOOP("imaging", "Bottom-left"), QT_TRANSLATE_NOOP("imaging", "Left-top"),   QT_TRANSLATE_NOOP("imaging", "Right-top"),
+      QT_TRANSLATE_NOOP("imaging", "Right-bottom"), QT_TRANSLATE_NOOP("imaging", "Left-bottom")};
   const int value = raw.toInt();
-  return value >= 1 && value <= 8 ? kNames[value - 1] : QString();
+  return value >= 1 && value <= 8 ? Texts::tr(kNames[value - 1]) : QString();
 }
 
 // Degrees, minutes and seconds as one number of degrees, with its hemisphere.
@@ -86,19 +89,19 @@ using Rows = std::vector<std::pair<QString, QString>>;
 using FieldReader = std::function<QString(const char* name)>;
 
 void Add(Rows& rows, const char* name, const QString& value) {
-  if (!value.isEmpty()) rows.emplace_back(QLatin1String(name), value);
+  if (!value.isEmpty()) rows.emplace_back(Texts::tr(name), value);
 }
 
 // The camera's rows, from fields named as libvips names EXIF's.
 void AddCameraRows(Rows& rows, const FieldReader& field) {
-  Add(rows, "Camera", Joined(field("exif-ifd0-Make"), field("exif-ifd0-Model")));
-  Add(rows, "Lens", field("exif-ifd2-LensModel"));
-  Add(rows, "Exposure", ExposureText(field("exif-ifd2-ExposureTime")));
-  Add(rows, "Aperture", Formatted(field("exif-ifd2-FNumber"), QStringLiteral("f/"), {}));
-  Add(rows, "ISO", field("exif-ifd2-ISOSpeedRatings"));
-  Add(rows, "Focal length", Formatted(field("exif-ifd2-FocalLength"), {}, QStringLiteral(" mm")));
-  Add(rows, "Taken", CameraDate(field("exif-ifd2-DateTimeOriginal")));
-  Add(rows, "Orientation", OrientationText(field("exif-ifd0-Orientation")));
+  Add(rows, QT_TRANSLATE_NOOP("imaging", "Camera"), Joined(field("exif-ifd0-Make"), field("exif-ifd0-Model")));
+  Add(rows, QT_TRANSLATE_NOOP("imaging", "Lens"), field("exif-ifd2-LensModel"));
+  Add(rows, QT_TRANSLATE_NOOP("imaging", "Exposure"), ExposureText(field("exif-ifd2-ExposureTime")));
+  Add(rows, QT_TRANSLATE_NOOP("imaging", "Aperture"), Formatted(field("exif-ifd2-FNumber"), QStringLiteral("f/"), {}));
+  Add(rows, QT_TRANSLATE_NOOP("imaging", "ISO"), field("exif-ifd2-ISOSpeedRatings"));
+  Add(rows, QT_TRANSLATE_NOOP("imaging", "Focal length"), Formatted(field("exif-ifd2-FocalLength"), {}, QStringLiteral(" mm")));
+  Add(rows, QT_TRANSLATE_NOOP("imaging", "Taken"), CameraDate(field("exif-ifd2-DateTimeOriginal")));
+  Add(rows, QT_TRANSLATE_NOOP("imaging", "Orientation"), OrientationText(field("exif-ifd0-Orientation")));
 }
 
 }  // namespace
@@ -114,10 +117,10 @@ std::vector<std::pair<QString, QString>> ReadPhotoMetadata(const QString& path) 
     const vips::VSource source = SourceOf(path);  // first: the options are freed only by the call
     vips::VImage image = vips::VImage::new_from_source(source, "", vips::VImage::option()->set("access", VIPS_ACCESS_SEQUENTIAL));
     AddCameraRows(rows, [&image](const char* name) { return Field(image, name); });
-    Add(rows, "Colour profile", ProfileSummary(WithStatedColours(image, path)));
+    Add(rows, QT_TRANSLATE_NOOP("imaging", "Colour profile"), ProfileSummary(WithStatedColours(image, path)));
     const QString latitude = Coordinate(Field(image, "exif-ifd3-GPSLatitude"), Field(image, "exif-ifd3-GPSLatitudeRef"));
     const QString longitude = Coordinate(Field(image, "exif-ifd3-GPSLongitude"), Field(image, "exif-ifd3-GPSLongitudeRef"));
-    if (!latitude.isEmpty() && !longitude.isEmpty()) Add(rows, "GPS position", latitude + QStringLiteral(", ") + longitude);
+    if (!latitude.isEmpty() && !longitude.isEmpty()) Add(rows, QT_TRANSLATE_NOOP("imaging", "GPS position"), latitude + QStringLiteral(", ") + longitude);
   } catch (const vips::VError&) {
     vips_error_clear();
   }

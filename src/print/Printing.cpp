@@ -1,4 +1,5 @@
 #include "print/Printing.h"
+#include "base/Texts.h"
 
 #include <QPageSize>
 #include <QPainter>
@@ -47,7 +48,7 @@ PrintOutcome PrintPages(QPrinter& printer, const std::vector<PageSource>& pages,
   return started && painter.end() ? PrintOutcome::Printed : PrintOutcome::Failed;
 }
 
-QString NoRoomReason() { return QStringLiteral("the margins leave no room on the page"); }
+QString NoRoomReason() { return Texts::tr("the margins leave no room on the page"); }
 
 // The C library keeps the paper of LC_PAPER as two numbers of millimetres returned in
 // place of the text pointer.

@@ -18,7 +18,6 @@
 
 namespace print {
 
-const QString frmImprimir::kPdf = QStringLiteral("Print to PDF");
 
 // The first page as it will print: the paper, the margins dashed, the picture.
 class frmImprimir::Preview : public QWidget {
@@ -59,16 +58,16 @@ frmImprimir::frmImprimir(settings::SettingsStore& settings, PageSource current, 
                          QWidget* parent)
     : QDialog(parent), settings_(settings), current_(std::move(current)), folderPages_(std::move(folderPages)) {
   setObjectName(QStringLiteral("frmImprimir"));
-  setWindowTitle(QStringLiteral("Print"));
+  setWindowTitle(tr("Print"));
   picPreview_ = new Preview(*this);
   auto* columns = new QHBoxLayout;
   columns->addWidget(BuildChoices());
   columns->addWidget(picPreview_, 0, Qt::AlignTop);
   auto* buttons = new QHBoxLayout;
-  auto* print = new QPushButton(QStringLiteral("&Print"), this);
+  auto* print = new QPushButton(tr("&Print"), this);
   print->setObjectName(QStringLiteral("cmdImprimir"));
   print->setDefault(true);
-  auto* cancel = new QPushButton(QStringLiteral("Cancel"), this);
+  auto* cancel = new QPushButton(tr("Cancel"), this);
   cancel->setObjectName(QStringLiteral("cmdCancelar"));
   connect(print, &QPushButton::clicked, this, &QDialog::accept);
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
@@ -91,15 +90,15 @@ QWidget* frmImprimir::BuildChoices() {
   cboPrinter_ = new QComboBox(box);
   cboPrinter_->setObjectName(QStringLiteral("cboPrinter"));
   cboPrinter_->addItems(QPrinterInfo::availablePrinterNames());
-  cboPrinter_->addItem(kPdf);
+  cboPrinter_->addItem(PdfEntry());
   const QString defaultPrinter = QPrinterInfo::defaultPrinterName();
-  cboPrinter_->setCurrentText(defaultPrinter.isEmpty() ? kPdf : defaultPrinter);
+  cboPrinter_->setCurrentText(defaultPrinter.isEmpty() ? PdfEntry() : defaultPrinter);
   connect(cboPrinter_, &QComboBox::currentTextChanged, this, &frmImprimir::ApplyPrinterChoice);
-  form->addRow(QStringLiteral("Printer:"), cboPrinter_);
+  form->addRow(tr("Printer:"), cboPrinter_);
   spnCopies_ = new QSpinBox(box);
   spnCopies_->setObjectName(QStringLiteral("spnCopies"));
   spnCopies_->setRange(1, 999);
-  form->addRow(QStringLiteral("Copies:"), spnCopies_);
+  form->addRow(tr("Copies:"), spnCopies_);
   const auto pair = [&](std::array<QRadioButton*, 2>& buttons, const char* name, const QString& first, const QString& second) {
     auto* group = new QWidget(box);
     auto* row = new QHBoxLayout(group);
@@ -113,13 +112,13 @@ QWidget* frmImprimir::BuildChoices() {
     buttons[0]->setChecked(true);
     return group;
   };
-  form->addRow(QStringLiteral("Print:"), pair(optWhich_, "optWhich", QStringLiteral("&Current image"),
-                                              QStringLiteral("&All images of the folder")));
+  form->addRow(tr("Print:"), pair(optWhich_, "optWhich", tr("&Current image"),
+                                              tr("&All images of the folder")));
   optWhich_[1]->setEnabled(!folderPages_.empty());
-  form->addRow(QStringLiteral("Orientation:"), pair(optOrientation_, "optOrientation", QStringLiteral("P&ortrait"),
-                                                    QStringLiteral("&Landscape")));
-  form->addRow(QStringLiteral("Size:"), pair(optSize_, "optSize", QStringLiteral("&Fit to page"), QStringLiteral("O&riginal size")));
-  const QString centring[] = {QStringLiteral("Center &horizontally"), QStringLiteral("Center &vertically")};
+  form->addRow(tr("Orientation:"), pair(optOrientation_, "optOrientation", tr("P&ortrait"),
+                                                    tr("&Landscape")));
+  form->addRow(tr("Size:"), pair(optSize_, "optSize", tr("&Fit to page"), tr("O&riginal size")));
+  const QString centring[] = {tr("Center &horizontally"), tr("Center &vertically")};
   for (int i = 0; i < 2; ++i) {
     chkCenter_[i] = new QCheckBox(centring[i], box);
     chkCenter_[i]->setObjectName(QStringLiteral("chkCenter(%1)").arg(i));
@@ -127,10 +126,10 @@ QWidget* frmImprimir::BuildChoices() {
     connect(chkCenter_[i], &QCheckBox::toggled, this, &frmImprimir::RefreshPreview);
     form->addRow(chkCenter_[i]);
   }
-  auto* margins = new QPushButton(QStringLiteral("&Margins..."), box);
+  auto* margins = new QPushButton(tr("&Margins..."), box);
   margins->setObjectName(QStringLiteral("cmdMargen"));
   connect(margins, &QPushButton::clicked, this, &frmImprimir::OpenMargins);
-  auto* setup = new QPushButton(QStringLiteral("Printer &setup..."), box);
+  auto* setup = new QPushButton(tr("Printer &setup..."), box);
   setup->setObjectName(QStringLiteral("cmdPageSetup"));
   connect(setup, &QPushButton::clicked, this, &frmImprimir::OpenPageSetup);
   auto* row = new QHBoxLayout;
@@ -140,7 +139,7 @@ QWidget* frmImprimir::BuildChoices() {
   return box;
 }
 
-bool frmImprimir::ToPdf() const { return cboPrinter_->currentText() == kPdf; }
+bool frmImprimir::ToPdf() const { return cboPrinter_->currentText() == PdfEntry(); }
 
 int frmImprimir::Copies() const { return spnCopies_->value(); }
 

@@ -24,7 +24,7 @@ class frmImprimir : public QDialog {
   Q_OBJECT
 
  public:
-  static const QString kPdf;  // the printer entry that writes a PDF file
+  static QString PdfEntry() { return tr("Print to PDF"); }  // the printer entry that writes a PDF file
 
   // `folderPages` is empty when no folder is open.
   frmImprimir(settings::SettingsStore& settings, PageSource current, std::vector<PageSource> folderPages,

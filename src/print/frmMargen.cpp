@@ -16,12 +16,12 @@ namespace print {
 
 frmMargen::frmMargen(settings::SettingsStore& settings, QWidget* parent) : QDialog(parent), settings_(settings) {
   setObjectName(QStringLiteral("frmMargen"));
-  setWindowTitle(QStringLiteral("Margins"));
+  setWindowTitle(tr("Margins"));
   auto* form = new QFormLayout(this);
-  const std::pair<const char*, QString> boxes[] = {{"txtIzquierda", QStringLiteral("&Left:")},
-                                                   {"txtDerecha", QStringLiteral("&Right:")},
-                                                   {"txtArriba", QStringLiteral("&Top:")},
-                                                   {"txtAbajo", QStringLiteral("&Bottom:")}};
+  const std::pair<const char*, QString> boxes[] = {{"txtIzquierda", tr("&Left:")},
+                                                   {"txtDerecha", tr("&Right:")},
+                                                   {"txtArriba", tr("&Top:")},
+                                                   {"txtAbajo", tr("&Bottom:")}};
   const bool centimetres = settings.PrintUnits == 1;
   for (int i = 0; i < 4; ++i) {
     boxes_[i] = new QLineEdit(this);
@@ -32,7 +32,7 @@ frmMargen::frmMargen(settings::SettingsStore& settings, QWidget* parent) : QDial
     connect(boxes_[i], &QLineEdit::textChanged, this, [this, i] { Typed(i); });
     form->addRow(boxes[i].second, boxes_[i]);
   }
-  const QString units[] = {QStringLiteral("&Inches"), QStringLiteral("&Centimeters")};
+  const QString units[] = {tr("&Inches"), tr("&Centimeters")};
   for (int i = 0; i < 2; ++i) {
     optUnidad_[i] = new QRadioButton(units[i], this);
     optUnidad_[i]->setObjectName(QStringLiteral("optUnidad(%1)").arg(i));
@@ -40,7 +40,7 @@ frmMargen::frmMargen(settings::SettingsStore& settings, QWidget* parent) : QDial
     form->addRow(optUnidad_[i]);
   }
   optUnidad_[centimetres ? 1 : 0]->setChecked(true);
-  form->addRow(widgets::OkAndCloseButtons(*this, "cmdCancelar", QStringLiteral("Cancel"), [this] { Accept(); }));
+  form->addRow(widgets::OkAndCloseButtons(*this, "cmdCancelar", tr("Cancel"), [this] { Accept(); }));
   widgets::ApplyTahomaFont(*this);
   suppressEvents_ = false;
 }
@@ -70,7 +70,7 @@ void frmMargen::Accept() {
   for (int i = 0; i < 4; ++i) {
     const auto value = ValueIn(i);
     if (!value) {
-      QMessageBox::warning(this, QStringLiteral("Vistrel"), QStringLiteral("Bad value"));
+      QMessageBox::warning(this, QStringLiteral("Vistrel"), tr("Bad value"));
       boxes_[i]->setFocus();
       return;
     }

@@ -1,4 +1,5 @@
 #include "shell/ScreenProfile.h"
+#include "base/Texts.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -46,12 +47,12 @@ QByteArray X11MonitorProfile(int monitor) {
 
 QString DescribeSource(ScreenProfileSource source) {
   switch (source) {
-    case ScreenProfileSource::Colord: return QStringLiteral("from colord");
-    case ScreenProfileSource::Display: return QStringLiteral("from the display");
-    case ScreenProfileSource::ChosenFile: return QStringLiteral("the file chosen below");
+    case ScreenProfileSource::Colord: return Texts::tr("from colord");
+    case ScreenProfileSource::Display: return Texts::tr("from the display");
+    case ScreenProfileSource::ChosenFile: return Texts::tr("the file chosen below");
     case ScreenProfileSource::Standard: break;
   }
-  return QStringLiteral("sRGB: no profile from the display");
+  return Texts::tr("sRGB: no profile from the display");
 }
 
 const QByteArray& ProfileFile::Read(const QString& path) {

@@ -1,4 +1,5 @@
 #include "shell/Wallpaper.h"
+#include "base/Texts.h"
 
 #include "imaging/Saver.h"
 
@@ -41,6 +42,6 @@ WallpaperOutcome SetWallpaperPicture(const imaging::Image& picture, const Wallpa
 
 bool RemoveWallpaper(const WallpaperSetter& setDesktop) { return setDesktop(QString()); }
 
-QString NoDesktopMessage() { return QStringLiteral("No supported desktop was found to set the wallpaper on"); }
+QString NoDesktopMessage() { return Texts::tr("No supported desktop was found to set the wallpaper on"); }
 
 }  // namespace shell

@@ -38,10 +38,10 @@ constexpr int kDocumentIcons = 3;
 frmTiposArchivo::frmTiposArchivo(FileTypeOwner owner, int& fileTypeIcon, QWidget* parent)
     : QDialog(parent), owner_(std::move(owner)), fileTypeIcon_(fileTypeIcon) {
   setObjectName(QStringLiteral("frmTiposArchivo"));
-  setWindowTitle(QStringLiteral("Associate File Types with Vistrel"));
+  setWindowTitle(tr("Associate File Types with Vistrel"));
   auto* page = new QVBoxLayout(this);
-  page->addWidget(new QLabel(QStringLiteral("Select the file types for which you want Vistrel to be the default viewer."), this));
-  auto* label = new QLabel(QStringLiteral("&File types:"), this);
+  page->addWidget(new QLabel(tr("Select the file types for which you want Vistrel to be the default viewer."), this));
+  auto* label = new QLabel(tr("&File types:"), this);
   lisLista_ = new QListWidget(this);
   lisLista_->setObjectName(QStringLiteral("lisLista"));
   label->setBuddy(lisLista_);
@@ -56,7 +56,7 @@ frmTiposArchivo::frmTiposArchivo(FileTypeOwner owner, int& fileTypeIcon, QWidget
   }
   connect(lisLista_, &QListWidget::itemChanged, this, [this](QListWidgetItem* item) { TickInStep(lisLista_->row(item)); });
   auto* icons = new QHBoxLayout;
-  icons->addWidget(new QLabel(QStringLiteral("Icon:"), this));
+  icons->addWidget(new QLabel(tr("Icon:"), this));
   picIcono_ = new QButtonGroup(this);
   for (int i = 0; i < kDocumentIcons; ++i) {
     auto* choice = new QToolButton(this);
@@ -71,10 +71,10 @@ frmTiposArchivo::frmTiposArchivo(FileTypeOwner owner, int& fileTypeIcon, QWidget
   icons->addStretch();
   page->addLayout(icons);
   auto* buttons = new QHBoxLayout;
-  QPushButton* all = Button(this, "cmdTodos", QStringLiteral("Select All"));
-  QPushButton* none = Button(this, "cmdNinguno", QStringLiteral("Select None"));
-  QPushButton* ok = Button(this, "cmdAceptar", QStringLiteral("OK"));
-  QPushButton* cancel = Button(this, "cmdCancelar", QStringLiteral("Cancel"));
+  QPushButton* all = Button(this, "cmdTodos", tr("Select All"));
+  QPushButton* none = Button(this, "cmdNinguno", tr("Select None"));
+  QPushButton* ok = Button(this, "cmdAceptar", tr("OK"));
+  QPushButton* cancel = Button(this, "cmdCancelar", tr("Cancel"));
   ok->setDefault(true);
   connect(all, &QPushButton::clicked, this, [this] { CheckAll(true); });
   connect(none, &QPushButton::clicked, this, [this] { CheckAll(false); });

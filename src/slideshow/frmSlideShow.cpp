@@ -23,7 +23,6 @@ namespace slideshow {
 
 namespace {
 
-const QStringList kListFilters = {QStringLiteral("Slide Show files (*.txt)"), QStringLiteral("All files (*)")};
 
 QPushButton* Button(QWidget* parent, const char* name, const QString& caption) {
   auto* button = new QPushButton(caption, parent);
@@ -42,7 +41,7 @@ frmSlideShow::frmSlideShow(const QString& folder, const QStringList& names, int 
                            widgets::FileChooser chooseFile, PlayerRunner runPlayer, QWidget* parent)
     : QDialog(parent), background_(background), chooseFile_(std::move(chooseFile)), runPlayer_(std::move(runPlayer)) {
   setObjectName(QStringLiteral("frmSlideShow"));
-  setWindowTitle(QStringLiteral("Slide Show"));
+  setWindowTitle(tr("Slide Show"));
   widgets::ApplyTahomaFont(*this);
   BuildControls();
   SetFolder(folder);
@@ -62,13 +61,13 @@ frmSlideShow::frmSlideShow(const QString& folder, const QStringList& names, int 
 // Three columns under the folder: the list, its buttons, and the preview with the options.
 void frmSlideShow::BuildControls() {
   auto* page = new QVBoxLayout(this);
-  lblCarpeta_ = new QLabel(QStringLiteral("Folder"), this);
+  lblCarpeta_ = new QLabel(tr("Folder"), this);
   lblCarpeta_->setObjectName(QStringLiteral("lblCarpeta"));
   page->addWidget(lblCarpeta_);
   auto* columns = new QHBoxLayout;
   page->addLayout(columns);
   auto* images = new QVBoxLayout;
-  images->addWidget(new QLabel(QStringLiteral("Images  "), this));
+  images->addWidget(new QLabel(tr("Images  "), this));
   lisLista_ = new QListWidget(this);
   lisLista_->setObjectName(QStringLiteral("lisLista"));
   lisLista_->setMinimumSize(220, 300);
@@ -83,8 +82,8 @@ QVBoxLayout* frmSlideShow::ListButtons() {
   auto* buttons = new QVBoxLayout;
   buttons->addSpacing(lisLista_->fontMetrics().height() + 6);
   const std::pair<const char*, QString> captions[] = {
-      {"cmdTodos", "Select All"}, {"cmdNinguno", "Select None"}, {"cmdArriba", "Up"}, {"cmdAbajo", "Down"},
-      {"cmdAbrir", "Open..."},    {"cmdGuardar", "Save..."}};
+      {"cmdTodos", tr("Select All")}, {"cmdNinguno", tr("Select None")}, {"cmdArriba", tr("Up")}, {"cmdAbajo", tr("Down")},
+      {"cmdAbrir", tr("Open...")},    {"cmdGuardar", tr("Save...")}};
   const std::function<void()> actions[] = {[this] { CheckAll(true); }, [this] { CheckAll(false); },
                                            [this] { MoveSelected(-1); }, [this] { MoveSelected(1); },
                                            [this] { Open(); },           [this] { Save(); }};
@@ -111,15 +110,15 @@ QVBoxLayout* frmSlideShow::PreviewAndOptions() {
   picPreview->setFixedSize(imaPreview_->size());
   column->addWidget(picPreview);
   column->addSpacing(8);
-  column->addWidget(new QLabel(QStringLiteral("Options  "), this));
-  const QString options[] = {QStringLiteral("&Random"), QStringLiteral("R&epeat"), QStringLiteral("&Fit to window"),
-                             QStringLiteral("&Show file name")};
+  column->addWidget(new QLabel(tr("Options  "), this));
+  const QString options[] = {tr("&Random"), tr("R&epeat"), tr("&Fit to window"),
+                             tr("&Show file name")};
   for (int i = 0; i < 4; ++i) {
     chkOpcion_[i] = new QCheckBox(options[i], this);
     chkOpcion_[i]->setObjectName(QStringLiteral("chkOpcion(%1)").arg(i));
     column->addWidget(chkOpcion_[i]);
   }
-  const QString modes[] = {QStringLiteral("&Manual advance"), QStringLiteral("&Automatic advance")};
+  const QString modes[] = {tr("&Manual advance"), tr("&Automatic advance")};
   for (int i = 0; i < 2; ++i) {
     optModo_[i] = new QRadioButton(modes[i], this);
     optModo_[i]->setObjectName(QStringLiteral("optModo(%1)").arg(i));
@@ -135,13 +134,13 @@ QVBoxLayout* frmSlideShow::PreviewAndOptions() {
   widgets::MakeNumberBox(txtVelocidad_);
   secondsRow->addSpacing(20);
   secondsRow->addWidget(txtVelocidad_);
-  secondsRow->addWidget(new QLabel(QStringLiteral("seconds"), this));
+  secondsRow->addWidget(new QLabel(tr("seconds"), this));
   secondsRow->addStretch();
   column->addLayout(secondsRow);
   column->addStretch();
   auto* endRow = new QHBoxLayout;
-  QPushButton* start = Button(this, "cmdStart", QStringLiteral("Start"));
-  QPushButton* close = Button(this, "cmdCerrar", QStringLiteral("Close"));
+  QPushButton* start = Button(this, "cmdStart", tr("Start"));
+  QPushButton* close = Button(this, "cmdCerrar", tr("Close"));
   connect(start, &QPushButton::clicked, this, &frmSlideShow::Start);
   connect(close, &QPushButton::clicked, this, &QDialog::reject);
   endRow->addStretch();
@@ -154,7 +153,7 @@ QVBoxLayout* frmSlideShow::PreviewAndOptions() {
 void frmSlideShow::SetFolder(const QString& folder) {
   folder_ = folder;
   lisLista_->clear();
-  const QString caption = QStringLiteral("Folder: ") + (folder.isEmpty() ? QStringLiteral("(None)") : folder);
+  const QString caption = tr("Folder: ") + (folder.isEmpty() ? tr("(None)") : folder);
   lblCarpeta_->setText(widgets::FitTextToWidth(caption, std::max(200, width() - 30), lblCarpeta_->fontMetrics()));
   lblCarpeta_->setToolTip(folder);
 }
@@ -203,7 +202,7 @@ void frmSlideShow::MoveSelected(int by) {
 }
 
 void frmSlideShow::Open() {
-  const widgets::FileDialogAnswer answer = chooseFile_(this, {QStringLiteral("Open"), kListFilters, 1, {}, false});
+  const widgets::FileDialogAnswer answer = chooseFile_(this, {tr("Open"), ListFilters(), 1, {}, false});
   if (answer.Path.isEmpty()) return;
   widgets::BusyPointerGuard busy;
   ReadSlideShowFile(answer.Path);
@@ -211,7 +210,7 @@ void frmSlideShow::Open() {
 
 void frmSlideShow::Save() {
   if (folder_.isEmpty()) return;
-  const widgets::FileDialogAnswer answer = chooseFile_(this, {QStringLiteral("Save"), kListFilters, 1, {}, true});
+  const widgets::FileDialogAnswer answer = chooseFile_(this, {tr("Save"), ListFilters(), 1, {}, true});
   if (answer.Path.isEmpty()) return;
   widgets::BusyPointerGuard busy;
   WriteSlideShowFile(answer.Path);
@@ -258,8 +257,8 @@ void frmSlideShow::WriteSlideShowFile(const QString& path) const {
   const auto text = WriteSlideShowText(State(), locale());
   if (!text) {
     return Exclaim(const_cast<frmSlideShow*>(this),
-                   QStringLiteral("Can't save file. A file name holds a line break or bytes that are not text, "
-                                  "which a slide show list cannot hold"));
+                   tr("Can't save file. A file name holds a line break or bytes that are not text, "
+                      "which a slide show list cannot hold"));
   }
   QSaveFile file(path);
   if (!file.open(QIODevice::WriteOnly)) return;
@@ -270,18 +269,18 @@ void frmSlideShow::WriteSlideShowFile(const QString& path) const {
 void frmSlideShow::Start() {
   const SlideShowList list = State();
   if (folder_.isEmpty()) {
-    return Exclaim(this, QStringLiteral("No images. You may:\r\n1. Close this dialog and click 'File | Open Folder' menu\r\n"
-                                        "or\r\n2. Click 'Open...' to open a slideshow file"));
+    return Exclaim(this, tr("No images. You may:\r\n1. Close this dialog and click 'File | Open Folder' menu\r\n"
+                            "or\r\n2. Click 'Open...' to open a slideshow file"));
   }
   if (std::none_of(list.Rows.begin(), list.Rows.end(), [](const SlideShowRow& row) { return row.Checked; })) {
-    return Exclaim(this, QStringLiteral("No image selected"));
+    return Exclaim(this, tr("No image selected"));
   }
   PlayerSettings settings{folder_, list.Rows, lisLista_->currentItem() && lisLista_->currentItem()->isSelected() ? lisLista_->currentRow() : -1,
                           *list.Random, *list.Repeat, *list.FitToWindow, *list.ShowFileName, -1, background_};
   if (!*list.ManualAdvance) {
     const auto seconds = SecondsFromText(txtVelocidad_->text(), locale());
     if (!seconds || *seconds < 0.1 || *seconds > 9999.9) {
-      Exclaim(this, QStringLiteral("Please enter a number between 0.1 and 9999.9 seconds"));
+      Exclaim(this, tr("Please enter a number between 0.1 and 9999.9 seconds"));
       txtVelocidad_->setFocus();
       return;
     }

@@ -37,6 +37,7 @@ class frmSlideShow : public QDialog {
   void WriteSlideShowFile(const QString& path) const;
 
  private:
+  static QStringList ListFilters() { return {tr("Slide Show files (*.txt)"), tr("All files (*)")}; }
   void BuildControls();
   QVBoxLayout* ListButtons();
   QVBoxLayout* PreviewAndOptions();

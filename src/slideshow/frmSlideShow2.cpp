@@ -62,7 +62,7 @@ frmSlideShow2::frmSlideShow2(const PlayerSettings& settings, QWidget* parent)
   picInfo_ = new QWidget(this);
   picInfo_->setObjectName(QStringLiteral("picInfo"));
   picInfo_->setStyleSheet(QStringLiteral("background: rgb(51, 51, 51); color: white"));
-  auto* lblInfo = new QLabel(QStringLiteral("Press [Esc] to exit"), picInfo_);
+  auto* lblInfo = new QLabel(tr("Press [Esc] to exit"), picInfo_);
   lblInfo->setObjectName(QStringLiteral("lblInfo"));
   lblInfo->setMargin(8);
   lblInfo->adjustSize();
@@ -85,20 +85,20 @@ frmSlideShow2::frmSlideShow2(const PlayerSettings& settings, QWidget* parent)
 frmSlideShow2::~frmSlideShow2() { next_.waitForFinished(); }
 
 void frmSlideShow2::BuildMenus() {
-  mnuSlideShowManual_ = new QMenu(QStringLiteral("Slide Show Manual"), this);
+  mnuSlideShowManual_ = new QMenu(tr("Slide Show Manual"), this);
   mnuSlideShowManual_->setObjectName(QStringLiteral("mnuSlideShowManual"));
-  mnuSlideShowAuto_ = new QMenu(QStringLiteral("Slide Show Auto"), this);
+  mnuSlideShowAuto_ = new QMenu(tr("Slide Show Auto"), this);
   mnuSlideShowAuto_->setObjectName(QStringLiteral("mnuSlideShowAuto"));
   const auto add = [this](QMenu* menu, const char* name, const QString& caption, const QString& word) {
     QAction* action = menu->addAction(caption, this, [this, word] { RunCommand(word); });
     action->setObjectName(QLatin1String(name));
     return action;
   };
-  add(mnuSlideShowManual_, "mnuSlideShowManualPrevious", QStringLiteral("&Previous   [Page Up]"), QStringLiteral("Previous"));
-  add(mnuSlideShowManual_, "mnuSlideShowManualNext", QStringLiteral("&Next   [Page Down]"), QStringLiteral("Next"));
-  add(mnuSlideShowManual_, "mnuSlideShowManualExit", QStringLiteral("&Exit   [Esc]"), QStringLiteral("Exit"));
-  pause_ = add(mnuSlideShowAuto_, "mnuSlideShowAutoPause", QStringLiteral("&Pause"), QStringLiteral("Pause"));
-  add(mnuSlideShowAuto_, "mnuSlideShowAutoExit", QStringLiteral("&Exit   [Esc]"), QStringLiteral("Exit"));
+  add(mnuSlideShowManual_, "mnuSlideShowManualPrevious", tr("&Previous   [Page Up]"), QStringLiteral("Previous"));
+  add(mnuSlideShowManual_, "mnuSlideShowManualNext", tr("&Next   [Page Down]"), QStringLiteral("Next"));
+  add(mnuSlideShowManual_, "mnuSlideShowManualExit", tr("&Exit   [Esc]"), QStringLiteral("Exit"));
+  pause_ = add(mnuSlideShowAuto_, "mnuSlideShowAutoPause", tr("&Pause"), QStringLiteral("Pause"));
+  add(mnuSlideShowAuto_, "mnuSlideShowAutoExit", tr("&Exit   [Esc]"), QStringLiteral("Exit"));
 }
 
 // Every 100 ms. The first tick shows the first image; later ones count the time it has
@@ -241,7 +241,7 @@ void frmSlideShow2::mousePressEvent(QMouseEvent* event) {
 
 void frmSlideShow2::PopUpMenu(QPoint at) {
   const bool manual = settings_.Seconds < 0;
-  pause_->setText(tmrPlay_.isActive() ? QStringLiteral("&Pause") : QStringLiteral("&Continue"));
+  pause_->setText(tmrPlay_.isActive() ? tr("&Pause") : tr("&Continue"));
   (manual ? mnuSlideShowManual_ : mnuSlideShowAuto_)->popup(at);
 }
 

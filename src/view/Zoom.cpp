@@ -1,4 +1,5 @@
 #include "view/Zoom.h"
+#include "base/Texts.h"
 
 #include "base/NumberRules.h"
 
@@ -69,8 +70,7 @@ std::optional<int> ZoomDialogValue(const QString& text) {
 }
 
 QString ZoomDialogRangeMessage() {
-  return QStringLiteral("Please enter a value between ") + QString::number(kMinZoom) + QStringLiteral("% and ") +
-         QString::number(kMaxZoom) + u'%';
+  return Texts::tr("Please enter a value between %1% and %2%").arg(kMinZoom).arg(kMaxZoom);
 }
 
 }  // namespace view

@@ -19,7 +19,7 @@ namespace view {
 
 namespace {
 
-const QString kCaption = QStringLiteral("Zoom Functions");
+const char* const kCaption = QT_TRANSLATE_NOOP("view::frmZoom", "Zoom Functions");  // and the help topic
 
 // The box's key rule applied to whatever reaches its text (typed into the box or the
 // combo, pasted), so no path goes around it.
@@ -38,7 +38,7 @@ class ZoomTextValidator : public QValidator {
 
 frmZoom::frmZoom(int percentage, QWidget* parent) : QDialog(parent), value_(percentage) {
   setObjectName(QStringLiteral("frmZoom"));
-  setWindowTitle(kCaption);
+  setWindowTitle(tr(kCaption));
   widgets::ApplyTahomaFont(*this);
   cboZoom_ = new QComboBox(this);
   cboZoom_->setObjectName(QStringLiteral("cboZoom"));
@@ -49,10 +49,10 @@ frmZoom::frmZoom(int percentage, QWidget* parent) : QDialog(parent), value_(perc
   cboZoom_->setValidator(new ZoomTextValidator(cboZoom_));
   cboZoom_->setEditText(QString::number(percentage) + u'%');
   cboZoom_->lineEdit()->installEventFilter(this);
-  setMinimumWidth(fontMetrics().horizontalAdvance(kCaption) + 120);  // room for the whole caption
+  setMinimumWidth(fontMetrics().horizontalAdvance(tr(kCaption)) + 120);  // room for the whole caption
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(cboZoom_);
-  layout->addLayout(widgets::OkAndCloseButtons(*this, "cmdCancelar", QStringLiteral("Cancel"), [this] { AcceptIfValid(); }));
+  layout->addLayout(widgets::OkAndCloseButtons(*this, "cmdCancelar", tr("Cancel"), [this] { AcceptIfValid(); }));
   cboZoom_->setFocus();
 }
 
@@ -66,7 +66,7 @@ bool frmZoom::eventFilter(QObject* watched, QEvent* event) {
 
 void frmZoom::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_F1) {
-    widgets::ShowHelpTopic(kCaption);
+    widgets::ShowHelpTopic(QLatin1String(kCaption));
     return;
   }
   if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
@@ -82,7 +82,7 @@ void frmZoom::AcceptIfValid() {
     accept();
     return;
   }
-  QMessageBox::warning(this, kCaption, ZoomDialogRangeMessage());
+  QMessageBox::warning(this, tr(kCaption), ZoomDialogRangeMessage());
   cboZoom_->setFocus();
   cboZoom_->lineEdit()->selectAll();
 }

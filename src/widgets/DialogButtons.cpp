@@ -1,4 +1,5 @@
 #include "widgets/DialogButtons.h"
+#include "base/Texts.h"
 
 #include <QDialog>
 #include <QHBoxLayout>
@@ -8,7 +9,7 @@ namespace widgets {
 
 QHBoxLayout* OkAndCloseButtons(QDialog& dialog, const char* closeName, const QString& closeCaption,
                                std::function<void()> onOk) {
-  auto* ok = new QPushButton(QStringLiteral("OK"), &dialog);
+  auto* ok = new QPushButton(Texts::tr("OK"), &dialog);
   ok->setObjectName(QStringLiteral("cmdAceptar"));
   ok->setDefault(true);
   auto* close = new QPushButton(closeCaption, &dialog);

@@ -27,14 +27,14 @@ QUrl HelpTopicUrl(const QString& topic) {
 
 HelpWindow::HelpWindow(QWidget* parent) : QDialog(parent) {
   setObjectName(QStringLiteral("frmHelp"));
-  setWindowTitle(QStringLiteral("Vistrel Help"));
+  setWindowTitle(tr("Vistrel Help"));
   resize(640, 560);
   browser_ = new QTextBrowser(this);
   browser_->setObjectName(QStringLiteral("txtHelp"));
   browser_->setOpenExternalLinks(true);
-  auto* contents = new QPushButton(QStringLiteral("&Contents"), this);
-  auto* back = new QPushButton(QStringLiteral("&Back"), this);
-  auto* forward = new QPushButton(QStringLiteral("&Forward"), this);
+  auto* contents = new QPushButton(tr("&Contents"), this);
+  auto* back = new QPushButton(tr("&Back"), this);
+  auto* forward = new QPushButton(tr("&Forward"), this);
   connect(contents, &QPushButton::clicked, this, [this] { ShowTopic({}); });
   connect(back, &QPushButton::clicked, browser_, &QTextBrowser::backward);
   connect(forward, &QPushButton::clicked, browser_, &QTextBrowser::forward);

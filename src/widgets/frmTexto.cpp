@@ -23,7 +23,7 @@ frmTexto::frmTexto(const QString& caption, const QString& label, const QString& 
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(prompt);
   layout->addWidget(txtTexto_);
-  layout->addLayout(OkAndCloseButtons(*this, "cmdCancelar", QStringLiteral("Cancel"), [this] { Accept(); }));
+  layout->addLayout(OkAndCloseButtons(*this, "cmdCancelar", tr("Cancel"), [this] { Accept(); }));
   setMinimumWidth(320);
 }
 
@@ -46,13 +46,13 @@ void frmTexto::Accept() {
 }
 
 std::unique_ptr<frmTexto> GoToPageDialog(int pages, QWidget* parent) {
-  auto dialog = std::make_unique<frmTexto>(QStringLiteral("Go to Page"), QStringLiteral("&Page:"), QString(), nullptr, parent);
+  auto dialog = std::make_unique<frmTexto>(frmTexto::tr("Go to Page"), frmTexto::tr("&Page:"), QString(), nullptr, parent);
   frmTexto* self = dialog.get();
   dialog->SetAcceptor([self, pages](const QString& text) {
     bool ok = false;
     const int page = text.toInt(&ok);
     if (ok && page >= 1 && page <= pages) return true;
-    QMessageBox::warning(self, self->windowTitle(), QStringLiteral("Please enter a number between 1 and ") + QString::number(pages));
+    QMessageBox::warning(self, self->windowTitle(), frmTexto::tr("Please enter a number between 1 and ") + QString::number(pages));
     return false;
   });
   dialog->SetDigitsOnly();

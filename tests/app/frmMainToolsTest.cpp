@@ -171,7 +171,7 @@ TEST_F(frmMainToolsTest, TickedFileTypesBecomeVistrelsAndUntickedOnesGoBack) {
 TEST_F(frmMainToolsTest, PrintWritesAPdfOfTheShownPictureOrOfTheFolder) {
   for (const auto& [which, pages] : {std::pair("optWhich(0)", "1"), std::pair("optWhich(1)", "2")}) {
     window_->SetPrintDialogRunner([which = which](print::frmImprimir& dialog) {
-      dialog.findChild<QComboBox*>(QStringLiteral("cboPrinter"))->setCurrentText(print::frmImprimir::kPdf);
+      dialog.findChild<QComboBox*>(QStringLiteral("cboPrinter"))->setCurrentText(print::frmImprimir::PdfEntry());
       dialog.findChild<QAbstractButton*>(QLatin1String(which))->click();
       return int(QDialog::Accepted);
     });

@@ -63,7 +63,7 @@ TEST(frmImprimir, ThePageSetupEditsTheStoredMargins) {
   settings.PrintMargins = {2, 1, 1.5f, 1};
   settings.PrintUnits = 1;  // centimetres
   print::frmImprimir dialog(settings, [] { return std::nullopt; }, {});
-  dialog.findChild<QComboBox*>(QStringLiteral("cboPrinter"))->setCurrentText(print::frmImprimir::kPdf);
+  dialog.findChild<QComboBox*>(QStringLiteral("cboPrinter"))->setCurrentText(print::frmImprimir::PdfEntry());
   for (const bool accept : {false, true}) {
     QTimer::singleShot(0, [accept] {
       auto* setup = qobject_cast<QDialog*>(QApplication::activeModalWidget());
