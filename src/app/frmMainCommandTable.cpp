@@ -89,7 +89,7 @@ void frmMain::DeclareViewCommands() {
   const auto viewMode = [this](ViewMode mode) -> CommandRules {
     return {[this, mode] { document_.SetViewMode(mode); }, {}, [this, mode] { return document_.View() == mode; }};
   };
-  t.Declare({"mnuViewImage", tr("&Image")}, viewMode(ViewMode::Image));
+  t.Declare({"mnuViewImage", tr("&Image", "the view mode")}, viewMode(ViewMode::Image));
   t.Declare({"mnuViewListAndImage", tr("&List and Image")}, viewMode(ViewMode::ListAndImage));
   t.Declare({"mnuViewThumbnails", tr("&Thumbnails")},
             {[this] {
@@ -211,7 +211,7 @@ void frmMain::BuildMenus() {
         "@mnuColorsColorDepth", "mnuColorsColorDepth1Bit", "mnuColorsColorDepth4Bits",
         "mnuColorsColorDepth8Bits", "mnuColorsColorDepth24Bits", "@", "mnuColorsConcaveParabolic",
         "mnuColorsConvexParabolic", "mnuColorsRedEye"});
-  menu("mnuImage", tr("&Image"),
+  menu("mnuImage", tr("&Image", "the menu"),
        {"@mnuImageFilters", "mnuImageFiltersBlend", "mnuImageFiltersBlur", "mnuImageFiltersDiffuse",
         "mnuImageFiltersDilate", "mnuImageFiltersErode", "mnuImageFiltersMedian", "mnuImageFiltersMosaic",
         "mnuImageFiltersMotionBlur", "mnuImageFiltersNoise", "mnuImageFiltersSharpen", "mnuImageFiltersSoften", "@",

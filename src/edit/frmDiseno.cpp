@@ -23,6 +23,10 @@ namespace edit {
 
 namespace {
 
+// A title or caption of a description, in the user's language (tools/dialog_texts lists
+// them for the translators).
+QString Shown(const QString& text) { return QCoreApplication::translate("edit::DialogDescriptions", text.toUtf8().constData()); }
+
 // The window frame that the description's outer size includes: borders and caption.
 constexpr double kFrameWidthTwips = 120;
 constexpr double kFrameHeightTwips = 480;
@@ -98,7 +102,7 @@ QWidget* frmDiseno::BuildControl(const DialogControl& c) {
   QWidget* widget = nullptr;
   switch (c.Kind) {
     case ControlKind::Label: {
-      auto* label = new QLabel(c.Caption, this);
+      auto* label = new QLabel(Shown(c.Caption), this);
       label->setObjectName(ArrayName("lblLetras", c.Index));
       label->move(Pixels(c.X, c.Y, 0, 0).topLeft());
       label->adjustSize();
@@ -128,9 +132,9 @@ QWidget* frmDiseno::BuildControl(const DialogControl& c) {
     case ControlKind::Option:
     case ControlKind::Button: {
       QAbstractButton* button = nullptr;
-      if (c.Kind == ControlKind::Check) button = checks_[c.Index] = new QCheckBox(c.Caption, this);
-      if (c.Kind == ControlKind::Option) button = options_[c.Index] = new QRadioButton(c.Caption, this);
-      if (c.Kind == ControlKind::Button) button = new QPushButton(c.Caption, this);
+      if (c.Kind == ControlKind::Check) button = checks_[c.Index] = new QCheckBox(Shown(c.Caption), this);
+      if (c.Kind == ControlKind::Option) button = options_[c.Index] = new QRadioButton(Shown(c.Caption), this);
+      if (c.Kind == ControlKind::Button) button = new QPushButton(Shown(c.Caption), this);
       const char* array = c.Kind == ControlKind::Check ? "cheCheck" : c.Kind == ControlKind::Option ? "optOption" : "cmdBoton";
       button->setObjectName(ArrayName(array, c.Index));
       const double height = c.Kind == ControlKind::Button ? kButtonHeightTwips : kCheckHeightTwips;
@@ -208,7 +212,7 @@ void frmDiseno::PlaceWindowAndButtons(const DialogLayout& layout) {
   const double outerHeight = layout.WindowHeight.value_or(kDesignHeightTwips);
   const QRect client = Pixels(0, 0, outerWidth - kFrameWidthTwips, outerHeight - kFrameHeightTwips);
   setFixedSize(client.size());
-  setWindowTitle(layout.Title.value_or(tr("Parameters")));
+  setWindowTitle(layout.Title ? Shown(*layout.Title) : tr("Parameters"));
   const QRect button = Pixels(0, 0, kOkWidthTwips, kButtonHeightTwips);
   const QRect margin = Pixels(0, 0, 120, 120);
   const int top = client.height() - button.height() - margin.height();

@@ -3,12 +3,18 @@
 #include "app/frmMain.h"
 #include "settings/SettingsSchema.h"
 #include "support/MainWindowTest.h"
+#include "browse/FolderChoice.h"
+#include "edit/DialogDescriptions.h"
+#include "edit/frmDiseno.h"
+#include "widgets/Translations.h"
 
 #include <QAction>
 #include <QGuiApplication>
 #include <QIcon>
 #include <QScopeGuard>
 #include <QMenu>
+#include <QMenuBar>
+#include <QTranslator>
 #include <QTreeView>
 #include <QtTest/QTest>
 
@@ -105,23 +111,51 @@ TEST_F(frmMainTest, ANormalWindowIsPlacedAtTheStoredRectangleOnAScreen) {
   }
 }
 
-// Within each menu every command has its own access key, so a key press always runs it.
-TEST_F(frmMainTest, AccessKeysAreUniqueWithinEachMenu) {
-  app::frmMain window(SettingsPath());
-  for (const char* name : {"mnuFile", "mnuEdit", "mnuView", "mnuColors", "mnuColorsColorDepth", "mnuImage",
-                           "mnuImageFilters", "mnuTools", "mnuHelp", "mnuList"}) {
-    const QMenu* menu = window.findChild<QMenu*>(QLatin1String(name));
-    ASSERT_NE(menu, nullptr) << name;
-    QSet<QChar> keys;
-    for (const QAction* action : menu->actions()) {
-      const QString text = action->text();
-      const qsizetype amp = text.indexOf(u'&');
-      if (action->isSeparator() || amp < 0 || amp + 1 >= text.size()) continue;
-      const QChar key = text[amp + 1].toLower();
-      EXPECT_FALSE(keys.contains(key)) << menu->objectName().toStdString() << ": " << text.toStdString();
-      keys.insert(key);
+// Back to the English source texts.
+void RemoveTranslators() {
+  for (QTranslator* translator : QCoreApplication::instance()->findChildren<QTranslator*>()) {
+    QCoreApplication::removeTranslator(translator);
+    delete translator;
+  }
+}
+
+// In English and in every translation, each menu gives every command its own access key,
+// so that a key press always runs it.
+TEST_F(frmMainTest, AccessKeysAreUniqueWithinEachMenuInEveryLanguage) {
+  const QStringList languages = QStringList{QStringLiteral("en")} + widgets::TranslatedLanguages();
+  ASSERT_TRUE(languages.contains(QStringLiteral("de")));
+  for (const QString& language : languages) {
+    const auto restore = qScopeGuard(RemoveTranslators);
+    ASSERT_EQ(widgets::InstallTranslations(QLocale(language)), language == QLatin1String("en") ? QString() : language);
+    app::frmMain window(SettingsPath());
+    std::vector<QList<QAction*>> menus = {window.menuBar()->actions()};
+    for (const QMenu* menu : window.findChildren<QMenu*>()) menus.push_back(menu->actions());
+    for (const QList<QAction*>& actions : menus) {
+      QSet<QChar> keys;
+      for (const QAction* action : actions) {
+        const QString text = action->text();
+        const qsizetype amp = text.indexOf(u'&');
+        if (action->isSeparator() || amp < 0 || amp + 1 >= text.size()) continue;
+        const QChar key = text[amp + 1].toLower();
+        EXPECT_FALSE(keys.contains(key)) << language.toStdString() << ": " << text.toStdString();
+        keys.insert(key);
+      }
     }
   }
+}
+
+// A German desktop reads the menus, the catalogue's commands, their dialogs and the
+// messages of the floors below in German.
+TEST_F(frmMainTest, AGermanDesktopReadsGermanTextsFromEveryFloor) {
+  const auto restore = qScopeGuard(RemoveTranslators);
+  ASSERT_EQ(widgets::InstallTranslations(QLocale(QStringLiteral("de_DE"))), QStringLiteral("de"));
+  app::frmMain window(SettingsPath());
+  EXPECT_EQ(window.findChild<QMenu*>(QStringLiteral("mnuFile"))->title(), QStringLiteral("&Datei"));
+  EXPECT_EQ(window.findChild<QMenu*>(QStringLiteral("mnuViewSortBy"))->title(), QStringLiteral("&Sortieren nach"));
+  EXPECT_EQ(window.findChild<QAction*>(QStringLiteral("mnuColorsBrightness"))->text(), QStringLiteral("&Helligkeit..."));
+  const edit::frmDiseno dialog(edit::DialogDescriptionFor(edit::OperationId::Rotate), {}, std::nullopt, {});
+  EXPECT_EQ(dialog.windowTitle(), QStringLiteral("Drehen"));
+  EXPECT_EQ(browse::FolderProblemMessage(browse::FolderProblem::NotFound), QStringLiteral("Ordner nicht gefunden"));
 }
 
 }  // namespace
