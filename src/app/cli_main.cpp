@@ -21,6 +21,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>
+#include <QLocale>
 
 #include <cstdio>
 #include <memory>
@@ -222,6 +223,7 @@ int main(int argc, char** argv) {
   }
   std::unique_ptr<QCoreApplication> application =
       printing ? std::make_unique<QGuiApplication>(argc, argv) : std::make_unique<QCoreApplication>(argc, argv);
+  QLocale::setDefault(QLocale::c());  // what scripts read stays the same on every machine: "1,234.5"
   QStringList arguments;
   for (int i = 1; i < argc; ++i) arguments << base::DecodeFileName(argv[i]);
   const QString verb = arguments.value(0);

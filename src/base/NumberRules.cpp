@@ -26,24 +26,24 @@ std::optional<double> RoundHalfEvenInRange(double value, double low, double high
   return rounded;
 }
 
-QString GroupThousands(const QString& digits) {
+QString GroupThousands(const QString& digits, const QString& separator) {
   QString grouped;
   const qsizetype n = digits.size();
   for (qsizetype i = 0; i < n; ++i) {
-    if (i > 0 && (n - i) % 3 == 0) grouped += u',';
+    if (i > 0 && (n - i) % 3 == 0) grouped += separator;
     grouped += digits[i];
   }
   return grouped;
 }
 
-QString FormatFixed(double value, int decimals) {
+QString FormatFixed(double value, int decimals, const QLocale& locale) {
   const double scale = std::pow(10.0, decimals);
   const double scaled = std::round(std::fabs(value) * scale);  // halves away from zero
   const auto whole = static_cast<unsigned long long>(scaled / scale);
-  QString text = GroupThousands(QString::number(whole));
+  QString text = GroupThousands(QString::number(whole), locale.groupSeparator());
   if (decimals > 0) {
     const auto fraction = static_cast<unsigned long long>(scaled - static_cast<double>(whole) * scale);
-    text += u'.' + QString::number(fraction).rightJustified(decimals, u'0');
+    text += locale.decimalPoint() + QString::number(fraction).rightJustified(decimals, u'0');
   }
   return (value < 0 && scaled != 0) ? u'-' + text : text;
 }
@@ -118,9 +118,9 @@ QString TrimBlanks(const QString& text) {
   return text.mid(first, last - first);
 }
 
-QString FormatThousands(double value) { return FormatFixed(value, 0); }
+QString FormatThousands(double value, const QLocale& locale) { return FormatFixed(value, 0, locale); }
 
-QString FormatThousandsOneDecimal(double value) { return FormatFixed(value, 1); }
+QString FormatThousandsOneDecimal(double value, const QLocale& locale) { return FormatFixed(value, 1, locale); }
 
 QString FormatGeneralDate(const QDateTime& when, const QLocale& locale) {
   const QString date = locale.toString(when.date(), QLocale::ShortFormat);

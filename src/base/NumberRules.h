@@ -39,10 +39,10 @@ std::optional<std::int32_t> RoundedDiv(double dividend, double divisor);
 // Removes spaces (not tabs) at both ends.
 QString TrimBlanks(const QString& text);
 
-// "#,##0" and "#,##0.0": thousands separated by commas, halves rounded away from zero
-// (unlike RoundToInt32).
-QString FormatThousands(double value);
-QString FormatThousandsOneDecimal(double value);
+// "#,##0" and "#,##0.0" with the locale's separators ("1,234.5" in the US, "1.234,5" in
+// Germany), halves rounded away from zero (unlike RoundToInt32).
+QString FormatThousands(double value, const QLocale& locale = QLocale());
+QString FormatThousandsOneDecimal(double value, const QLocale& locale = QLocale());
 
 // A date and time as the user's locale writes them, the short date and the time with
 // seconds: "11/21/26 9:05:03 PM" in the US, "21.11.26 21:05:03" in Germany; the time is

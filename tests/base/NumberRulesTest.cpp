@@ -40,13 +40,16 @@ TEST(RoundedDiv, RoundsBothOperandsThenTruncates) {
   }
 }
 
-// Whole numbers round halves away from zero, unlike the rounding above.
-TEST(FormatThousands, GroupsThousands) {
+// Whole numbers round halves away from zero, unlike the rounding above; the separators
+// are the locale's.
+TEST(FormatThousands, GroupsThousandsWithTheLocalesSeparators) {
+  const QLocale us(QStringLiteral("en_US")), germany(QStringLiteral("de_DE"));
   const std::pair<double, const char*> cases[] = {{1204, "1,204"}, {3, "3"},   {999, "999"},       {1234567.5, "1,234,568"},
                                                   {2.5, "3"},      {0, "0"},   {-1234, "-1,234"}};
-  for (const auto& [value, text] : cases) EXPECT_EQ(numbers::FormatThousands(value), QLatin1String(text)) << value;
-  EXPECT_EQ(numbers::FormatThousandsOneDecimal(1234.56), QStringLiteral("1,234.6"));
-  EXPECT_EQ(numbers::FormatThousandsOneDecimal(0.04), QStringLiteral("0.0"));
+  for (const auto& [value, text] : cases) EXPECT_EQ(numbers::FormatThousands(value, us), QLatin1String(text)) << value;
+  EXPECT_EQ(numbers::FormatThousandsOneDecimal(1234.56, us), QStringLiteral("1,234.6"));
+  EXPECT_EQ(numbers::FormatThousandsOneDecimal(0.04, us), QStringLiteral("0.0"));
+  EXPECT_EQ(numbers::FormatThousandsOneDecimal(1234567.25, germany), QStringLiteral("1.234.567,3"));
 }
 
 TEST(FormatGeneralDate, FollowsTheLocaleAndLeavesOutMidnight) {

@@ -2,6 +2,7 @@
 #include "browse/ThumbnailPage.h"
 #include "support/DialogAnswerer.h"
 #include "widgets/frmTexto.h"
+#include "support/UsLocale.h"
 
 #include <QLineEdit>
 #include <QPushButton>
@@ -12,6 +13,7 @@
 namespace {
 
 TEST(ThumbnailPage, PicturesAreDrawnInTheirBoxByWayOfTwips) {
+  const testing_support::UsLocale us;
   struct Case {
     QSize image, drawn;
     bool resample;

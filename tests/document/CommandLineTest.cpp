@@ -2,6 +2,7 @@
 // separators dropped, made absolute before anything keeps it) and what the status bar says.
 #include "document/CommandLine.h"
 #include "document/StatusText.h"
+#include "support/UsLocale.h"
 
 #include <gtest/gtest.h>
 
@@ -42,6 +43,7 @@ TEST(CommandLine, IsMadeAbsoluteAndTakesFileUris) {
 }
 
 TEST(StatusBar, FileSizesKeepThreeFiguresAtMost) {
+  const testing_support::UsLocale us;
   const std::pair<qint64, const char*> sizes[] = {
       {0, "0 bytes"}, {1023, "1023 bytes"}, {1536, "1.5 KB"}, {340 * 1024, "340 KB"}, {qint64(1204) << 20, "1,204 MB"}};
   for (const auto& [bytes, text] : sizes) EXPECT_EQ(document::FormatFileSize(bytes), QLatin1String(text)) << bytes;

@@ -3,6 +3,7 @@
 #include "files/Properties.h"
 #include "files/frmProperties.h"
 #include "support/TestFiles.h"
+#include "support/UsLocale.h"
 
 #include <QProcess>
 #include <QTreeWidget>
@@ -20,6 +21,7 @@ std::map<QString, QString> Rows(const QString& path) {
 }
 
 TEST(Properties, SizesAreCutNotRoundedAndANonImageHasNoDimensions) {
+  const testing_support::UsLocale us;
   testing_support::TempFolder folder;
   const std::pair<int, const char*> sizes[] = {{0, "0 bytes (0.0 KB)"}, {1023, "1,023 bytes (0.9 KB)"},
                                                {1500, "1,500 bytes (1.4 KB)"}, {2048000, "2,048,000 bytes (2,000.0 KB)"}};

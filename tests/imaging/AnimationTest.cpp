@@ -4,6 +4,7 @@
 #include "imaging/GifScan.h"
 #include "imaging/Loader.h"
 #include "support/TestFiles.h"
+#include "support/UsLocale.h"
 
 #include <QFile>
 
@@ -29,6 +30,7 @@ QString MakeApng(const testing_support::TempFolder& folder, const QList<QStringL
 
 // Three frames, red, lime and blue, of 40 x 30, in a GIF, a WebP and an APNG; and a file of pages.
 TEST(Animation, FramesComeInOrderWithTheirDelaysAndLoops) {
+  const testing_support::UsLocale us;
   testing_support::TempFolder folder;
   const QString gif = folder.File(QStringLiteral("three.gif")), webp = folder.File(QStringLiteral("three.webp"));
   const QString apng = MakeApng(folder, {{"-size", "40x30", "xc:red"}, {"-size", "40x30", "xc:lime"}, {"-size", "40x30", "xc:blue"}}, "7", "3");
