@@ -44,6 +44,7 @@
 
 class QLabel;
 class QProgressBar;
+class QMimeData;
 class QToolButton;
 class QMenu;
 class QSplitter;
@@ -235,6 +236,8 @@ class frmMain : public QMainWindow, private document::DocumentPrompts {
   void OpenDropped(const browse::DroppedOpen& dropped);
   void Paste();
   void CopyToClipboard();
+  void DragPictureOut();
+  QMimeData* PictureToHandOut();  // the picture or its selection, and the file when unedited
   void CopyPath();
 
   // frmMainList.cpp

@@ -5,8 +5,10 @@
 
 #include "browse/Dropped.h"
 #include "imaging/Operations.h"
+#include "view/Viewport.h"
 
 #include <QClipboard>
+#include <QDrag>
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QFileInfo>
@@ -58,15 +60,30 @@ void frmMain::Paste() {
 // Edit > Copy: the selection, or the whole image, as image data (PNG for the programs that
 // ask for it), with the file's URL when the whole unedited file is what was copied.
 void frmMain::CopyToClipboard() {
+  if (QMimeData* copied = PictureToHandOut()) QGuiApplication::clipboard()->setMimeData(copied);
+}
+
+// Ctrl and a drag on the picture hand it out as Copy does: a file manager copies the file,
+// an editor takes the pixels.
+void frmMain::DragPictureOut() {
+  QMimeData* picture = PictureToHandOut();
+  if (!picture) return;
+  auto* drag = new QDrag(picFondo_);
+  drag->setMimeData(picture);
+  drag->setPixmap(QPixmap::fromImage(qvariant_cast<QImage>(picture->imageData()).scaled(96, 96, Qt::KeepAspectRatio)));
+  drag->exec(Qt::CopyAction);
+}
+
+QMimeData* frmMain::PictureToHandOut() {
   SettleImage();
-  if (!document_.CurrentImage()) return;
+  if (!document_.CurrentImage()) return nullptr;
   const QRect selection = SelectionPixels();
   const imaging::Image& image = *document_.CurrentImage();
-  auto* copied = new QMimeData;
-  copied->setImageData((selection.isEmpty() ? image : imaging::ops::Crop(image, selection)).ToQImage().copy());
+  auto* picture = new QMimeData;
+  picture->setImageData((selection.isEmpty() ? image : imaging::ops::Crop(image, selection)).ToQImage().copy());
   const QString file = document_.CurrentFilePath();
-  if (selection.isEmpty() && !document_.IsChanged() && !file.isEmpty()) copied->setUrls({QUrl::fromLocalFile(file)});
-  QGuiApplication::clipboard()->setMimeData(copied);
+  if (selection.isEmpty() && !document_.IsChanged() && !file.isEmpty()) picture->setUrls({QUrl::fromLocalFile(file)});
+  return picture;
 }
 
 // Edit > Copy Path: the file's full path as text.

@@ -85,6 +85,7 @@ void RunFullScreenView(view::frmFull& full) {
 void frmMain::ConnectViewport() {
   using view::Viewport;
   connect(picFondo_, &Viewport::FullScreenRequested, this, [this] { RunFullScreen(true); });
+  connect(picFondo_, &Viewport::DragOutRequested, this, [this] { DragPictureOut(); });
   connect(picFondo_, &Viewport::ZoomStepRequested, this, [this](int direction) {
     commands_.Get(QLatin1String(direction > 0 ? "mnuViewZoomIn" : "mnuViewZoomOut"))->trigger();
   });

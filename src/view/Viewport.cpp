@@ -342,12 +342,27 @@ bool Viewport::eventFilter(QObject* watched, QEvent* event) {
     if (mouse->button() == Qt::BackButton) Q_EMIT StepRequested(-1);
     if (mouse->button() == Qt::ForwardButton) Q_EMIT StepRequested(1);
     if (mouse->button() == Qt::MiddleButton) panFrom_ = middlePressedAt_ = mouse->globalPosition().toPoint();
+    if (mouse->button() == Qt::LeftButton && (mouse->modifiers() & Qt::ControlModifier) && image_) {
+      dragOutFrom_ = mouse->globalPosition().toPoint();
+      return true;  // not the start of a selection
+    }
   } else if (event->type() == QEvent::MouseButtonRelease) {
     const auto* mouse = static_cast<QMouseEvent*>(event);
+    if (mouse->button() == Qt::LeftButton && dragOutFrom_) {
+      dragOutFrom_.reset();
+      return true;
+    }
     const QPoint moved = mouse->globalPosition().toPoint() - middlePressedAt_;
     if (mouse->button() == Qt::MiddleButton && moved.manhattanLength() < QApplication::startDragDistance()) Q_EMIT FullScreenRequested();
   } else if (event->type() == QEvent::MouseMove) {
     const auto* mouse = static_cast<QMouseEvent*>(event);
+    if (dragOutFrom_) {
+      if ((mouse->globalPosition().toPoint() - *dragOutFrom_).manhattanLength() >= QApplication::startDragDistance()) {
+        dragOutFrom_.reset();
+        Q_EMIT DragOutRequested();
+      }
+      return true;
+    }
     if (mouse->buttons() & Qt::MiddleButton) {
       const QPoint now = mouse->globalPosition().toPoint();
       hscImagen_->setValue(hscImagen_->value() - (now.x() - panFrom_.x()));

@@ -87,6 +87,8 @@ class Viewport : public QWidget {
   // The zoom percentage changed (a command, or Always Fit after a resize).
   void ZoomChanged(int percentage);
   void FullScreenRequested();
+  // Ctrl and a drag of the left button: the picture goes out to another program.
+  void DragOutRequested();
   // The panel's new size in device pixels.
   void Resized(QSize size);
   // Ctrl+wheel: +1 zooms in, -1 out (the View menu's commands).
@@ -137,6 +139,7 @@ class Viewport : public QWidget {
   QPointF pressedAt_;  // where the left button went down, in the control's pixels
   QPoint panFrom_;
   QPoint middlePressedAt_;  // a middle click that does not pan shows the picture full screen
+  std::optional<QPoint> dragOutFrom_;  // where Ctrl and the left button went down
   int wheelTurned_ = 0;  // eighths of a degree not yet acted on  // the middle button's last position, while panning
   DragRectangle drag_;
 };

@@ -10,6 +10,7 @@
 #include <QFileInfo>
 #include <QMenu>
 #include <QScrollBar>
+#include <QSignalSpy>
 #include <QToolBar>
 #include <QToolButton>
 #include <QTreeView>
@@ -147,6 +148,16 @@ TEST_F(frmMainViewTest, TheMouseButtonsStepTheWheelDoesWhatOptionsSayAndTheMiddl
   window_->SetFullScreenRunner([&](view::frmFull&) { ++fullScreens; });
   QTest::mouseClick(Canvas(), Qt::MiddleButton, {}, QPoint(300, 300));
   EXPECT_EQ(fullScreens, 1);
+  // Ctrl and a drag of the left button hand the picture out instead of selecting (the drag
+  // itself, a loop of the platform's, is left out here).
+  QObject::disconnect(&View(), &view::Viewport::DragOutRequested, nullptr, nullptr);
+  QSignalSpy handedOut(&View(), &view::Viewport::DragOutRequested);
+  QTest::mousePress(Canvas(), Qt::LeftButton, Qt::ControlModifier, QPoint(100, 100));
+  QMouseEvent drag(QEvent::MouseMove, QPointF(160, 140), Canvas()->mapToGlobal(QPointF(160, 140)), Qt::NoButton, Qt::LeftButton,
+                   Qt::ControlModifier);
+  QApplication::sendEvent(Canvas(), &drag);
+  QTest::mouseRelease(Canvas(), Qt::LeftButton, Qt::ControlModifier, QPoint(160, 140));
+  EXPECT_EQ(std::pair(int(handedOut.count()), View().Selection().Exists()), std::pair(1, false));
   // Options can have the wheel zoom, or step through the folder (turned down: the next).
   window_->State().Settings.WheelAction = 1;
   wheel(Qt::NoModifier, 120);
