@@ -603,7 +603,7 @@ Möchten Sie die Datei ersetzen?</translation>
     </message>
     <message>
         <source>&amp;Manage colours (the picture&apos;s profile and the screen&apos;s)</source>
-        <translation>Farben &amp;verwalten (Profil des Bildes und des Bildschirms)</translation>
+        <translation>&amp;Farben verwalten (Profil des Bildes und des Bildschirms)</translation>
     </message>
     <message>
         <source>Relative colorimetric</source>
@@ -672,6 +672,34 @@ Möchten Sie die Datei ersetzen?</translation>
     <message>
         <source>&amp;Disable list of recent folders</source>
         <translation>Liste der zuletzt geöffneten Ordner &amp;deaktivieren</translation>
+    </message>
+    <message>
+        <source>name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>date taken</source>
+        <translation>Aufnahmedatum</translation>
+    </message>
+    <message>
+        <source>date modified</source>
+        <translation>Änderungsdatum</translation>
+    </message>
+    <message>
+        <source>size</source>
+        <translation>Größe</translation>
+    </message>
+    <message>
+        <source>type</source>
+        <translation>Typ</translation>
+    </message>
+    <message>
+        <source>&amp;descending</source>
+        <translation>&amp;absteigend</translation>
+    </message>
+    <message>
+        <source>Sort the &amp;list by</source>
+        <translation>&amp;Liste sortieren nach</translation>
     </message>
 </context>
 <context>

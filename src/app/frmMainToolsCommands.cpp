@@ -37,6 +37,7 @@ void frmMain::RunOptions() {
   app::frmOptions options(state_.Settings, {shell::FolderEntryExists, shell::SetFolderEntry, shell::FolderEntryUnavailable()},
                               chooseColour_, this);
   options.SetScreenProfileInUse(screenColour_.InUse());
+  const std::pair sortedBefore(int(state_.Settings.SortOrder), bool(state_.Settings.SortDescending));
   const bool accepted = runOptions_(options) == QDialog::Accepted;
   QCoreApplication::processEvents();  // the dialog's area is drawn again before the busy work
   if (!accepted) return;
@@ -48,6 +49,9 @@ void frmMain::RunOptions() {
     ShowThumbnails();
   }
   if (options.ViewBarsChanged()) LayOut();
+  if (std::pair(int(state_.Settings.SortOrder), bool(state_.Settings.SortDescending)) != sortedBefore) {
+    SortListBy(state_.Settings.SortOrder, state_.Settings.SortDescending);
+  }
   if (state_.Settings.FitToWindow && document_.ImageLoaded()) ZoomTo(picFondo_->FitPercentage(), view::Pending::None);
   commands_.Refresh();
 }

@@ -109,7 +109,23 @@ QWidget* frmOptions::ViewPage() {
   label->setBuddy(cboWheel_);
   row->addWidget(label);
   row->addWidget(cboWheel_, 1);
-  return Page(2, {chkViewToolbar_, chkViewStatusBar_, chkEnlarge_, wheel, ColourGroup()});
+  return Page(2, {chkViewToolbar_, chkViewStatusBar_, chkEnlarge_, wheel, SortRow(), ColourGroup()});
+}
+
+// The list's order, as View > Sort By sets it.
+QWidget* frmOptions::SortRow() {
+  auto* sort = new QWidget;
+  auto* row = new QHBoxLayout(sort);
+  row->setContentsMargins(0, 0, 0, 0);
+  cboSort_ = Named(new QComboBox, QStringLiteral("cboSort"));
+  cboSort_->addItems({tr("name"), tr("date taken"), tr("date modified"), tr("size"), tr("type")});
+  chkSortDescending_ = Named(new QCheckBox(tr("&descending")), QStringLiteral("chkSortDescending"));
+  auto* label = new QLabel(tr("Sort the &list by"));
+  label->setBuddy(cboSort_);
+  row->addWidget(label);
+  row->addWidget(cboSort_, 1);
+  row->addWidget(chkSortDescending_);
+  return sort;
 }
 
 // The pictures' colours: managed or not, the intent, the screen profile in use and the file
@@ -188,6 +204,8 @@ void frmOptions::Load() {
   chkViewStatusBar_->setChecked(s.ShowStatusBar);
   chkEnlarge_->setChecked(s.EnlargeSmallImages);
   cboWheel_->setCurrentIndex(std::clamp(int(s.WheelAction), 0, 2));
+  cboSort_->setCurrentIndex(std::clamp(int(s.SortOrder), 0, 4));
+  chkSortDescending_->setChecked(s.SortDescending);
   chkColourManaged_->setChecked(s.ColourManaged);
   cboIntent_->setCurrentIndex(s.PerceptualIntent ? 1 : 0);
   txtScreenProfile_->setText(s.ScreenProfileFile);
@@ -219,10 +237,11 @@ void frmOptions::Restore() {
   chkViewToolbar_->setChecked(true);
   chkViewStatusBar_->setChecked(true);
   cboWheel_->setCurrentIndex(0);
+  cboSort_->setCurrentIndex(0);
   viewBarsChanged_ = true;
   for (int i = 0; i < 3; ++i) SetSwatch(i, kDefaultColours[i]);
   thumbColorChanged_ = true;
-  for (QCheckBox* box : {chkReciente_, chkConfirma_, chkExplorer_, chkEnlarge_, chkClassicTypes_}) box->setChecked(false);
+  for (QCheckBox* box : {chkReciente_, chkConfirma_, chkExplorer_, chkEnlarge_, chkClassicTypes_, chkSortDescending_}) box->setChecked(false);
   chkColourManaged_->setChecked(true);
   cboIntent_->setCurrentIndex(0);
   txtScreenProfile_->clear();
@@ -237,6 +256,8 @@ void frmOptions::Accept() {
   s.ShowStatusBar = chkViewStatusBar_->isChecked();
   s.EnlargeSmallImages = chkEnlarge_->isChecked();
   s.WheelAction = cboWheel_->currentIndex();
+  s.SortOrder = cboSort_->currentIndex();
+  s.SortDescending = chkSortDescending_->isChecked();
   s.ColourManaged = chkColourManaged_->isChecked();
   s.PerceptualIntent = cboIntent_->currentIndex() == 1;
   s.ScreenProfileFile = txtScreenProfile_->text().trimmed();

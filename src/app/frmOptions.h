@@ -54,6 +54,7 @@ class frmOptions : public QDialog {
   QWidget* OpenFolderPage();
   QWidget* ViewPage();
   QWidget* ColourGroup();
+  QWidget* SortRow();
   QWidget* ColoursPage();
   QWidget* GeneralPage();
   void Load();
@@ -73,6 +74,8 @@ class frmOptions : public QDialog {
   QCheckBox* chkViewStatusBar_ = nullptr;
   QCheckBox* chkEnlarge_ = nullptr;
   QComboBox* cboWheel_ = nullptr;
+  QComboBox* cboSort_ = nullptr;
+  QCheckBox* chkSortDescending_ = nullptr;
   QCheckBox* chkClassicTypes_ = nullptr;
   QCheckBox* chkColourManaged_ = nullptr;
   QComboBox* cboIntent_ = nullptr;

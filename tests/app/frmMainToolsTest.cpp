@@ -117,7 +117,7 @@ TEST_F(frmMainToolsTest, OptionsTakeEffectAtOnceAndRestoreGivesTheDefaults) {
   window_->SetColourChooser([](QWidget*, const QColor&) { return std::optional<QColor>(QColor(200, 10, 20)); });
   runOptions([&](app::frmOptions& o) {
     for (const char* name : {"cmdSelect(0)", "chkViewToolbar", "chkViewStatusBar", "chkReciente", "chkConfirma", "optInicio(2)",
-                             "chkEnlarge"}) {
+                             "chkEnlarge", "chkSortDescending"}) {
       click(o, name);
     }
   }, "cmdAceptar");
@@ -129,10 +129,11 @@ TEST_F(frmMainToolsTest, OptionsTakeEffectAtOnceAndRestoreGivesTheDefaults) {
   EXPECT_TRUE(now.RecentFolders[0].isEmpty());
   EXPECT_EQ(std::tuple(now.StartOption, now.ConfirmDelete, now.RecentEnabled), std::tuple(2, false, false));
   EXPECT_GT(window_->ImageView().Percentage(), 100);
+  EXPECT_EQ(window_->ListModel().Entry(0).FileName, QStringLiteral("b.png"));  // the list turned round at once
   runOptions([&](app::frmOptions& o) { click(o, "cmdInicio"); }, "cmdAceptar");
   const auto options = [](const settings::SettingsStore& s) {
     return std::tuple(s.StartOption, s.ImageExtensionsOnly, s.ShowToolbar, s.ShowStatusBar, s.ColorImage,
-                      s.ColorThumbnails, s.ColorFullScreen, s.ConfirmDelete, s.RecentEnabled, s.EnlargeSmallImages);
+                      s.ColorThumbnails, s.ColorFullScreen, s.ConfirmDelete, s.RecentEnabled, s.EnlargeSmallImages, s.SortDescending);
   };
   EXPECT_EQ(options(now), options(settings::DefaultSettings({})));
   EXPECT_TRUE(Child<QWidget>("ctlToolbar")->isVisible());
