@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # The whole program under Xvfb, as a new user would try it:
 # `vistrel <folder>` opens a window; File > Exit writes the settings file;
-# with StartOption 1 a second start reopens that folder.
+# with StartOption 1 a second start reopens that folder; on a German desktop it speaks German.
 # Usage: startup_shutdown.sh PATH_TO_VISTREL SAMPLES_FOLDER
 set -euo pipefail
 binary=$1
@@ -45,4 +45,18 @@ latin1="$work/caf"$'\xe9'".png"
 cp "$(ls "$work/My Pictures/"*.png | head -n 1)" "$latin1"
 run_and_exit "$work/vistrel" "$latin1" || fail "a Latin-1 file name did not open and close (exit $?)"
 [ "$(entry File 1)" = "1" ] || fail "a Latin-1 file name was not opened (LastOpenKind '$(entry File 1)')"
+# On a German desktop the program speaks German: File > Properties opens "Eigenschaften".
+LC_ALL=de_DE.UTF-8 LANGUAGE= xvfb-run -a -s '-screen 0 1280x800x24' bash -c "$e2e_helpers"'
+  "$1" "$2" 2>/dev/null &
+  pid=$!
+  wid=$(timeout 20 xdotool search --sync --onlyvisible --name "Vistrel$" | head -n 1) || { kill $pid; exit 3; }
+  for _ in $(seq 20); do
+    xdotool windowfocus --sync "$wid" key --clearmodifiers alt+Return 2>/dev/null
+    props=$(timeout 1 xdotool search --sync --onlyvisible --name "^Eigenschaften$" | head -n 1) && break
+  done
+  [ -n "${props:-}" ] || { kill $pid; exit 5; }
+  xdotool windowfocus --sync "$props" key Escape
+  until_gone "^Eigenschaften$" || { kill $pid; exit 6; }
+  exit_program "$wid" $pid || { kill $pid; exit 4; }
+  wait $pid' _ "$work/vistrel" "$latin1" || fail "the German Properties window did not come and go (exit $?)"
 echo "e2e startup/shutdown: 1 passed, 0 failed"
