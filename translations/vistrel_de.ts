@@ -1207,7 +1207,7 @@ Möchten Sie die Datei ersetzen?</translation>
     </message>
     <message>
         <source>Rotate Left</source>
-        <translation>Nach links drehen</translation>
+        <translation>Links drehen</translation>
     </message>
     <message>
         <source>Rotate Righ&amp;t</source>
@@ -1215,7 +1215,7 @@ Möchten Sie die Datei ersetzen?</translation>
     </message>
     <message>
         <source>Rotate Right</source>
-        <translation>Nach rechts drehen</translation>
+        <translation>Rechts drehen</translation>
     </message>
     <message>
         <source>Flip &amp;Horizontal</source>
