@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <QLibraryInfo>
 #include <QTranslator>
 
@@ -18,7 +19,7 @@ QString LanguageOf(const QString& uiLanguage) { return uiLanguage.section(u'-', 
 QStringList TranslatedLanguages() {
   QStringList languages;
   for (const QString& file : QDir(kBuiltIn).entryList({QStringLiteral("vistrel_*.qm")})) {
-    languages << file.mid(8, file.size() - 8 - 3);
+    languages << QFileInfo(file).completeBaseName().section(u'_', 1);  // "vistrel_de.qm": "de"
   }
   return languages;
 }
