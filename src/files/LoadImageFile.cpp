@@ -57,9 +57,14 @@ void LoadQuickPictures(const QString& path, QSize box, const base::ScreenMetrics
   const auto size = imaging::ReadImageSizeCheaply(path);
   if (!size || qint64(size->width()) * size->height() <= 4 * qint64(screen.width()) * screen.height()) return;
   const auto natural = base::NaturalSize::FromPixels(size->width(), size->height(), metrics);
-  if (auto glimpse = imaging::ReadEmbeddedPreview(path); glimpse && !deliver({std::move(*glimpse), natural})) return;
+  auto glimpse = imaging::ReadEmbeddedPreview(path);
+  if (!glimpse) glimpse = imaging::LoadDctGlimpse(path);
+  if (glimpse && !deliver({std::move(*glimpse), natural})) return;
   box = box.isEmpty() ? screen / 2 : box.boundedTo(screen);
-  if (auto fitted = imaging::LoadFitting(path, std::max(1, box.width()), std::max(1, box.height()))) deliver({std::move(*fitted), natural});
+  const int width = std::max(1, box.width()), height = std::max(1, box.height());
+  auto fitted = imaging::LoadDctFitting(path, width, height);
+  if (!fitted) fitted = imaging::LoadFitting(path, width, height);
+  if (fitted) deliver({std::move(*fitted), natural});
 }
 
 }  // namespace files

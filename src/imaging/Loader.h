@@ -60,6 +60,13 @@ struct FittingLoad {
 };
 std::optional<Image> LoadFitting(const QString& path, int maxWidth, int maxHeight, FittingLoad* facts = nullptr);
 
+// The quick pictures of a large JPEG while the whole one is read, upright and in the file's
+// colours, by the JPEG's own DCT scaling; nullopt for any other file. The glimpse is an
+// eighth of the size, the first pixels in about a third of a whole decode; the fitting one
+// is shrunk on load as far as it still covers the box, then reduced to fit it.
+std::optional<Image> LoadDctGlimpse(const QString& path);
+std::optional<Image> LoadDctFitting(const QString& path, int maxWidth, int maxHeight);
+
 // The small picture a camera keeps in a JPEG's EXIF, upright: a first glimpse while the
 // photo itself is decoded. nullopt when there is none, or its proportions are not the photo's.
 std::optional<Image> ReadEmbeddedPreview(const QString& path);

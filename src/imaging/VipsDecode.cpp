@@ -41,21 +41,48 @@ std::optional<vips::VImage> OpenUpright(const QString& path) {
   return image;
 }
 
-// libvips' thumbnail turns CMYK into sRGB a way of its own; a CMYK picture is reduced after
-// the same transform a whole decode makes (a JPEG shrunk on load by up to 8 first).
-std::optional<Image> DecodeCmykFitting(const vips::VImage& header, const QString& path, int maxWidth, int maxHeight) {
+bool IsJpeg(const vips::VImage& header) {
   const char* loader = nullptr;
   const bool jpeg = vips_image_get_string(header.get_image(), "vips-loader", &loader) == 0 && loader &&
                     std::string_view(loader).starts_with("jpeg");
   vips_error_clear();
-  const int ratio = std::min(header.width() / maxWidth, header.height() / maxHeight);
+  return jpeg;
+}
+
+// The deepest shrink on load (1, 2, 4 or 8; only a JPEG has one, done by its DCT) that
+// keeps the upright picture at least as large as the box.
+int ShrinkCovering(const vips::VImage& header, int maxWidth, int maxHeight) {
+  if (!IsJpeg(header)) return 1;
+  const bool swapped = vips_image_get_orientation_swap(header.get_image());
+  const int width = swapped ? header.height() : header.width();
+  const int height = swapped ? header.width() : header.height();
+  const int ratio = std::min(width / std::max(1, maxWidth), height / std::max(1, maxHeight));
   int shrink = 1;
-  while (jpeg && shrink < 8 && shrink * 2 <= ratio) shrink *= 2;
+  while (shrink < 8 && shrink * 2 <= ratio) shrink *= 2;
+  return shrink;
+}
+
+// The whole file decoded with a shrink on load, upright, in its stated colours.
+Image DecodeShrunk(const QString& path, int shrink) {
   const vips::VSource source = SourceOf(path);  // first: the options are freed only by the call
-  vips::VImage decoded = vips::VImage::new_from_source(source, "", jpeg ? vips::VImage::option()->set("shrink", shrink)
-                                                                           : vips::VImage::option());
+  vips::VImage decoded = vips::VImage::new_from_source(
+      source, "", shrink > 1 ? vips::VImage::option()->set("shrink", shrink) : vips::VImage::option());
   if (vips_image_get_orientation(decoded.get_image()) > 1) decoded = decoded.autorot();
-  return Wrap(decoded).FitWithin(maxWidth, maxHeight);
+  return Wrap(WithStatedColours(decoded, path));
+}
+
+// A JPEG's picture shrunk on load by its DCT, `shrink` of it, or nullopt for another file.
+template <typename Shrink>
+std::optional<Image> DecodeJpegShrunk(const QString& path, Shrink shrinkOf) {
+  Initialize();
+  try {
+    const auto header = OpenChecked(path);
+    if (!header || !IsJpeg(*header)) return std::nullopt;
+    return DecodeShrunk(path, shrinkOf(*header));
+  } catch (const vips::VError&) {
+    vips_error_clear();
+    return std::nullopt;
+  }
 }
 
 }  // namespace
@@ -66,7 +93,8 @@ std::optional<Image> DecodeWithVips(const QString& path, int maxWidth, int maxHe
     const auto image = OpenChecked(path, page);
     if (!image) return std::nullopt;
     if (maxWidth > 0 && maxHeight > 0 && image->interpretation() == VIPS_INTERPRETATION_CMYK) {
-      return DecodeCmykFitting(*image, path, maxWidth, maxHeight);
+      // libvips' thumbnail turns CMYK into sRGB a way of its own: this is the whole decode's.
+      return DecodeShrunk(path, ShrinkCovering(*image, maxWidth, maxHeight)).FitWithin(maxWidth, maxHeight);
     }
     if (maxWidth > 0 && maxHeight > 0) {
       const vips::VSource source = SourceOf(path);  // first: the options are freed only by the call
@@ -82,6 +110,16 @@ std::optional<Image> DecodeWithVips(const QString& path, int maxWidth, int maxHe
     vips_error_clear();
     return std::nullopt;
   }
+}
+
+std::optional<Image> LoadDctGlimpse(const QString& path) {
+  return DecodeJpegShrunk(path, [](const vips::VImage&) { return 8; });
+}
+
+std::optional<Image> LoadDctFitting(const QString& path, int maxWidth, int maxHeight) {
+  const auto shrunk = DecodeJpegShrunk(path, [&](const vips::VImage& header) { return ShrinkCovering(header, maxWidth, maxHeight); });
+  if (!shrunk) return std::nullopt;
+  return shrunk->FitWithin(maxWidth, maxHeight);
 }
 
 std::optional<Image> OpenWithVipsInOrder(const QString& path) {
