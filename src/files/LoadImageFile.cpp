@@ -61,10 +61,9 @@ void LoadQuickPictures(const QString& path, QSize box, const base::ScreenMetrics
   if (!glimpse) glimpse = imaging::LoadDctGlimpse(path);
   if (glimpse && !deliver({std::move(*glimpse), natural})) return;
   box = box.isEmpty() ? screen / 2 : box.boundedTo(screen);
-  const int width = std::max(1, box.width()), height = std::max(1, box.height());
-  auto fitted = imaging::LoadDctFitting(path, width, height);
-  if (!fitted) fitted = imaging::LoadFitting(path, width, height);
-  if (fitted) deliver({std::move(*fitted), natural});
+  if (auto fitted = imaging::LoadFitting(path, std::max(1, box.width()), std::max(1, box.height()))) {
+    deliver({std::move(*fitted), natural});
+  }
 }
 
 }  // namespace files

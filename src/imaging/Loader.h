@@ -53,19 +53,16 @@ SourceFacts ReadSourceFacts(const QString& path);
 SourceFacts ReadPageFacts(const QString& path);
 
 // Decodes at a reduced size, fitting within the box, using shrink-on-load where the
-// format has it (JPEG, WebP, HEIF), for thumbnails and fitted display.
+// format has it (JPEG by its DCT, WebP, HEIF), for thumbnails and fitted display.
 struct FittingLoad {
   QSize Original;         // the upright size before fitting
   bool TimedOut = false;  // the decoder ran out of time: the machine was busy, the file may be fine
 };
 std::optional<Image> LoadFitting(const QString& path, int maxWidth, int maxHeight, FittingLoad* facts = nullptr);
 
-// The quick pictures of a large JPEG while the whole one is read, upright and in the file's
-// colours, by the JPEG's own DCT scaling; nullopt for any other file. The glimpse is an
-// eighth of the size, the first pixels in about a third of a whole decode; the fitting one
-// is shrunk on load as far as it still covers the box, then reduced to fit it.
+// A JPEG decoded at an eighth of its size by its DCT, upright and in its colours: the first
+// pixels of a large photo, in about a third of a whole decode. nullopt for any other file.
 std::optional<Image> LoadDctGlimpse(const QString& path);
-std::optional<Image> LoadDctFitting(const QString& path, int maxWidth, int maxHeight);
 
 // The small picture a camera keeps in a JPEG's EXIF, upright: a first glimpse while the
 // photo itself is decoded. nullopt when there is none, or its proportions are not the photo's.

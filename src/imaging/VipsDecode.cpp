@@ -50,15 +50,15 @@ bool IsJpeg(const vips::VImage& header) {
 }
 
 // The deepest shrink on load (1, 2, 4 or 8; only a JPEG has one, done by its DCT) that
-// keeps the upright picture at least as large as the box.
+// still covers the picture fitted within the box.
 int ShrinkCovering(const vips::VImage& header, int maxWidth, int maxHeight) {
   if (!IsJpeg(header)) return 1;
   const bool swapped = vips_image_get_orientation_swap(header.get_image());
-  const int width = swapped ? header.height() : header.width();
-  const int height = swapped ? header.width() : header.height();
-  const int ratio = std::min(width / std::max(1, maxWidth), height / std::max(1, maxHeight));
+  const double width = swapped ? header.height() : header.width();
+  const double height = swapped ? header.width() : header.height();
+  const double scale = std::min(maxWidth / width, maxHeight / height);
   int shrink = 1;
-  while (shrink < 8 && shrink * 2 <= ratio) shrink *= 2;
+  while (shrink < 8 && shrink * 2 * scale <= 1) shrink *= 2;
   return shrink;
 }
 
@@ -71,20 +71,6 @@ Image DecodeShrunk(const QString& path, int shrink) {
   return Wrap(WithStatedColours(decoded, path));
 }
 
-// A JPEG's picture shrunk on load by its DCT, `shrink` of it, or nullopt for another file.
-template <typename Shrink>
-std::optional<Image> DecodeJpegShrunk(const QString& path, Shrink shrinkOf) {
-  Initialize();
-  try {
-    const auto header = OpenChecked(path);
-    if (!header || !IsJpeg(*header)) return std::nullopt;
-    return DecodeShrunk(path, shrinkOf(*header));
-  } catch (const vips::VError&) {
-    vips_error_clear();
-    return std::nullopt;
-  }
-}
-
 }  // namespace
 
 std::optional<Image> DecodeWithVips(const QString& path, int maxWidth, int maxHeight, bool onWhite, int page) {
@@ -92,8 +78,10 @@ std::optional<Image> DecodeWithVips(const QString& path, int maxWidth, int maxHe
   try {
     const auto image = OpenChecked(path, page);
     if (!image) return std::nullopt;
-    if (maxWidth > 0 && maxHeight > 0 && image->interpretation() == VIPS_INTERPRETATION_CMYK) {
-      // libvips' thumbnail turns CMYK into sRGB a way of its own: this is the whole decode's.
+    // A JPEG is shrunk by its DCT as far as still covers the fitted picture, then reduced:
+    // libvips' thumbnail leaves twice that, so a 12 MP photo for a 1920 box is decoded whole.
+    // CMYK takes the whole decode's transform to sRGB rather than the thumbnail's own.
+    if (maxWidth > 0 && maxHeight > 0 && (IsJpeg(*image) || image->interpretation() == VIPS_INTERPRETATION_CMYK)) {
       return DecodeShrunk(path, ShrinkCovering(*image, maxWidth, maxHeight)).FitWithin(maxWidth, maxHeight);
     }
     if (maxWidth > 0 && maxHeight > 0) {
@@ -113,13 +101,15 @@ std::optional<Image> DecodeWithVips(const QString& path, int maxWidth, int maxHe
 }
 
 std::optional<Image> LoadDctGlimpse(const QString& path) {
-  return DecodeJpegShrunk(path, [](const vips::VImage&) { return 8; });
-}
-
-std::optional<Image> LoadDctFitting(const QString& path, int maxWidth, int maxHeight) {
-  const auto shrunk = DecodeJpegShrunk(path, [&](const vips::VImage& header) { return ShrinkCovering(header, maxWidth, maxHeight); });
-  if (!shrunk) return std::nullopt;
-  return shrunk->FitWithin(maxWidth, maxHeight);
+  Initialize();
+  try {
+    const auto header = OpenChecked(path);
+    if (!header || !IsJpeg(*header)) return std::nullopt;
+    return DecodeShrunk(path, 8);
+  } catch (const vips::VError&) {
+    vips_error_clear();
+    return std::nullopt;
+  }
 }
 
 std::optional<Image> OpenWithVipsInOrder(const QString& path) {
