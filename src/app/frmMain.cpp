@@ -37,6 +37,7 @@ frmMain::frmMain(QString settingsPath, QWidget* parent)
       screenColour_(*this, state_.Settings) {
   setObjectName(QStringLiteral("frmMain"));
   setWindowTitle(QStringLiteral("Vistrel"));
+  document_.SetReadyCheck([this](const QString& path) { return prefetcher_.Holds(path); });
   widgets::InstallHelpWindow(this);
   BuildWidgets();
   DeclareCommands();

@@ -20,8 +20,8 @@ namespace document {
 
 namespace {
 
-// A read still going after this long (one from the prefetcher's store is done by then) makes
-// quick pictures beside it.
+// A read from the prefetcher's store still going after this long (it is usually done by
+// then) makes quick pictures beside it.
 constexpr int kHeadStartMs = 8;
 
 }  // namespace
@@ -168,10 +168,9 @@ void Document::ScanFolder() {
   WatchWhatIsOpen();
 }
 
-// The image is read on a worker. A read that takes longer than a few milliseconds shows
-// quick pictures as they come (when there are any) and keeps the window painted; a read
-// from the prefetcher's store finishes before anything repaints, so stepping through a
-// folder never flickers.
+// The image is read on a worker, with quick pictures made beside it (when there are any)
+// shown as they come while the window stays painted; a read from the prefetcher's store
+// finishes before anything repaints, so stepping through a folder never flickers.
 void Document::Load(const QString& path, int page) {
   image_.reset();
   natural_ = {};
@@ -185,7 +184,8 @@ void Document::Load(const QString& path, int page) {
   const QFuture<void> reading = QtConcurrent::run(&loading_, [&] {
     loaded = page == 0 ? loader_(path) : files::LoadImageFile(path, state_.Metrics, page);
   });
-  if (!loading_.waitForDone(kHeadStartMs) && page == 0) StartQuickPictures(path);
+  const bool atHand = ready_ && ready_(path);
+  if (page == 0 && (!atHand || !loading_.waitForDone(kHeadStartMs))) StartQuickPictures(path);
   if (!loading_.waitForDone(0)) {
     std::atomic_bool ignored{false};
     prompts_.WaitFor(reading, ignored);

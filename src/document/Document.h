@@ -116,6 +116,10 @@ class Document : public QObject {
                                          const files::QuickPictureSink& deliver)>;
   void SetQuickPictureLoader(QuickLoader quick) { quick_ = std::move(quick); }
   void SetQuickPictureBox(QSize box) { quickBox_ = box; }
+  // Whether the loader has a file's image at hand (the prefetcher's store). Such a read gets
+  // a head start before any quick picture, so stepping never flickers; any other read makes
+  // its quick pictures at once.
+  void SetReadyCheck(std::function<bool(const QString& path)> ready) { ready_ = std::move(ready); }
   void ClickEntry(int row);
   // Next and previous image, first and last: the list's selection moves and the entry
   // opens as a click on it would. Nothing beyond either end.
@@ -270,6 +274,7 @@ class Document : public QObject {
   Loader loader_;
   QuickLoader quick_ = files::LoadQuickPictures;
   QSize quickBox_;
+  std::function<bool(const QString& path)> ready_;
   quint64 readings_ = 0;  // counts the reads; a quick picture of an earlier one is not shown
   std::atomic<quint64> quickWanted_ = 0;  // the read whose quick pictures are still wanted
   QThreadPool loading_;       // the one thread that reads the image to show

@@ -46,6 +46,13 @@ std::optional<LoadedImage> Prefetcher::Take(const QString& path) {
   return decode_(path);
 }
 
+bool Prefetcher::Holds(const QString& path) const {
+  const std::lock_guard lock(mutex_);
+  const auto found = entries_.find(path);
+  if (found == entries_.end() || !found->second.Result.isFinished()) return false;
+  return !found->second.Result.result().OverBudget && Unchanged(found->second, path);
+}
+
 // On the worker: the header first, so an image over its share of the budget is never decoded.
 Prefetcher::Outcome Prefetcher::DecodeWithin(const QString& path, qint64 share) const {
   if (const auto size = imaging::ReadImageSizeCheaply(path); size && DecodedBytes(*size) > share) return {true, {}};

@@ -33,6 +33,9 @@ class Prefetcher {
   Prefetcher& operator=(const Prefetcher&) = delete;
 
   std::optional<LoadedImage> Take(const QString& path);
+  // Whether Take would hand this file over at once: its prefetch is done, within the budget,
+  // and the file unchanged since.
+  bool Holds(const QString& path) const;
   // Decodes these files ahead, nearest first, each within an equal share of the budget;
   // forgets every other prefetched image.
   void Prefetch(const QStringList& paths);

@@ -186,8 +186,8 @@ TEST_F(DocumentTest, AnEntryThatFailsToOpenSaysSoAndStaysCurrent) {
 }
 
 // A read that takes a while shows the quick pictures as they come and keeps the window
-// alive; one that comes after the image is dropped, and a quick read goes straight to the
-// image.
+// alive; one that comes after the image is dropped, and a read of an image the loader has
+// at hand goes straight to the image.
 TEST_F(DocumentTest, ASlowReadShowsItsQuickPicturesFirst) {
   const QString file = folder_.WritePng(QStringLiteral("big.png"), 40, 30);
   const std::pair<int, QStringList> cases[] = {{400, {"quick 2 of 600", "quick 4 of 600", "image 40"}},
@@ -198,6 +198,7 @@ TEST_F(DocumentTest, ASlowReadShowsItsQuickPicturesFirst) {
       QThread::msleep(static_cast<unsigned long>(readMs));
       return files::LoadImageFile(path, state_.Metrics);
     });
+    document.SetReadyCheck([readMs = readMs](const QString&) { return readMs == 0; });
     document.SetQuickPictureLoader([](const QString&, QSize, const base::ScreenMetrics&, const files::QuickPictureSink& deliver) {
       const auto red = [](int width, int height) { return testing_support::Painted(width, height, [](int, int) { return QColor(Qt::red); }); };
       deliver({red(2, 1), {600, 450}});

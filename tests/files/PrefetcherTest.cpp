@@ -36,6 +36,7 @@ TEST_F(PrefetcherTest, APrefetchedFileIsHandedOverWithoutASecondDecodeUnlessItCh
   prefetcher.Prefetch({next});
   prefetcher.WaitForIdle();
   EXPECT_EQ(decodes_, 1);
+  EXPECT_TRUE(prefetcher.Holds(next));
   const auto loaded = prefetcher.Take(next);
   ASSERT_TRUE(loaded);
   EXPECT_EQ(loaded->Picture.Width(), 30);
@@ -44,6 +45,7 @@ TEST_F(PrefetcherTest, APrefetchedFileIsHandedOverWithoutASecondDecodeUnlessItCh
   prefetcher.Prefetch({next});  // a file changed after its prefetch is decoded again
   prefetcher.WaitForIdle();
   QImage(12, 9, QImage::Format_RGB32).save(next, "PNG");  // another size, so another file length
+  EXPECT_FALSE(prefetcher.Holds(next));
   const auto changed = prefetcher.Take(next);
   ASSERT_TRUE(changed);
   EXPECT_EQ(changed->Picture.Width(), 12);
@@ -82,6 +84,7 @@ TEST_F(PrefetcherTest, AnImageOverItsShareOfTheBudgetIsNeverDecodedAhead) {
   prefetcher.Prefetch({big});
   prefetcher.WaitForIdle();
   EXPECT_EQ(decodes_, 0);
+  EXPECT_FALSE(prefetcher.Holds(big));
   EXPECT_TRUE(prefetcher.Take(big));
   EXPECT_EQ(decodes_, 1);
 }
