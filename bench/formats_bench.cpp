@@ -3,7 +3,8 @@
 // read), next to `vipsthumbnail` making a picture of the window's size of the same file
 // (for the RAW, of the JPEG preview it holds, which is what the window shows first).
 // The RAW is a 24-megapixel DNG made by independent tools, with the 24-megapixel JPEG
-// embedded as its preview, as cameras of today store one.
+// embedded as its preview, as cameras of today store one. A phone's 12-megapixel HEIC with
+// its own 320-pixel thumbnail (written by libheif's encoder, as phones write one) is timed alike.
 // Usage: bench_formats SOURCE_PHOTO (the files are made once and kept in the cache)
 #include "BenchClock.h"
 #include "BenchCommand.h"
@@ -25,9 +26,13 @@ namespace {
 
 bool MakeFiles(const QString& source, const QString& folder) {
   const QString photo = folder + QStringLiteral("/24mp.jpg");
+  const QString phone = folder + QStringLiteral("/phone.png");
   return bench::Make24MegapixelJpeg(source, photo) &&
          bench::RunCommand(QStringLiteral("vips"), {"copy", photo, folder + QStringLiteral("/24mp.heic[Q=50]")}) &&
-         !testing_support::MakeDng(folder + QStringLiteral("/camera.dng"), {photo, 1, photo}).isEmpty();
+         !testing_support::MakeDng(folder + QStringLiteral("/camera.dng"), {photo, 1, photo}).isEmpty() &&
+         bench::RunCommand(QStringLiteral("convert"), {source, "-resize", "4032x3024!", phone}) &&
+         bench::RunCommand(QStringLiteral("heif-enc"), {"-t", "320", "-q", "50", phone, "-o", folder + QStringLiteral("/phone.heic")}) &&
+         QFile::remove(phone);
 }
 
 struct Opening {
@@ -77,18 +82,21 @@ int main(int argc, char** argv) {
   if (argc < 2) return 2;
   imaging::Initialize();
   const QString source = QString::fromLocal8Bit(argv[1]);
-  const QString cache = bench::CachedFiles(QStringLiteral("vistrel-bench-formats"), QStringLiteral("camera.dng"),
+  const QString cache = bench::CachedFiles(QStringLiteral("vistrel-bench-formats"), QStringLiteral("phone.heic"),
                                            [&source](const QString& folder) { return MakeFiles(source, folder); });
   if (cache.isEmpty()) return 1;
   bench::FittedWindow fitted;
   app::frmMain& window = fitted.window;
   const Opening heic = Open(window, cache + QStringLiteral("/24mp.heic"));
   const Opening raw = Open(window, cache + QStringLiteral("/camera.dng"));
+  const Opening phone = Open(window, cache + QStringLiteral("/phone.heic"));
   const double heicPeer = VipsThumbnailMs(cache + QStringLiteral("/24mp.heic"));
   const double rawPeer = VipsThumbnailMs(cache + QStringLiteral("/24mp.jpg"));
   bench::PrintFigure("open_24mp_heic_to_first_picture_painted", heic.FirstPictureMs, "ms");
   bench::PrintFigure("open_24mp_heic_to_whole_image", heic.WholeImageMs, "ms");
   bench::PrintFigure("vipsthumbnail_24mp_heic_to_window_size", heicPeer, "ms");
+  bench::PrintFigure("open_12mp_phone_heic_to_first_picture_painted", phone.FirstPictureMs, "ms");
+  bench::PrintFigure("open_12mp_phone_heic_to_whole_image", phone.WholeImageMs, "ms");
   bench::PrintFigure("open_raw_24mp_preview_to_first_picture_painted", raw.FirstPictureMs, "ms");
   bench::PrintFigure("open_raw_24mp_preview_to_whole_preview", raw.WholeImageMs, "ms");
   bench::PrintFigure("vipsthumbnail_24mp_preview_to_window_size", rawPeer, "ms");

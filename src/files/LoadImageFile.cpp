@@ -58,7 +58,7 @@ void LoadQuickPictures(const QString& path, QSize box, const base::ScreenMetrics
   if (!size || qint64(size->width()) * size->height() <= 4 * qint64(screen.width()) * screen.height()) return;
   const auto natural = base::NaturalSize::FromPixels(size->width(), size->height(), metrics);
   auto glimpse = imaging::ReadEmbeddedPreview(path);
-  if (!glimpse) glimpse = imaging::LoadDctGlimpse(path);
+  if (!glimpse) glimpse = imaging::LoadGlimpse(path);
   if (glimpse && !deliver({std::move(*glimpse), natural})) return;
   box = box.isEmpty() ? screen / 2 : box.boundedTo(screen);
   if (auto fitted = imaging::LoadFitting(path, std::max(1, box.width()), std::max(1, box.height()))) {

@@ -60,9 +60,10 @@ struct FittingLoad {
 };
 std::optional<Image> LoadFitting(const QString& path, int maxWidth, int maxHeight, FittingLoad* facts = nullptr);
 
-// A JPEG decoded at an eighth of its size by its DCT, upright and in its colours: the first
-// pixels of a large photo, in about a third of a whole decode. nullopt for any other file.
-std::optional<Image> LoadDctGlimpse(const QString& path);
+// The first pixels of a large picture while the whole one is read, upright and in its
+// colours: a JPEG decoded at an eighth of its size by its DCT (about a third of a whole
+// decode), a HEIF file's own thumbnail. nullopt for any other file, or a HEIF without one.
+std::optional<Image> LoadGlimpse(const QString& path);
 
 // The small picture a camera keeps in a JPEG's EXIF, upright: a first glimpse while the
 // photo itself is decoded. nullopt when there is none, or its proportions are not the photo's.

@@ -41,12 +41,24 @@ std::optional<vips::VImage> OpenUpright(const QString& path) {
   return image;
 }
 
-bool IsJpeg(const vips::VImage& header) {
+// Whether libvips reads the file with this loader ("jpeg", "heif"...).
+bool LoadedBy(const vips::VImage& header, std::string_view name) {
   const char* loader = nullptr;
-  const bool jpeg = vips_image_get_string(header.get_image(), "vips-loader", &loader) == 0 && loader &&
-                    std::string_view(loader).starts_with("jpeg");
+  const bool match = vips_image_get_string(header.get_image(), "vips-loader", &loader) == 0 && loader &&
+                     std::string_view(loader).starts_with(name);
   vips_error_clear();
-  return jpeg;
+  return match;
+}
+
+bool IsJpeg(const vips::VImage& header) { return LoadedBy(header, "jpeg"); }
+
+// The picture a HEIF file keeps beside its image (phones store one of about 320 pixels),
+// or nullopt when it keeps none: libvips then gives the whole image at its full size.
+std::optional<Image> HeifThumbnail(const QString& path, const vips::VImage& header) {
+  const vips::VSource source = SourceOf(path);  // first: the options are freed only by the call
+  const vips::VImage thumbnail = vips::VImage::new_from_source(source, "", vips::VImage::option()->set("thumbnail", true));
+  if (thumbnail.width() >= header.width()) return std::nullopt;
+  return Wrap(WithStatedColours(thumbnail, path));
 }
 
 // The deepest shrink on load (1, 2, 4 or 8; only a JPEG has one, done by its DCT) that
@@ -100,12 +112,14 @@ std::optional<Image> DecodeWithVips(const QString& path, int maxWidth, int maxHe
   }
 }
 
-std::optional<Image> LoadDctGlimpse(const QString& path) {
+std::optional<Image> LoadGlimpse(const QString& path) {
   Initialize();
   try {
     const auto header = OpenChecked(path);
-    if (!header || !IsJpeg(*header)) return std::nullopt;
-    return DecodeShrunk(path, 8);
+    if (!header) return std::nullopt;
+    if (IsJpeg(*header)) return DecodeShrunk(path, 8);
+    if (LoadedBy(*header, "heif")) return HeifThumbnail(path, *header);
+    return std::nullopt;
   } catch (const vips::VError&) {
     vips_error_clear();
     return std::nullopt;
