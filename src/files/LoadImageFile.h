@@ -33,8 +33,9 @@ std::optional<LoadedImage> DevelopRawFile(const QString& path, const base::Scree
 
 // Quick pictures of a large image to show while the whole one is read, each handed to
 // `deliver` as soon as it is made: a camera's EXIF thumbnail first, or else a JPEG decoded
-// at 1/8 scale or a HEIF file's thumbnail; then the image decoded straight at a fraction of its size (imaging::LoadFitting)
-// to fit `box`, the frame a fitted view shows in full quality. Each has the natural size of the whole image.
+// at 1/8 scale or a HEIF file's thumbnail; then the image decoded straight at a fraction of
+// its size (imaging::LoadFitting) to fit `box`, the frame a fitted view shows in full
+// quality. Each has the natural size of the whole image.
 // Nothing for an image not much larger than the screen, which is read in a moment anyway.
 using QuickPictureSink = std::function<bool(LoadedImage)>;  // false: no more are wanted
 void LoadQuickPictures(const QString& path, QSize box, const base::ScreenMetrics& metrics, const QuickPictureSink& deliver);
