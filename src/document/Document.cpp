@@ -20,9 +20,10 @@ namespace document {
 
 namespace {
 
-// A read from the prefetcher's store still going after this long (it is usually done by
-// then) makes quick pictures beside it.
-constexpr int kHeadStartMs = 8;
+// An image the prefetcher holds is handed over in well under a millisecond; only a hand-over
+// still going after this long (the store lost it in a race, a loaded machine) makes quick
+// pictures beside it.
+constexpr int kHandOverMs = 100;
 
 }  // namespace
 
@@ -185,7 +186,7 @@ void Document::Load(const QString& path, int page) {
     loaded = page == 0 ? loader_(path) : files::LoadImageFile(path, state_.Metrics, page);
   });
   const bool atHand = ready_ && ready_(path);
-  if (page == 0 && (!atHand || !loading_.waitForDone(kHeadStartMs))) StartQuickPictures(path);
+  if (page == 0 && (!atHand || !loading_.waitForDone(kHandOverMs))) StartQuickPictures(path);
   if (!loading_.waitForDone(0)) {
     std::atomic_bool ignored{false};
     prompts_.WaitFor(reading, ignored);
