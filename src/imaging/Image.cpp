@@ -16,14 +16,8 @@ namespace imaging {
 void Initialize() {
   static std::once_flag once;
   std::call_once(once, [] {
-    if (VIPS_INIT("vistrel") != 0) return;
-    vips_block_untrusted_set(TRUE);
-    // Today's types whose libraries libvips does not vouch for, but which users' folders
-    // hold: SVG (librsvg), JPEG XL (libjxl) and JPEG 2000 (OpenJPEG), read in process as
-    // browsers and desktops read them. Everything else untrusted stays blocked.
-    for (const char* coder : {"VipsForeignLoadSvg", "VipsForeignLoadJxl", "VipsForeignSaveJxl", "VipsForeignLoadJp2k"}) {
-      vips_operation_block_set(coder, FALSE);
-    }
+    if (StartVips() != 0) return;
+    TrustCoders();
     // The program keeps the images it decoded; libvips' operation cache would keep a
     // second copy of each (and answer repeated benchmark runs from memory).
     vips_cache_set_max(0);

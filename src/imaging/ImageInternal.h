@@ -87,6 +87,14 @@ vips::VImage ReduceTo(const vips::VImage& image, int width, int height);
 // vips::VError for anything else (a FIFO, a device), so no loader waits on one.
 vips::VSource SourceOf(const QString& path);
 
+// libvips started without its loadable modules (VipsModules.cpp), and the coders it may run.
+int StartVips();
+void TrustCoders();
+// The HEIF and JPEG XL coders, loaded once, when a saver or the file open on the descriptor
+// needs them.
+void LoadFormatModules();
+void LoadFormatModulesFor(int descriptor);
+
 // A decoded image normalised into memory in one pass (composited onto white when asked,
 // so no second full-size copy is made).
 Image Wrap(vips::VImage image, bool onWhite = false);

@@ -126,6 +126,7 @@ std::optional<VipsSaveSpec> VipsSaveSpecFor(const QString& ext, const SaveOption
   if (ext == "webp") {
     return VipsSaveSpec{.Suffix = ".webp", .Options = [qualityOptions] { return qualityOptions(vips::VImage::option()); }, .HoldsProfile = true};
   }
+  if (ext == "heic" || ext == "heif" || ext == "avif" || ext == "jxl") LoadFormatModules();
   if (ext == "heic" || ext == "heif" || ext == "avif") {
     const VipsForeignHeifCompression codec = ext == "avif" ? VIPS_FOREIGN_HEIF_COMPRESSION_AV1 : VIPS_FOREIGN_HEIF_COMPRESSION_HEVC;
     return VipsSaveSpec{.Suffix = ".heif",

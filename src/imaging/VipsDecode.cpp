@@ -15,6 +15,7 @@ namespace imaging {
 vips::VSource SourceOf(const QString& path) {
   const int descriptor = base::OpenRegularFile(path);
   if (descriptor < 0) throw vips::VError("not a regular file");
+  LoadFormatModulesFor(descriptor);
   vips::VSource source = vips::VSource::new_from_descriptor(descriptor);  // libvips keeps its own duplicate
   ::close(descriptor);
   return source;
