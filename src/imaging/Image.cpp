@@ -49,8 +49,9 @@ vips::VImage Normalized(vips::VImage image) {
   if (image.format() != format) image = image.cast(format);
   if (image.bands() > 4) image = image.extract_band(0, vips::VImage::option()->set("n", 4));
   const vips::VImage grey = image.extract_band(0);
-  if (image.bands() == 1) image = grey.bandjoin({grey, grey});
-  if (image.bands() == 2) image = grey.bandjoin({grey, grey, image.extract_band(1)});
+  // (a braced list calls libvips' static bandjoin, which joins only the images listed)
+  if (image.bands() == 1) image = vips::VImage::bandjoin({grey, grey, grey});
+  if (image.bands() == 2) image = vips::VImage::bandjoin({grey, grey, grey, image.extract_band(1)});
   return AsSamples(image, format);
 }
 

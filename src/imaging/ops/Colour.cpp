@@ -82,8 +82,10 @@ Image Equalize(const Image& image) {
 
 Image GrayScale(const Image& image) {
   return detail::OnColourBands(image, [](const vips::VImage& rgb) {
-    const vips::VImage luma = rgb.recomb(vips::VImage::new_matrixv(3, 1, 0.299, 0.587, 0.114)).round(VIPS_OPERATION_ROUND_RINT);
-    return luma.bandjoin(luma).bandjoin(luma);
+    // Back to the samples' format before the grey is tripled: a third of the work.
+    const vips::VImage luma =
+        rgb.recomb(vips::VImage::new_matrixv(3, 1, 0.299, 0.587, 0.114)).round(VIPS_OPERATION_ROUND_RINT).cast(rgb.format());
+    return vips::VImage::bandjoin({luma, luma, luma});
   });
 }
 
