@@ -83,10 +83,10 @@ std::optional<vips::VImage> Transformed(const vips::VImage& image, const Convers
   const bool deep = IsDeep(image), alpha = image.bands() == 4;
   const Transform transform = TransformFor(conversion, deep, alpha);
   if (!transform) return std::nullopt;
-  const vips::VImage source = image.copy_memory();
+  const vips::VImage source = InMemory(image);
   const int width = source.width(), height = source.height(), bands = source.bands();
   const size_t inRow = size_t(width) * size_t(bands) * (deep ? 2 : 1), outRow = size_t(width) * size_t(bands);
-  auto* out = static_cast<unsigned char*>(g_try_malloc(outRow * size_t(height)));
+  auto* out = static_cast<unsigned char*>(AllocatePixels(outRow * size_t(height)));
   if (!out) return std::nullopt;
   const auto* in = static_cast<const unsigned char*>(source.data());
   constexpr int kRows = 64;

@@ -74,7 +74,7 @@ vips::VImage WithOwnMetadata(vips::VImage image) {
 Image Wrap(vips::VImage image, bool onWhite) {
   image = Normalized(image);
   if (onWhite) image = FlattenedOnWhite(image);
-  return Image::FromInternal(Image::Pixels{WithOwnMetadata(image.copy_memory())});
+  return Image::FromInternal(Image::Pixels{WithOwnMetadata(InMemory(image))});
 }
 
 Image::Image(std::shared_ptr<const Pixels> pixels) : pixels_(std::move(pixels)) {}
@@ -100,7 +100,7 @@ int Image::BitsPerSample() const { return IsDeep(pixels_->image) ? 16 : 8; }
 Image Image::EightBit() const {
   if (!IsDeep(pixels_->image)) return *this;
   const vips::VImage eight = EightBitOf(Internal().image);
-  return FromInternal(Pixels{StreamingScope::Active() ? eight : eight.copy_memory()});
+  return FromInternal(Pixels{StreamingScope::Active() ? eight : InMemory(eight)});
 }
 
 namespace {
@@ -133,7 +133,7 @@ Image Image::FitWithin(int maxWidth, int maxHeight) const {
 
 Image Image::OnWhite() const {
   if (!HasAlpha()) return *this;
-  return FromInternal(Pixels{FlattenedOnWhite(Internal().image).copy_memory()});
+  return FromInternal(Pixels{InMemory(FlattenedOnWhite(Internal().image))});
 }
 
 namespace {

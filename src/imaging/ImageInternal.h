@@ -87,6 +87,13 @@ vips::VImage ReduceTo(const vips::VImage& image, int width, int height);
 // vips::VError for anything else (a FIFO, a device), so no loader waits on one.
 vips::VSource SourceOf(const QString& path);
 
+// Memory for a picture's pixels, freed with g_free; a large picture's may be backed by huge
+// pages (PixelMemory.cpp). nullptr when there is not enough.
+void* AllocatePixels(size_t bytes);
+// The image computed into such memory, as libvips' copy_memory does (an image already in
+// memory is returned as it is). Throws std::bad_alloc or vips::VError.
+vips::VImage InMemory(const vips::VImage& image);
+
 // libvips started without its loadable modules (VipsModules.cpp), and the coders it may run.
 int StartVips();
 void TrustCoders();

@@ -11,6 +11,7 @@
 #include <condition_variable>
 #include <cstring>
 #include <mutex>
+#include <new>
 #include <optional>
 #include <vector>
 
@@ -262,7 +263,8 @@ Image PackedImage::Unpack() const {
   arriving->Bands = RowBands(arriving->RowBytes, height_);
   arriving->Done = std::make_unique<std::once_flag[]>(arriving->Bands.size());
   const size_t size = arriving->RowBytes * size_t(height_);
-  arriving->Pixels = static_cast<Byte*>(g_malloc(size));  // handed to libvips, which frees it
+  arriving->Pixels = static_cast<Byte*>(AllocatePixels(size));  // handed to libvips, which frees it
+  if (!arriving->Pixels) throw std::bad_alloc();
   arriving->Memory = vips::VImage::new_from_memory_steal(arriving->Pixels, size, width_, height_, state_->Bands, state_->Format);
   if (header) CopyMetadata(*header, arriving->Memory);
   Image::Pixels pixels{arriving->Memory};

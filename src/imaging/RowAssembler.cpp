@@ -60,7 +60,7 @@ int RowAssembler::BandRows(int width) {
 
 RowAssembler::RowAssembler(int width, int height, bool alpha, bool onWhite)
     : RowAssembler(width, height, alpha, onWhite,
-                   Buffer(static_cast<uchar*>(g_try_malloc(PixelCount(width, height) * (alpha && !onWhite ? 4 : 3))),
+                   Buffer(static_cast<uchar*>(AllocatePixels(PixelCount(width, height) * (alpha && !onWhite ? 4 : 3))),
                           [](uchar* pixels) { g_free(pixels); })) {}
 
 RowAssembler::RowAssembler(int width, int height, bool alpha, bool onWhite, Buffer into)

@@ -8,7 +8,7 @@ namespace imaging::ops::detail {
 
 Image Finish(const vips::VImage& result, VipsBandFormat inputFormat) {
   const vips::VImage out = AsSamples(result, result.format() == VIPS_FORMAT_UCHAR ? VIPS_FORMAT_UCHAR : inputFormat);
-  return Image::FromInternal(Image::Pixels{StreamingScope::Active() ? out : out.copy_memory()});
+  return Image::FromInternal(Image::Pixels{StreamingScope::Active() ? out : InMemory(out)});
 }
 
 Image OnWholeImage(const Image& image, const std::function<vips::VImage(const vips::VImage&)>& pipeline) {

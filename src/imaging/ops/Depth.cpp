@@ -167,7 +167,7 @@ void DiffuseRows(const unsigned char* in, unsigned char* out, int width, int row
 vips::VImage Diffused(const vips::VImage& rgb, const Palette& palette) {
   const int width = rgb.width(), height = rgb.height();
   const size_t rowSamples = static_cast<size_t>(width) * 3;
-  auto* out = static_cast<unsigned char*>(g_try_malloc(rowSamples * static_cast<size_t>(height)));
+  auto* out = static_cast<unsigned char*>(AllocatePixels(rowSamples * static_cast<size_t>(height)));
   if (!out) throw std::bad_alloc();
   const auto* in = static_cast<const unsigned char*>(rgb.data());
   NearestEntries nearest(palette);
@@ -189,7 +189,7 @@ Image ColorDepth(const Image& image, int bits) {
   const Image flat = image.OnWhite().EightBit();  // a palette of 8-bit colours
   if (bits != 1 && bits != 4 && bits != 8) return flat;
   return detail::OnWholeImage(flat, [bits](const vips::VImage& rgb) {
-    const vips::VImage pixels = rgb.copy_memory();
+    const vips::VImage pixels = InMemory(rgb);
     // One bit is black and white, as every viewer's 2-colour reduction; more get a palette.
     return Diffused(pixels, bits == 1 ? Palette{{0, 0, 0}, {255, 255, 255}} : ChoosePalette(pixels, 1 << bits));
   });

@@ -9,11 +9,11 @@ namespace imaging::ops::detail {
 
 vips::VImage ThroughOpenCv(const vips::VImage& picture, const std::function<void(const cv::Mat& from, cv::Mat& to)>& work,
                            std::optional<cv::Size> size) {
-  const vips::VImage in = picture.copy_memory();
+  const vips::VImage in = InMemory(picture);
   const int type = CV_MAKETYPE(IsDeep(in) ? CV_16U : CV_8U, in.bands());
   const cv::Size shape = size.value_or(cv::Size(in.width(), in.height()));
   const size_t bytes = size_t(shape.width) * size_t(shape.height) * VIPS_IMAGE_SIZEOF_PEL(in.get_image());
-  std::unique_ptr<void, decltype(&g_free)> result(g_try_malloc(bytes), &g_free);
+  std::unique_ptr<void, decltype(&g_free)> result(AllocatePixels(bytes), &g_free);
   if (!result) throw std::bad_alloc();
   try {
     const cv::Mat from(in.height(), in.width(), type, const_cast<void*>(in.data()));
