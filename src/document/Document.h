@@ -116,9 +116,9 @@ class Document : public QObject {
                                          const files::QuickPictureSink& deliver)>;
   void SetQuickPictureLoader(QuickLoader quick) { quick_ = std::move(quick); }
   void SetQuickPictureBox(QSize box) { quickBox_ = box; }
-  // Whether the loader has a file's image at hand (the prefetcher's store). Such a read gets
-  // a head start before any quick picture, so stepping never flickers; any other read makes
-  // its quick pictures at once.
+  // Whether the loader has a file's image at hand (the prefetcher's store). Such a read is
+  // waited for (up to 100 ms) before any quick picture, so stepping never flickers; any other
+  // read makes its quick pictures at once.
   void SetReadyCheck(std::function<bool(const QString& path)> ready) { ready_ = std::move(ready); }
   void ClickEntry(int row);
   // Next and previous image, first and last: the list's selection moves and the entry
