@@ -84,17 +84,6 @@ TEST_F(frmMainListTest, StepsGoOnPastAFileThatDoesNotOpen) {
   EXPECT_FALSE(message->isVisible());
 }
 
-TEST_F(frmMainListTest, KeysOnTheListStepAsOnTheImage) {
-  list_->setFocus();
-  const std::pair<Qt::Key, int> keys[] = {{Qt::Key_Down, 1}, {Qt::Key_Left, 0}, {Qt::Key_Space, 1},
-                                          {Qt::Key_Backspace, 0}, {Qt::Key_Right, 1}};
-  for (const auto& [key, row] : keys) {
-    QTest::keyClick(list_, key);
-    EXPECT_EQ(Doc().ShownRow(), row) << key;
-    EXPECT_EQ(list_->currentIndex().row(), row) << key;
-  }
-}
-
 // Renaming in place follows the Rename dialog's rule: the base name is offered for
 // typing, a lost extension is asked about and a forbidden character is refused with the
 // program's message.

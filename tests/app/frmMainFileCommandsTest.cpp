@@ -233,11 +233,4 @@ TEST_F(frmMainFileCommandsTest, RenameOutcomesInAFolder) {
   EXPECT_TRUE(exists("b.png") && exists("c.png") && !exists("b.png "));
 }
 
-TEST_F(frmMainFileCommandsTest, ARenamedSingleFileIsFollowedByItsNewName) {
-  Start(pictures_.WritePng(QStringLiteral("photo.png")));
-  RenameTo(QStringLiteral("holiday.png"));
-  EXPECT_EQ(window_->CurrentDocument().Open().File, pictures_.File(QStringLiteral("holiday.png")));
-  EXPECT_EQ(Pane("lblStatusName"), QStringLiteral("holiday.png"));
-}
-
 }  // namespace

@@ -216,17 +216,4 @@ TEST_F(frmMainFileTest, OpenFileAndOpenFolderAskAboutTheEditsOnlyOnceSomethingIs
   EXPECT_EQ(Doc().CurrentFilePath(), pictures_.File(QStringLiteral("photo.png")));
 }
 
-TEST_F(frmMainFileTest, SaveAsAsksBeforeReplacingAFileUnderTheCompletedName) {
-  const QString existing = pictures_.WritePng(QStringLiteral("b.png"), 30, 20);
-  const QByteArray before = ReadAll(existing);
-  Start(pictures_.WritePng(QStringLiteral("photo.png"), 30, 20));
-  Trigger("mnuImageFlip");
-  fileAnswer_ = {pictures_.File(QStringLiteral("b")), files::SaveAsFilterIndex(QStringLiteral("png"))};
-  DialogAnswerer answerer(QMessageBox::No);
-  Trigger("mnuFileSaveAs");
-  EXPECT_EQ(answerer.LastText(), QStringLiteral("b.png already exists.\nDo you want to replace it?"));
-  EXPECT_EQ(ReadAll(existing), before);
-  EXPECT_TRUE(Doc().IsChanged());
-}
-
 }  // namespace

@@ -10,7 +10,6 @@
 
 #include <QAction>
 #include <QGuiApplication>
-#include <QIcon>
 #include <QScopeGuard>
 #include <QMenu>
 #include <QMenuBar>
@@ -41,24 +40,6 @@ TEST_F(frmMainTest, WithoutASettingsFileStartsMaximizedWithNothingToEdit) {
   EXPECT_TRUE(window.isVisible() && window.isMaximized());
   EXPECT_EQ(window.CurrentDocument().View(), document::ViewMode::Image);
   EXPECT_FALSE(window.State().StartingUp || List(window)->isVisible());
-}
-
-QStringList missingIcons;  // what Qt's SVG reader could not open
-
-TEST_F(frmMainTest, EveryCommandIconIsBundledForDesktopsWithoutATheme) {
-  const QString theme = QIcon::themeName();
-  QIcon::setThemeName(QStringLiteral("no-such-theme"));
-  const QtMessageHandler previous = qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& text) {
-    if (text.contains(QLatin1String("Cannot open file"))) missingIcons << text;
-  });
-  const auto restore = qScopeGuard([&] {
-    qInstallMessageHandler(previous);
-    QIcon::setThemeName(theme);
-  });
-  app::frmMain window(SettingsPath());
-  window.RunStartup(QString());
-  for (const QAction* action : window.findChildren<QAction*>()) action->icon().pixmap(24);
-  EXPECT_EQ(missingIcons, QStringList());
 }
 
 TEST_F(frmMainTest, AFolderOnTheCommandLineIsListedWithTheFirstEntryOpen) {

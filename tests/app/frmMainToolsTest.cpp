@@ -5,7 +5,6 @@
 #include "settings/SettingsStore.h"
 #include "shell/Wallpaper.h"
 #include "view/Viewport.h"
-#include "widgets/HelpWindow.h"
 #include "support/DialogAnswerer.h"
 #include "support/ImageCompare.h"
 #include "support/MainWindowTest.h"
@@ -184,19 +183,5 @@ TEST_F(frmMainToolsTest, PrintWritesAPdfOfTheShownPictureOrOfTheFolder) {
   }
 }
 
-
-// Every topic a dialog asks for opens a page of the manual at a place that exists.
-TEST(HelpWindow, EveryTopicOpensAnExistingPlace) {
-  widgets::HelpWindow help;
-  for (const char* topic : {"Options", "Zoom Functions", "Colors Menu", "Image Filters", "Image Menu", "File Types", ""}) {
-    const QUrl url = widgets::HelpTopicUrl(QLatin1String(topic));
-    QFile page(QLatin1Char(':') + url.path());
-    ASSERT_TRUE(page.open(QIODevice::ReadOnly)) << topic;
-    EXPECT_TRUE(!url.hasFragment() || page.readAll().contains("name=\"" + url.fragment().toUtf8() + '"')) << topic;
-    help.ShowTopic(QLatin1String(topic));
-    EXPECT_EQ(help.Shown(), url);
-  }
-  EXPECT_EQ(widgets::HelpTopicUrl(QStringLiteral("no such topic")).fileName(), QStringLiteral("index.html"));
-}
 
 }  // namespace

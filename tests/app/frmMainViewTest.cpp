@@ -8,11 +8,8 @@
 
 #include <QApplication>
 #include <QFileInfo>
-#include <QMenu>
 #include <QScrollBar>
 #include <QSignalSpy>
-#include <QToolBar>
-#include <QToolButton>
 #include <QTreeView>
 #include <QWheelEvent>
 #include <QtTest/QTest>
@@ -31,21 +28,6 @@ class frmMainViewTest : public testing_support::MainWindowTest {
   view::Viewport& View() { return window_->ImageView(); }
   QScrollBar* Bar(const char* name) { return Child<QScrollBar>(name); }
 };
-
-TEST_F(frmMainViewTest, ZoomCommandsSizeTheImageAndFitNeedsNoBars) {
-  Trigger("mnuViewZoomIn");
-  EXPECT_EQ(Canvas()->size(), QSize(2400, 1800));
-  Trigger("mnuViewOriginalSize");
-  EXPECT_EQ(Canvas()->size(), QSize(2000, 1500));
-  Trigger("mnuViewFit");
-  EXPECT_LT(View().Percentage(), 100);
-  EXPECT_FALSE(Bar("hscImagen")->isVisible() || Bar("vscImagen")->isVisible());
-  EXPECT_LE(Canvas()->width(), View().width());
-  Trigger("mnuViewAlwaysFit");  // on, then off again: back to 100 %
-  EXPECT_TRUE(window_->State().Settings.FitToWindow);
-  Trigger("mnuViewAlwaysFit");
-  EXPECT_EQ(View().Percentage(), 100);
-}
 
 TEST_F(frmMainViewTest, TheStatusBarTellsNamePlaceSizeZoomAndFileSize) {
   EXPECT_EQ(Pane("lblStatusName"), QStringLiteral("big.png"));
@@ -165,21 +147,6 @@ TEST_F(frmMainViewTest, TheMouseButtonsStepTheWheelDoesWhatOptionsSayAndTheMiddl
   window_->State().Settings.WheelAction = 2;
   wheel(Qt::NoModifier, -120);
   EXPECT_EQ(Doc().ShownRow(), 1);
-}
-
-// The buttons are the menu commands, captioned; the view button's menu switches modes.
-TEST_F(frmMainViewTest, TheToolbarButtonsRunTheCommandsAndTheViewButtonSwitchesModes) {
-  auto* toolbar = Child<QToolBar>("ctlToolbar");
-  auto* zoomIn = qobject_cast<QToolButton*>(toolbar->widgetForAction(Command("mnuViewZoomIn")));
-  ASSERT_NE(zoomIn, nullptr);
-  EXPECT_EQ(zoomIn->toolTip(), zoomIn->defaultAction()->iconText());
-  QTest::mouseClick(zoomIn, Qt::LeftButton);
-  EXPECT_EQ(View().Percentage(), 120);
-  EXPECT_EQ(Child<QMenu>("frmMenuBotonView")->actions().size(), 3);
-  Trigger("mnuViewBoton");
-  EXPECT_EQ(std::pair(Doc().View(), Command("mnuViewImage")->isChecked()), std::pair(document::ViewMode::Image, true));
-  Trigger("mnuViewBoton");
-  EXPECT_EQ(Doc().View(), document::ViewMode::ListAndImage);
 }
 
 

@@ -8,14 +8,6 @@ namespace {
 using browse::FileEntry;
 using browse::FileListModel;
 
-// Names are found as the file system spells them.
-TEST(FileListModel, FindsAFileByItsExactName) {
-  FileListModel model;
-  model.SetEntries({{"Photo.bmp", "PHOTO.BMP"}});
-  EXPECT_EQ(model.RowOfFileName(QStringLiteral("PHOTO.BMP")), 0);
-  EXPECT_EQ(model.RowOfFileName(QStringLiteral("Photo.bmp")), -1);
-}
-
 // Characters 7 pixels wide, "W" 12; a pair "AV" kerned 2 pixels closer.
 int Advance(QChar c) { return c == u'W' ? 12 : 7; }
 int Exact(const QString& text) {

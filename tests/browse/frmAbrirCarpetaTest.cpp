@@ -1,5 +1,4 @@
-// The Open Folder dialog, typed into and clicked as a user would, and the folder rules
-// behind it.
+// The Open Folder dialog, typed into and clicked as a user would.
 #include "browse/FolderChoice.h"
 #include "browse/frmAbrirCarpeta.h"
 #include "settings/RecentFolders.h"
@@ -16,23 +15,9 @@
 
 namespace {
 
-using browse::FolderProblem;
 using testing_support::Child;
 using testing_support::DialogAnswerer;
 using testing_support::TempFolder;
-
-// Any extension of the list counts, in any case and whatever the content; a relative
-// folder is kept absolute. (The dialog's own test sees the refusals.)
-TEST(FolderChoice, AnyListedExtensionCountsAndARelativeFolderIsKeptAbsolute) {
-  TempFolder root;
-  const QString onlyJpe = root.MakeFolder(QStringLiteral("jpe"));
-  root.WriteBytes(QStringLiteral("jpe/old.JPE"), "x");
-  EXPECT_EQ(browse::CheckFolderChoice(onlyJpe).Problem, FolderProblem::None);
-  const QString started = QDir::currentPath();
-  QDir::setCurrent(root.Path());
-  EXPECT_EQ(browse::CheckFolderChoice(QStringLiteral("jpe/../jpe/ ")).Folder, onlyJpe);
-  QDir::setCurrent(started);
-}
 
 class frmAbrirCarpetaTest : public ::testing::Test {
  protected:

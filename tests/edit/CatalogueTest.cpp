@@ -22,16 +22,6 @@ edit::DialogValues AtLoad(Id command, const edit::DialogContext& context = {800 
   return model.Values();
 }
 
-TEST(Catalogue, DialogCommandsAreExactlyThoseWithADescriptionOfTheirClass) {
-  for (const edit::CatalogueCommand& c : Catalogue()) {
-    const QString description = edit::DialogDescriptionFor(c.Id);
-    EXPECT_EQ(description.isEmpty(), *c.DialogClass == 0) << c.Command;
-    if (!description.isEmpty()) {
-      EXPECT_EQ(edit::ParseDialogDescription(description).DialogClass, QLatin1String(c.DialogClass)) << c.Command;
-    }
-  }
-}
-
 TEST(Catalogue, EachBoxsRangeIsItsOwnSlidersRange) {
   for (const edit::CatalogueCommand& c : Catalogue()) {
     const edit::DialogLayout layout = edit::ParseDialogDescription(edit::DialogDescriptionFor(c.Id));

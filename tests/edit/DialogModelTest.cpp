@@ -17,14 +17,6 @@ DialogModel Dialog(edit::OperationId command, edit::DialogContext context = {}) 
 // An 800 x 600 pixel image at 15 twips per pixel.
 const edit::DialogContext k800x600{800 * 15, 600 * 15, 15, 15};
 
-TEST(DialogModel, TypingAboveTheMaximumWritesTheMaximum) {
-  DialogModel brightness = Dialog(edit::OperationId::Brightness);
-  EXPECT_TRUE(brightness.TextChanged(1, QStringLiteral("250")));
-  EXPECT_EQ(std::tuple(brightness.Text(1), brightness.SliderValue(1)), std::tuple(QStringLiteral("100"), 100));
-  brightness.TextChanged(1, QStringLiteral("-250"));
-  EXPECT_EQ(std::tuple(brightness.Text(1), brightness.SliderValue(1)), std::tuple(QStringLiteral("-100"), -100));
-}
-
 TEST(DialogModel, AnEmptyBoxMovesTheSliderToItsMinimumAndOkAsksForAValue) {
   DialogModel brightness = Dialog(edit::OperationId::Brightness);
   brightness.TextChanged(1, QString());

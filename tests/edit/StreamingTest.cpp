@@ -7,7 +7,6 @@
 #include "support/ImageCompare.h"
 #include "support/TestFiles.h"
 
-#include <QDateTime>
 #include <QDir>
 #include <QFile>
 
@@ -62,14 +61,9 @@ TEST(Streaming, DeclinesWhatItCannotDoAndLeavesTheTargetAlone) {
 }
 
 // A streamed save leaves nothing beside its file but the file, with the mode the umask
-// gives, and clears what a killed save of ours left there before.
-TEST(Streaming, LeavesOnlyItsFileWithTheUsualModeAndSweepsStaleParts) {
+// gives.
+TEST(Streaming, LeavesOnlyItsFileWithTheUsualMode) {
   testing_support::TempFolder folder;
-  const QString stale = folder.WriteBytes(QStringLiteral(".old.tif.Ab12Cd.vistrel-part"), "partial");
-  QFile part(stale);
-  ASSERT_TRUE(part.open(QIODevice::ReadWrite));
-  ASSERT_TRUE(part.setFileTime(QDateTime::currentDateTime().addSecs(-3600), QFileDevice::FileModificationTime));
-  part.close();
   const QString target = folder.File(QStringLiteral("out.tif"));
   {
     const imaging::StreamingScope scope;

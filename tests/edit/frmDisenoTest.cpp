@@ -58,16 +58,6 @@ TEST(frmDiseno, TypingIntoABoxMovesItsSliderThroughTheKeyFilter) {
   EXPECT_EQ(Child<QSlider>(dialog, "sliControl(1)")->value(), -3);
 }
 
-TEST(frmDiseno, EnterActsAsOkAndEscapeAsCancel) {
-  for (const auto& [key, result] : {std::pair(Qt::Key_Return, QDialog::Accepted), std::pair(Qt::Key_Escape, QDialog::Rejected)}) {
-    frmDiseno dialog(Description(edit::OperationId::Brightness), k800x600, std::nullopt, {});
-    dialog.show();
-    QTest::keyClick(Child<QLineEdit>(dialog, "txtTexto(1)"), key);
-    EXPECT_EQ(dialog.result(), result);
-    EXPECT_FALSE(dialog.isVisible());
-  }
-}
-
 TEST(frmDiseno, ResizeRefusesOutside1To2048WithTheTextSelected) {
   frmDiseno dialog(Description(edit::OperationId::Resize), k800x600, std::nullopt, {});
   dialog.show();

@@ -104,23 +104,4 @@ TEST_F(PrefetcherTest, ANewNeighbourhoodForgetsTheOldOneAndKeepsWhatItShares) {
   EXPECT_EQ(decodes_, 4);  // a was forgotten
 }
 
-TEST_F(PrefetcherTest, TheWarmHookRunsOnEveryPrefetchedImageAndOnTheShownOne) {
-  const QString a = folder_.WritePng(QStringLiteral("a.png"));
-  std::atomic<int> warmed{0};
-  files::Prefetcher prefetcher(CountingDecode(), 1 << 20, [&](const imaging::Image&) { ++warmed; });
-  prefetcher.Prefetch({a});
-  prefetcher.Warm(files::LoadImageFile(a, {})->Picture);
-  prefetcher.WaitForIdle();
-  EXPECT_EQ(warmed, 2);
-}
-
-TEST_F(PrefetcherTest, AnUnreadableNeighbourCostsOnlyItsOwnFailure) {
-  const QString broken = folder_.WriteBytes(QStringLiteral("broken.png"), "not a png");
-  files::Prefetcher prefetcher(CountingDecode(), 1 << 20);
-  prefetcher.Prefetch({broken, folder_.File(QStringLiteral("missing.png"))});
-  prefetcher.WaitForIdle();
-  EXPECT_FALSE(prefetcher.Take(broken));
-  EXPECT_FALSE(prefetcher.Take(folder_.File(QStringLiteral("missing.png"))));
-}
-
 }  // namespace

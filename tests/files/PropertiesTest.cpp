@@ -38,11 +38,6 @@ TEST(Properties, SizesAreCutNotRoundedAndANonImageHasNoDimensions) {
   EXPECT_EQ(photo.at(QStringLiteral("Folder")), folder.Path());
   EXPECT_EQ(photo.count(QStringLiteral("Camera")), 0u);  // nothing recorded, nothing shown
   EXPECT_EQ(photo.count(QStringLiteral("Pages")) + photo.count(QStringLiteral("Animation")), 0u);
-  const QString scan = folder.File(QStringLiteral("scan.tif")), moving = folder.File(QStringLiteral("moving.gif"));
-  ASSERT_EQ(QProcess::execute(QStringLiteral("convert"), {"-size", "4x4", "xc:red", "xc:lime", "xc:blue", scan}), 0);
-  ASSERT_EQ(QProcess::execute(QStringLiteral("convert"), {"-delay", "10", "-size", "4x4", "xc:red", "xc:blue", moving}), 0);
-  EXPECT_EQ(Rows(scan).at(QStringLiteral("Pages")), QStringLiteral("3"));
-  EXPECT_EQ(Rows(moving).at(QStringLiteral("Animation")), QStringLiteral("2 frames, 0.2 s"));
 }
 
 TEST(Properties, ACameraPhotoShowsWhatItRecords) {

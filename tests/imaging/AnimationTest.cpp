@@ -84,20 +84,6 @@ TEST(Animation, AnApngsFramesAreLaidOverTheCanvas) {
   EXPECT_EQ(std::tuple(frames, cut.Failed()), std::tuple(2, true));
 }
 
-// A file cut short in its last frame gives what it holds, then says it failed.
-TEST(Animation, AFileCutShortGivesWhatItHoldsAndSaysSo) {
-  testing_support::TempFolder folder;
-  const QString whole = folder.File(QStringLiteral("whole.gif"));
-  ASSERT_EQ(Made("convert", {"-size", "64x64", "plasma:", "plasma:", "plasma:", whole}), 0);
-  const QByteArray bytes = testing_support::ReadAll(whole);
-  const QString cut = folder.WriteBytes(QStringLiteral("cut.gif"), bytes.left(bytes.size() - 2000));
-  imaging::FrameReader reader(cut);
-  int frames = 0;
-  while (reader.Next()) ++frames;
-  EXPECT_GE(frames, 1);
-  EXPECT_TRUE(reader.Failed());
-}
-
 // Hostile files of frames and pages: a GIF of more frames than are played (shown as a
 // still picture) and a TIFF whose last page points back to its first: each is read in
 // bounded time and opens on its first picture.

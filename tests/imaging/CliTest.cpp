@@ -50,22 +50,6 @@ TEST(VistrelCli, InfoPrintsOneLineAFileAndConvertSavesByTheExtension) {
   const CliRun beyond = Cli({"convert", "--page", "3", pages, second});
   EXPECT_EQ(beyond.ExitCode, 2);
   EXPECT_EQ(beyond.Errors, "Bad page: 3 (" + pages + " has 2 pages)\n");
-  // An animation's frames count as its pages.
-  const QString moving = folder.File(QStringLiteral("moving.gif"));
-  ASSERT_EQ(testing_support::Run(QStringLiteral("convert"), {"-delay", "50", "-size", "8x6", "xc:red", "xc:blue", moving}).ExitCode, 0);
-  EXPECT_EQ(Cli({"info", moving}).Output, moving + "\tGIF\t8x6\tsRGB\t2 frames, 1.0 s\n");
-  EXPECT_EQ(Cli({"convert", "--page", "2", moving, second}).ExitCode, 0);
-  EXPECT_EQ(QImage(second).pixelColor(0, 0), QColor(Qt::blue));
-  const QString webp = folder.File(QStringLiteral("moving.webp"));  // without a page, a WebP keeps every frame
-  EXPECT_EQ(Cli({"convert", moving, webp}).ExitCode, 0);
-  EXPECT_EQ(testing_support::Run(QStringLiteral("identify"), {webp}).Output.count(QStringLiteral("WEBP 8x6")), 2);
-  // The writers' options, as Save As offers them.
-  const QString photo = CorpusPath(QStringLiteral("formats/hopper.png")), low = folder.File(QStringLiteral("low.webp"));
-  const QString plain = folder.File(QStringLiteral("plain.webp")), tiff = folder.File(QStringLiteral("plain.tif"));
-  EXPECT_EQ(Cli({"convert", "--quality", "30", photo, low}).ExitCode + Cli({"convert", photo, plain}).ExitCode, 0);
-  EXPECT_LT(QFileInfo(low).size(), QFileInfo(plain).size());
-  EXPECT_EQ(Cli({"convert", "--compression", "none", photo, tiff}).ExitCode, 0);
-  EXPECT_EQ(testing_support::Run(QStringLiteral("identify"), {"-format", "%C", tiff}).Output, QStringLiteral("None"));
 }
 
 // Each failure names the file and why, and a bad word is refused before anything is read.
@@ -98,10 +82,6 @@ TEST(VistrelCli, FailuresSayWhatAndWhy) {
                                    QStringList{"convert", "--compression", "zip", photo, out}, QStringList{"convert", photo}}) {
     EXPECT_EQ(Cli(words).ExitCode, 2) << words.join(u' ').toStdString();
   }
-  const CliRun help = Cli({"--help"});
-  EXPECT_EQ(help.ExitCode, 0);
-  EXPECT_TRUE(help.Output.startsWith(QStringLiteral("usage: vistrel-cli")));
-  EXPECT_TRUE(Cli({"--version"}).Output.startsWith(QStringLiteral("vistrel-cli ")));
 }
 
 // Every save path (convert, apply's one-pass pipeline, apply in memory) treats a hostile

@@ -101,14 +101,6 @@ TEST(Corpus, JpegsShowUprightWhateverTheirExifOrientation) {
   EXPECT_GT(MeanAbsoluteDifference(mirrored, upright), 12);
 }
 
-TEST(Corpus, TheSecondRouteTypesComeInOnWhite) {
-  EXPECT_FALSE(Load("formats/hopper.ico").HasAlpha());
-  EXPECT_FALSE(Load("formats/deerstalker.cur").HasAlpha());
-  EXPECT_TRUE(imaging::ComesInOnWhite(QStringLiteral("wmf")));
-  EXPECT_FALSE(imaging::ComesInOnWhite(QStringLiteral("png")));
-  EXPECT_TRUE(Load(QStringLiteral("formats/tga-200x32_rgba_tl_raw.tga")).HasAlpha());
-}
-
 TEST(Corpus, HeaderOnlySizesAndDecodingToFitAreUpright) {
   EXPECT_EQ(imaging::ReadImageSize(CorpusPath(QStringLiteral("exif-orientation/Landscape_6.jpg"))), QSize(1800, 1200));
   EXPECT_EQ(imaging::ReadImageSize(CorpusPath(QStringLiteral("bmpsuite-good/pal8.bmp"))), QSize(127, 64));

@@ -51,20 +51,6 @@ TEST(DisplayLevels, FineDetailAveragesToGreyRatherThanAliasing) {
   for (int x = 2; x < 53; ++x) EXPECT_NEAR(pixels.pixelColor(x, 2).red(), 128, 20) << x;
 }
 
-TEST(DisplayLevels, AlphaIsCompositedOntoWhiteAndTheCopyOutlivesTheImage) {
-  QImage clear(40, 40, QImage::Format_ARGB32);
-  clear.fill(Qt::transparent);
-  const QImage shown = imaging::Image::FromQImage(clear).ReducedForDisplay(10, 10).ToQImage();
-  EXPECT_EQ(shown.pixelColor(5, 5), QColor(Qt::white));
-  QImage copy;  // the display copy shares the pixels and outlives the image
-  {
-    const imaging::Image reduced = Hopper().ReducedForDisplay(64, 64);
-    copy = reduced.ToQImage();
-  }
-  EXPECT_EQ(copy.width(), 64);
-  EXPECT_NE(copy.pixelColor(32, 32), QColor(Qt::black));  // still readable: the QImage holds the pixels
-}
-
 // A copy of `image` in pixels of its own, packed and let go, so that unpacking has only
 // the packed bytes to go on (once the worker is done).
 imaging::PackedImage PackedAlone(const imaging::Image& image) {

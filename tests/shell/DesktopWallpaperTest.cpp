@@ -1,5 +1,5 @@
-// The wallpaper on each desktop: GNOME's and MATE's real GSettings store (a private keyfile),
-// Xfce's real xfconf daemon on a private D-Bus session, and the command lines of the others.
+// The wallpaper on each desktop: GNOME's and MATE's real GSettings store (a private keyfile)
+// and the command lines of the others.
 #include "shell/DesktopWallpaper.h"
 #include "shell/Wallpaper.h"
 #include "support/TestFiles.h"
@@ -48,29 +48,6 @@ TEST_F(PrivateGSettings, GnomeShowsThePictureInBothStylesRemoveTurnsItOffAndMate
   EXPECT_EQ(Get(schema, QStringLiteral("picture-options")), QStringLiteral("'zoom'"));
   DesktopWallpaper(Desktop::Mate, shell::RunProgram).Set(QStringLiteral("/tmp/w.bmp"));
   EXPECT_EQ(Get(QStringLiteral("org.mate.background"), QStringLiteral("picture-filename")), QStringLiteral("'/tmp/w.bmp'"));
-}
-
-// Two monitors' workspaces that already had pictures, all set by vistrel-cli through the
-// real daemon, then all turned off.
-TEST(Xfce, EveryMonitorAndWorkspaceGetsThePicture) {
-  testing_support::TempFolder folder;
-  const QString picture = folder.WritePng(QStringLiteral("photo.png"));
-  const QString script = QStringLiteral(
-      "q() { xfconf-query -c xfce4-desktop \"$@\"; }\n"
-      "q -p /backdrop/screen0/monitor0/workspace0/last-image -n -t string -s old.jpg\n"
-      "q -p /backdrop/screen0/monitorHDMI-1/workspace2/last-image -n -t string -s old.jpg\n"
-      "\"$1\" wallpaper set \"$2\" || exit 1\n"
-      "for p in monitor0/workspace0 monitorHDMI-1/workspace2; do\n"
-      "  echo \"$(q -p /backdrop/screen0/$p/last-image) $(q -p /backdrop/screen0/$p/image-style)\"; done\n"
-      "\"$1\" wallpaper remove && q -p /backdrop/screen0/monitorHDMI-1/workspace2/image-style\n");
-  const testing_support::ProgramRun session = testing_support::Run(
-      QStringLiteral("dbus-run-session"), {"--", "bash", "-c", script, "bash", VISTREL_CLI_PATH, picture},
-      {"XDG_CURRENT_DESKTOP=XFCE", "XDG_CONFIG_HOME=" + folder.MakeFolder(QStringLiteral("config")),
-       "XDG_DATA_HOME=" + folder.MakeFolder(QStringLiteral("data"))});
-  const QStringList written = QDir(folder.File(QStringLiteral("data/vistrel"))).entryList(QDir::Files);
-  ASSERT_EQ(written.size(), 1);
-  const QString shown = folder.File(QStringLiteral("data/vistrel/")) + written[0];
-  EXPECT_EQ(session.Output.split(u'\n', Qt::SkipEmptyParts), QStringList({shown + " 5", shown + " 5", "0"}));
 }
 
 // With no desktop to take it, vistrel-cli says so, fails and leaves no picture behind.

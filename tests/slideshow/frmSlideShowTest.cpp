@@ -8,7 +8,6 @@
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QtTest/QTest>
 
 #include <gtest/gtest.h>
@@ -43,27 +42,6 @@ class SlideShowTest : public ::testing::Test {
   widgets::FileDialogAnswer answer_;
   std::vector<PlayerSettings> started_;
 };
-
-TEST_F(SlideShowTest, ChoicesSavedAndOpenedAgainComeBack) {
-  auto setup = Setup(1);
-  auto* list = Child<QListWidget>(*setup, "lisLista");
-  list->item(0)->setCheckState(Qt::Unchecked);
-  Click(*setup, "cmdArriba");  // b.png, selected, moves above a.png
-  Click(*setup, "cmdArriba");  // already first: nothing
-  QTest::keyClick(Child<QWidget>(*setup, "chkOpcion(1)"), Qt::Key_Space);
-  Click(*setup, "optModo(1)");
-  EXPECT_TRUE(Child<QLineEdit>(*setup, "txtVelocidad")->isEnabled());
-  answer_ = {folder_.File(QStringLiteral("show.txt")), 1};
-  Click(*setup, "cmdGuardar");
-  const slideshow::SlideShowList saved = setup->State();
-  auto other = Setup(-1, QString());
-  Click(*other, "cmdGuardar");  // no folder: nothing is written
-  Click(*other, "cmdAbrir");
-  EXPECT_EQ(other->State().Rows, saved.Rows);
-  EXPECT_EQ(other->State().Rows.front().Name, QStringLiteral("b.png"));
-  EXPECT_EQ(std::tuple(other->State().Repeat, other->State().ManualAdvance), std::tuple(true, std::optional(false)));
-  EXPECT_EQ(Child<QLabel>(*other, "lblCarpeta")->text(), QStringLiteral("Folder: ") + folder_.Path());
-}
 
 // Start refuses in this order, then plays with the seconds rounded to one decimal.
 TEST_F(SlideShowTest, StartRefusesWhatCannotPlay) {

@@ -33,13 +33,6 @@ view::frmFull* Opened(const imaging::Image& image) {
   return full;
 }
 
-TEST(frmFull, FitsTheScreenAndEnlargesATinyImageUpTo1000) {
-  std::unique_ptr<view::frmFull> tiny(Opened(Grey(10, 8)));
-  EXPECT_EQ(tiny->Percentage(), 1000);
-  std::unique_ptr<view::frmFull> large(Opened(Grey(1600, 600)));
-  EXPECT_EQ(large->Percentage(), 50);
-}
-
 TEST(frmFull, OnlyADeliberateKeyOrClickClosesItOnceReady) {
   std::unique_ptr<view::frmFull> full(Opened(Grey(40, 30)));
   QTest::keyClick(full.get(), Qt::Key_A);  // the key that opened it, still down
@@ -92,25 +85,6 @@ TEST(frmZoom, OutOfRangeValuesAreRefusedAndEnterAcceptsTheLeadingNumber) {
   QTest::keyClick(Box(dialog), Qt::Key_Return);
   EXPECT_EQ(dialog.result(), QDialog::Accepted);
   EXPECT_EQ(dialog.Value(), 150);
-}
-
-// How many pixels of the outline's top edge are of `colour`.
-int EdgePixelsOf(QColor background, QColor colour) {
-  QWidget parent;
-  view::ImageCanvas canvas(&parent);
-  canvas.SetImage(testing_support::Painted(40, 40, [&](int, int) { return background; }));
-  canvas.SetZoom(100);
-  canvas.resize(40, 40);
-  canvas.SetOutline(QRect(5, 5, 20, 20));
-  const QImage shown = canvas.grab().toImage();
-  int count = 0;
-  for (int x = 5; x < 25; ++x) count += QColor(shown.pixel(x, 5)) == colour;
-  return count;
-}
-
-TEST(ImageCanvas, TheSelectionOutlineShowsOnDarkAndLightPictures) {
-  EXPECT_GT(EdgePixelsOf(Qt::black, Qt::white), 0);
-  EXPECT_GT(EdgePixelsOf(Qt::white, Qt::black), 0);
 }
 
 // A stand-in a quarter the size of the image it stands for fills the same place: at 10 %
