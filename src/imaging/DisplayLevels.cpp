@@ -3,9 +3,11 @@
 // display starts from the smallest level that already exists and is still as large, so a
 // zoom step or the first paint of a prefetched image costs a small reduction; a reduction
 // smaller than every level is kept as the last one. libvips'
-// `reduce` (its kernels widen with the factor, so nothing aliases) is used throughout: on
-// this libvips it is several times faster than `shrink` for in-memory images.
+// `reduce` (its kernels widen with the factor, so nothing aliases) does the reductions by
+// more than a fifth: on this libvips it is several times faster than `shrink` for in-memory
+// images.
 #include "imaging/ImageInternal.h"
+#include "imaging/ops/OpenCvBridge.h"
 
 #include <algorithm>
 #include <mutex>
@@ -20,8 +22,31 @@ struct DisplayLevelCache {
 
 std::shared_ptr<DisplayLevelCache> Image::Pixels::MakeDisplayLevelCache() { return std::make_shared<DisplayLevelCache>(); }
 
+namespace {
+
+// A reduction by a fifth at most, OpenCV's bicubic: a third of the time libvips' Lanczos-3
+// takes, within half a level of it on a photo and a level and a half on fine detail (the
+// bicubic does not widen with the factor, which so small a reduction does not need).
+// Nothing when OpenCV cannot do it.
+std::optional<vips::VImage> SlightlyReduced(const vips::VImage& image, int width, int height) {
+  const bool plain = (image.bands() == 1 || image.bands() == 3) &&
+                     (image.format() == VIPS_FORMAT_UCHAR || image.format() == VIPS_FORMAT_USHORT);
+  if (!plain || width > image.width() || height > image.height()) return std::nullopt;
+  if (width * 5 < image.width() * 4 || height * 5 < image.height() * 4) return std::nullopt;
+  try {
+    return ops::detail::ThroughOpenCv(image, [](const cv::Mat& from, cv::Mat& to) {
+      cv::resize(from, to, to.size(), 0, 0, cv::INTER_CUBIC);
+    }, cv::Size(width, height));
+  } catch (const std::exception&) {
+    return std::nullopt;
+  }
+}
+
+}  // namespace
+
 vips::VImage ReduceTo(const vips::VImage& image, int width, int height) {
   if (image.width() == width && image.height() == height) return image;
+  if (auto slight = SlightlyReduced(image, width, height)) return *slight;
   const double h = double(image.width()) / width, v = double(image.height()) / height;
   const auto kernel = [](VipsKernel k) { return vips::VImage::option()->set("kernel", k); };
   if (std::max(h, v) <= 2.0) return image.reduce(h, v, kernel(VIPS_KERNEL_LANCZOS3)).copy_memory();
