@@ -25,7 +25,7 @@ Image OnColourBands(const Image& image, const std::function<vips::VImage(const v
 // clamped. A deep image goes through it at 16 bits (value in steps of 1/257).
 using ToneCurve = std::function<double(int band, double value)>;
 Image ThroughCurve(const Image& image, const ToneCurve& curve);
-vips::VImage CurveLut(const ToneCurve& curve, VipsBandFormat format = VIPS_FORMAT_UCHAR);  // three bands
+vips::VImage CurveLut(const ToneCurve& curve, VipsBandFormat format = VIPS_FORMAT_UCHAR);  // three bands, or one when they agree
 
 inline int Clamp(int value, int low, int high) { return std::clamp(value, low, high); }
 inline double Clamp(double value, double low, double high) { return std::clamp(value, low, high); }
