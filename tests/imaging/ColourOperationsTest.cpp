@@ -112,6 +112,7 @@ TEST(ColourOperations, GrayScaleHasEqualChannelsAndGreenLooksLighterThanRed) {
   const auto grey = [](QColor colour) { return PixelAt(ops::GrayScale(Painted(1, 1, [colour](int, int) { return colour; })), 0, 0).red(); };
   EXPECT_GT(grey(QColor(0, 255, 0)), grey(QColor(255, 0, 0)));
   EXPECT_GT(grey(QColor(255, 0, 0)), grey(QColor(0, 0, 255)));
+  EXPECT_EQ(grey(QColor(200, 100, 50)), 124);  // 0.299 x 200 + 0.587 x 100 + 0.114 x 50, rounded
 }
 
 TEST(ColourOperations, HueSaturationLuminanceMovesWhatItNames) {
