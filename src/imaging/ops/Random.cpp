@@ -26,6 +26,8 @@ std::uint64_t Draw(std::uint64_t seed, std::uint64_t index) {
 std::uint64_t Seed(const vips::VImage& in) { return (std::uint64_t(in.width()) << 32) ^ std::uint64_t(in.height()); }
 
 // The picture's samples with the pixel's draw added to every colour band, held in range.
+// A pixel takes 32 bits of a draw, so each draw serves two pixels in turn (the pixel's
+// number halved picks the draw, its last bit the half).
 template <typename Sample>
 void AddNoise(const cv::Mat& from, cv::Mat& to, std::uint64_t seed, std::uint64_t chance, int spread) {
   const int width = from.cols, bands = from.channels(), maximum = std::numeric_limits<Sample>::max();
@@ -34,10 +36,12 @@ void AddNoise(const cv::Mat& from, cv::Mat& to, std::uint64_t seed, std::uint64_
     for (int y = rows.start; y < rows.end; ++y) {
       const Sample* in = from.ptr<Sample>(y);
       Sample* out = to.ptr<Sample>(y);
-      for (int x = 0; x < width; ++x, in += bands, out += bands) {
-        const std::uint64_t r = Draw(seed, std::uint64_t(y) * std::uint64_t(width) + std::uint64_t(x));
+      std::uint64_t index = std::uint64_t(y) * std::uint64_t(width), drawn = Draw(seed, index >> 1);
+      for (int x = 0; x < width; ++x, ++index, in += bands, out += bands) {
+        if ((index & 1) == 0) drawn = Draw(seed, index >> 1);
+        const std::uint32_t r = std::uint32_t(drawn >> (32 * (index & 1)));
         const bool hit = (r & 0xFFFF) * 100 < chance * 0x10000;
-        const int value = hit ? (int(((r >> 16) & 0xFFFF) * std::uint64_t(2 * spread + 1) >> 16) - spread) * scale : 0;
+        const int value = hit ? (int((r >> 16) * std::uint64_t(2 * spread + 1) >> 16) - spread) * scale : 0;
         for (int c = 0; c < bands; ++c) out[c] = static_cast<Sample>(std::clamp(in[c] + value, 0, maximum));
       }
     }
