@@ -114,6 +114,42 @@ TEST(FilterOperations, HorizontalMotionBlurSpreadsAlongRowsOnly) {
   EXPECT_EQ(MeanAbsoluteDifference(ops::MotionBlur(columns, 0, 10, 10), columns), 0);  // vertical: columns stay
 }
 
+// Motion Blur is the mean along its trail, rounded half up, the edges repeated outward, at
+// 8 and 16 bits (libvips' convolution in floating point judges): five pixels back along a
+// row either way (six cells, a count no shift divides by), and the diagonal up and left,
+// whose eight steps round onto six cells.
+TEST(FilterOperations, MotionBlurIsTheMeanAlongItsTrail) {
+  TempFolder folder;
+  const auto vips = [&folder](QStringList words) {
+    for (QString& word : words) word.replace(u'@', folder.Path() + u'/');
+    return testing_support::Run(QStringLiteral("vips"), words).ExitCode;
+  };
+  const QString photo = CorpusPath(QStringLiteral("formats/hopper.png"));
+  ASSERT_EQ(vips({"cast", photo, "@deep.tif", "ushort", "--shift"}), 0);
+  folder.WriteBytes(QStringLiteral("left.mat"), "11 1 6 0\n1 1 1 1 1 1 0 0 0 0 0\n");
+  folder.WriteBytes(QStringLiteral("right.mat"), "11 1 6 0\n0 0 0 0 0 1 1 1 1 1 1\n");
+  QByteArray diagonal = "15 15 6 0\n";
+  for (int y = 0; y < 15; ++y) {
+    for (int x = 0; x < 15; ++x) diagonal += x == y && x >= 2 && x <= 7 ? "1 " : "0 ";
+    diagonal += '\n';
+  }
+  folder.WriteBytes(QStringLiteral("diagonal.mat"), diagonal);
+  for (const auto& [picture, format] : {std::pair(photo, "uchar"), std::pair(folder.File(QStringLiteral("deep.tif")), "ushort")}) {
+    for (const auto& [mask, h, v, i] : {std::tuple("@left.mat", 10, 0, 5), std::tuple("@right.mat", -10, 0, 5),
+                                     std::tuple("@diagonal.mat", 5, 5, 10)}) {
+      for (const QStringList& step : {QStringList{"conv", picture, "@mean.v", mask, "--precision", "float"},
+                                      {"linear", "@mean.v", "@up.v", "1", "0.5"}, {"round", "@up.v", "@down.v", "floor"},
+                                      {"cast", "@down.v", "@expected.tif", format}}) {
+        ASSERT_EQ(vips(step), 0) << step.join(u' ').toStdString();
+      }
+      const imaging::Image blurred = ops::MotionBlur(imaging::LoadFile(picture).value(), h, v, i);
+      EXPECT_EQ(MeanAbsoluteDifference(blurred, imaging::LoadFile(folder.File(QStringLiteral("expected.tif"))).value()), 0)
+          << format << " " << h;
+      EXPECT_EQ(blurred.BitsPerSample(), QLatin1String(format) == QLatin1String("ushort") ? 16 : 8);
+    }
+  }
+}
+
 TEST(FilterOperations, NoiseTouchesAboutItsFrequencyOfPixelsAndRepeats) {
   const imaging::Image grey = Painted(100, 100, [](int, int) { return QColor(128, 128, 128); });
   const int few = CountChanged(ops::Noise(grey, 2, 100), grey);    // 10 %

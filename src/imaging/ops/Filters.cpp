@@ -16,11 +16,6 @@ using detail::Clamp;
 
 namespace {
 
-vips::VImage IntegerConvolution(const vips::VImage& in, vips::VImage mask, double scale) {
-  mask.set("scale", scale);
-  return in.conv(mask, vips::VImage::option()->set("precision", VIPS_PRECISION_INTEGER));
-}
-
 enum class Rank { Minimum, Median, Maximum };
 
 // The 3 x 3 minimum, median or maximum of each band, the edges repeated outward. OpenCV's
@@ -41,18 +36,54 @@ Image RankFilter(const Image& image, Rank rank) {
   return detail::OnColourBands(image, [rank](const vips::VImage& rgb) { return RankOf(rgb, rank); });
 }
 
-// The trail of Motion Blur: a one-pixel line `length` long from the centre against
-// the direction of motion, every cell on it weighted equally.
-vips::VImage LineMask(double dx, double dy, int length) {
-  const int size = 2 * length + 1;
-  std::vector<double> cells(static_cast<size_t>(size * size), 0.0);
+// The trail of Motion Blur: the cells of a one-pixel line `length` long from the centre
+// against the direction of motion, as offsets from the pixel; a cell two steps round to is
+// one cell.
+std::vector<cv::Point> TrailCells(double dx, double dy, int length) {
+  std::vector<cv::Point> cells;
   const double norm = std::hypot(dx, dy);
   for (int k = 0; k <= length; ++k) {
-    const int x = length - static_cast<int>(std::lround(k * dx / norm));
-    const int y = length - static_cast<int>(std::lround(k * dy / norm));
-    cells[static_cast<size_t>(y * size + x)] = 1;
+    const cv::Point cell(-static_cast<int>(std::lround(k * dx / norm)), -static_cast<int>(std::lround(k * dy / norm)));
+    if (std::find(cells.begin(), cells.end(), cell) == cells.end()) cells.push_back(cell);
   }
-  return vips::VImage::new_matrix(size, size, cells.data(), static_cast<int>(cells.size()));
+  return cells;
+}
+
+// `sums[i] += samples[i]` for a run of samples (the two never overlap, so it vectorises).
+template <typename Sample, typename Sum>
+void AddRun(Sum* __restrict sums, const Sample* __restrict samples, int count) {
+  for (int i = 0; i < count; ++i) sums[i] = Sum(sums[i] + samples[i]);
+}
+
+// The mean of the samples under the trail's cells, the edges repeated outward, rounded half
+// up. Each row adds its source rows, shifted, into sums (loops that vectorise), one band of
+// rows per core. libvips' integer convolution gives the same pixels but runs its vector code
+// only when the count of cells is a power of two, and a division per sample otherwise.
+template <typename Sample, typename Sum>
+void TrailMean(const cv::Mat& from, cv::Mat& to, const std::vector<cv::Point>& cells) {
+  const int width = from.cols, height = from.rows, bands = from.channels(), count = int(cells.size());
+  // floor((sum + count / 2) / count), exactly: the quotient's fraction is at least 0.5 / count
+  // away from a whole number, far more than a double's error.
+  const double halfUp = count / 2 + 0.5, reciprocal = 1.0 / count;
+  cv::parallel_for_(cv::Range(0, height), [&](const cv::Range& rows) {
+    std::vector<Sum> sums(size_t(width * bands));
+    for (int y = rows.start; y < rows.end; ++y) {
+      std::fill(sums.begin(), sums.end(), Sum(0));
+      for (const cv::Point& cell : cells) {
+        const Sample* source = from.ptr<Sample>(std::clamp(y + cell.y, 0, height - 1));
+        const auto addEdge = [&](int x) {
+          const Sample* edge = source + std::clamp(x + cell.x, 0, width - 1) * bands;
+          for (int c = 0; c < bands; ++c) sums[size_t(x * bands + c)] += edge[c];
+        };
+        const int first = std::clamp(-cell.x, 0, width), end = std::clamp(width - cell.x, 0, width);  // sources in range
+        for (int x = 0; x < first; ++x) addEdge(x);
+        for (int x = end; x < width; ++x) addEdge(x);
+        if (end > first) AddRun(sums.data() + first * bands, source + (first + cell.x) * bands, (end - first) * bands);
+      }
+      Sample* out = to.ptr<Sample>(y);
+      for (size_t i = 0; i < sums.size(); ++i) out[i] = static_cast<Sample>((double(sums[i]) + halfUp) * reciprocal);
+    }
+  });
 }
 
 // (100 - a) % of each sample plus a % of its 3 x 3 mean, the edges repeated outward: in
@@ -118,9 +149,11 @@ Image MotionBlur(const Image& image, int horizontal, int vertical, int intensity
   const double dx = Clamp(horizontal, -10, 10), dy = Clamp(vertical, -10, 10);
   const int length = static_cast<int>(std::lround(Clamp(intensity, 1, 25) * std::hypot(dx, dy) / 10));
   if (length < 1) return image;
-  const vips::VImage mask = LineMask(dx, dy, length);
-  return detail::OnColourBands(image, [&mask](const vips::VImage& rgb) {
-    return IntegerConvolution(rgb, mask, mask.avg() * mask.width() * mask.height());
+  const std::vector<cv::Point> cells = TrailCells(dx, dy, length);
+  return detail::OnColourBands(image, [&cells](const vips::VImage& rgb) {
+    return detail::ThroughOpenCv(rgb, [&cells, deep = IsDeep(rgb)](const cv::Mat& from, cv::Mat& to) {
+      deep ? TrailMean<std::uint16_t, std::uint32_t>(from, to, cells) : TrailMean<std::uint8_t, std::uint16_t>(from, to, cells);
+    });
   });
 }
 
