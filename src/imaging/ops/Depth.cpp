@@ -117,48 +117,75 @@ class NearestEntries {
 
 int Clamped(int value) { return value < 0 ? 0 : value > 255 ? 255 : value; }
 
-// Floyd-Steinberg at one pixel: its error (in sixteenths, at `error`) goes 7/16 right, and
-// 3/16 down-left, 5/16 down and 1/16 down-right into the next row's errors (at `down`).
+// Floyd-Steinberg sends a pixel's error (in sixteenths) 7/16 right, and 3/16 down-left,
+// 5/16 down and 1/16 down-right into the next row. What a channel carries along its row:
+// the right share for the next pixel, and the two sums of the next row still open (below
+// the pixel and after it). They stay in registers; each sum of the next row is stored once,
+// complete, where adding into memory at every pixel stalled on the adds before it.
+struct Carry {
+  int Right = 0, Below = 0, After = 0;
+};
+
+[[gnu::always_inline]] inline void Spread(Carry& carry, int error, int* belowBefore) {
+  carry.Right = error * 7;
+  *belowBefore = carry.Below + error * 3;  // the column before this one: complete now
+  carry.Below = carry.After + error * 5;
+  carry.After = error;
+}
+
+struct RowCarry {
+  Carry R, G, B;
+};
+
+// One pixel: `incoming` holds its sums from the row above, `below` the next row's at its
+// column (the column before it is written).
 [[gnu::always_inline]] inline void DiffusePixel(NearestEntries& nearest, const unsigned char* __restrict in, unsigned char* __restrict out,
-                         int* __restrict error, int* __restrict down) {
-  const int r = Clamped(in[0] + ((error[0] + 8) >> 4));
-  const int g = Clamped(in[1] + ((error[1] + 8) >> 4));
-  const int b = Clamped(in[2] + ((error[2] + 8) >> 4));
+                                                const int* __restrict incoming, int* __restrict below, RowCarry& carry) {
+  const int r = Clamped(in[0] + ((incoming[0] + carry.R.Right + 8) >> 4));
+  const int g = Clamped(in[1] + ((incoming[1] + carry.G.Right + 8) >> 4));
+  const int b = Clamped(in[2] + ((incoming[2] + carry.B.Right + 8) >> 4));
   const Rgb chosen = nearest(r, g, b);
   out[0] = static_cast<unsigned char>(chosen.R);
   out[1] = static_cast<unsigned char>(chosen.G);
   out[2] = static_cast<unsigned char>(chosen.B);
-  const int e[3] = {r - chosen.R, g - chosen.G, b - chosen.B};
-  for (int c = 0; c < 3; ++c) {
-    error[c + 3] += e[c] * 7;
-    down[c - 3] += e[c] * 3;
-    down[c] += e[c] * 5;
-    down[c + 3] += e[c];
-  }
+  Spread(carry.R, r - chosen.R, below - 3);
+  Spread(carry.G, g - chosen.G, below - 2);
+  Spread(carry.B, b - chosen.B, below - 1);
 }
 
-// Two rows at a time, the lower two pixels behind: by then every error it takes from the
-// upper row is in, so the result is that of one row after the other, while the two chains
-// of dependent steps overlap in the processor.
+// The row's last open sums, below its last column.
+void FinishRow(const RowCarry& carry, int* below) {
+  below[0] = carry.R.Below;
+  below[1] = carry.G.Below;
+  below[2] = carry.B.Below;
+}
+
+// Two rows at a time, the lower two pixels behind: by then every sum it takes from the
+// upper row is complete, so the result is that of one row after the other, while the two
+// chains of dependent steps overlap in the processor.
 void DiffuseRows(const unsigned char* in, unsigned char* out, int width, int rows, NearestEntries& nearest) {
-  const size_t rowSamples = static_cast<size_t>(width) * 3, errorSamples = (static_cast<size_t>(width) + 2) * 3;
-  std::vector<int> errors(errorSamples * 3, 0);
-  int* upper = errors.data();  // the upper row's own errors
-  int* lower = upper + errorSamples;  // the lower row's, which the upper one adds to
-  int* next = lower + errorSamples;  // the row after, which the lower one adds to
+  const size_t rowSamples = static_cast<size_t>(width) * 3, sumSamples = (static_cast<size_t>(width) + 1) * 3;
+  std::vector<int> sums(sumSamples * 3, 0);  // each row's from the row above, a spare column before column 0
+  int* upper = sums.data() + 3;  // the upper row's
+  int* lower = upper + sumSamples;  // the lower row's, which the upper one writes
+  int* next = lower + sumSamples;  // the row after's, which the lower one writes
   for (int y = 0; y < rows; y += 2) {
     const unsigned char* top = in + rowSamples * static_cast<size_t>(y);
     unsigned char* topOut = out + rowSamples * static_cast<size_t>(y);
     const bool pair = y + 1 < rows;
-    for (int x = 0; x < width + 2; ++x) {
+    RowCarry first, second;
+    for (int x = 0; x < width; ++x) {
       const size_t at = static_cast<size_t>(x) * 3;
-      if (x < width) DiffusePixel(nearest, top + at, topOut + at, upper + at + 3, lower + at + 3);
-      if (pair && x >= 2) DiffusePixel(nearest, top + rowSamples + at - 6, topOut + rowSamples + at - 6, lower + at - 3, next + at - 3);
+      DiffusePixel(nearest, top + at, topOut + at, upper + at, lower + at, first);
+      if (pair && x >= 2) DiffusePixel(nearest, top + rowSamples + at - 6, topOut + rowSamples + at - 6, lower + at - 6, next + at - 6, second);
     }
-    std::fill(upper, upper + errorSamples, 0);
-    std::fill(lower, lower + errorSamples, 0);
+    FinishRow(first, lower + rowSamples - 3);
+    for (int x = std::max(width - 2, 0); pair && x < width; ++x) {
+      const size_t at = static_cast<size_t>(x) * 3;
+      DiffusePixel(nearest, top + rowSamples + at, topOut + rowSamples + at, lower + at, next + at, second);
+    }
+    FinishRow(second, next + rowSamples - 3);
     std::swap(upper, next);  // the row after is the next pair's upper row
-    std::swap(lower, next);
   }
 }
 
