@@ -10,12 +10,6 @@ namespace {
 
 using namespace base;
 
-TEST(JoinPath, AddsOneSeparatorUnlessTheFolderEndsInOne) {
-  EXPECT_EQ(JoinPath(QStringLiteral("/home/ana"), QStringLiteral("a.jpg")), QStringLiteral("/home/ana/a.jpg"));
-  EXPECT_EQ(JoinPath(QStringLiteral("/"), QStringLiteral("a.jpg")), QStringLiteral("/a.jpg"));
-  EXPECT_EQ(JoinPath(QStringLiteral("/tmp/"), QStringLiteral("Ini.in")), QStringLiteral("/tmp/Ini.in"));
-}
-
 // The one-path rules, each case the rule, its input and what it gives.
 TEST(Paths, ExtensionDisplayNameAndTrailingSeparators) {
   using Rule = QString (*)(const QString&);

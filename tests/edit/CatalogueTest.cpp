@@ -22,19 +22,6 @@ edit::DialogValues AtLoad(Id command, const edit::DialogContext& context = {800 
   return model.Values();
 }
 
-TEST(Catalogue, EachBoxsRangeIsItsOwnSlidersRange) {
-  for (const edit::CatalogueCommand& c : Catalogue()) {
-    const edit::DialogLayout layout = edit::ParseDialogDescription(edit::DialogDescriptionFor(c.Id));
-    for (const edit::Parameter& p : c.Parameters) {
-      if (p.From != edit::Source::TextBox) continue;
-      const edit::DialogControl* slider = layout.Find(edit::ControlKind::Slider, p.Index);
-      if (!slider) continue;  // Resize has none
-      EXPECT_EQ(p.Minimum, slider->Minimum) << c.Command << " " << p.Name;
-      EXPECT_EQ(p.Maximum, slider->Maximum) << c.Command << " " << p.Name;
-    }
-  }
-}
-
 TEST(Catalogue, ArgumentsComeFromTheBoxesTheOptionAndTheSelectionWithinTheRange) {
   edit::DialogValues values = AtLoad(Id::Perspective);
   values.Numbers = {40};

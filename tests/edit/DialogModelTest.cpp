@@ -30,14 +30,6 @@ TEST(DialogModel, AnEmptyBoxMovesTheSliderToItsMinimumAndOkAsksForAValue) {
   EXPECT_EQ(brightness.Values().Number(1), 0);
 }
 
-TEST(DialogModel, MotionBlursIntensityBoxDrivesTheVerticalSpeedSlider) {
-  DialogModel blur = Dialog(edit::OperationId::MotionBlur);
-  blur.TextChanged(3, QStringLiteral("7"));
-  EXPECT_EQ(std::tuple(blur.SliderValue(2), blur.SliderValue(3)), std::tuple(7, 1));
-  blur.SliderChanged(3, 20);
-  EXPECT_EQ(std::tuple(blur.Text(2), blur.Text(3)), std::tuple(QStringLiteral("0"), QStringLiteral("20")));
-}
-
 // Resize shows the size with only the new size editable; what the other box of the new size
 // holds after typing into one, aspect locked or not.
 TEST(DialogModel, ResizeKeepsTheAspectWhenLocked) {

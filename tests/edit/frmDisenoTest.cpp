@@ -49,15 +49,6 @@ TEST(frmDiseno, EveryDialogKeepsItsControlsInsideAndClearOfItsButtons) {
   }
 }
 
-TEST(frmDiseno, TypingIntoABoxMovesItsSliderThroughTheKeyFilter) {
-  frmDiseno dialog(Description(edit::OperationId::Brightness), k800x600, std::nullopt, {});
-  dialog.show();
-  auto* box = Child<QLineEdit>(dialog, "txtTexto(1)");
-  Retype(box, QStringLiteral("-a3x"));
-  EXPECT_EQ(box->text(), QStringLiteral("-3"));
-  EXPECT_EQ(Child<QSlider>(dialog, "sliControl(1)")->value(), -3);
-}
-
 TEST(frmDiseno, ResizeRefusesOutside1To2048WithTheTextSelected) {
   frmDiseno dialog(Description(edit::OperationId::Resize), k800x600, std::nullopt, {});
   dialog.show();

@@ -105,15 +105,6 @@ TEST(FilterOperations, MosaicMakesConstantBlocksOfTheBlockSize) {
   EXPECT_NE(picture.pixel(0, 0), picture.pixel(5, 0));
 }
 
-TEST(FilterOperations, HorizontalMotionBlurSpreadsAlongRowsOnly) {
-  const imaging::Image stripes = Painted(40, 40, [](int, int y) { return y % 2 ? Qt::white : Qt::black; });
-  EXPECT_EQ(MeanAbsoluteDifference(ops::MotionBlur(stripes, 10, 0, 10), stripes), 0);
-  const imaging::Image columns = Painted(40, 40, [](int x, int) { return x % 2 ? Qt::white : Qt::black; });
-  const imaging::Image blurred = ops::MotionBlur(columns, 10, 0, 10);
-  EXPECT_LT(Statistics(blurred).Variance, Statistics(columns).Variance / 10);
-  EXPECT_EQ(MeanAbsoluteDifference(ops::MotionBlur(columns, 0, 10, 10), columns), 0);  // vertical: columns stay
-}
-
 // Motion Blur is the mean along its trail, rounded half up, the edges repeated outward, at
 // 8 and 16 bits (libvips' convolution in floating point judges): five pixels back along a
 // row either way (six cells, a count no shift divides by), and the diagonal up and left,
