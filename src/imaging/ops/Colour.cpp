@@ -1,5 +1,5 @@
-// The Colors menu's operations. The tone curves go through one lookup table per band,
-// so each costs one pass over the pixels whatever its formula.
+// The Colors menu's operations. The tone curves go through a lookup table (one for all
+// bands where their curves agree), so each costs one pass over the pixels whatever its formula.
 #include "imaging/Operations.h"
 #include "imaging/ops/OpenCvBridge.h"
 #include "imaging/ops/OpsInternal.h"
