@@ -42,9 +42,12 @@ void SetModeOfNewFile(const QString& temporary, const QString& target) {
   ::chmod(base::EncodeFileName(temporary).constData(), 0666 & ~mask);
 }
 
-// libvips' saver for the format, chosen by the format's suffix rather than the file name.
-bool WriteWithVips(const Image& image, const VipsSaveSpec& spec, const QString& file) {
-  const char* saver = vips_foreign_find_save(spec.Suffix.toLatin1().constData());
+// libvips' saver for the format, chosen by the format's suffix, writing through our own
+// descriptor of the fresh part file: opening the part again by name would truncate it, and
+// ext4 then writes a truncated file back to disk before its close returns (tens of
+// milliseconds for a big picture).
+bool WriteWithVips(const Image& image, const VipsSaveSpec& spec, QTemporaryFile& part) {
+  const char* saver = vips_foreign_find_save_target(spec.Suffix.toLatin1().constData());
   if (!saver) {
     vips_error_clear();
     return false;
@@ -52,12 +55,13 @@ bool WriteWithVips(const Image& image, const VipsSaveSpec& spec, const QString& 
   const std::string operation = saver;
   try {
     const vips::VImage prepared = PreparedForVipsSave(image, spec);  // first: the options are freed only by the call
-    vips::VImage::call(operation.c_str(),
-                       spec.Options()->set("in", prepared)->set("filename", base::EncodeFileName(file).constData()));
+    vips::VImage::call(operation.c_str(), spec.Options()->set("in", prepared)->set(
+                                              "target", vips::VTarget::new_to_descriptor(part.handle())));
   } catch (const vips::VError&) {
     vips_error_clear();
     return false;
   }
+  part.close();
   return true;
 }
 
@@ -73,8 +77,7 @@ bool SaveStreaming(const Image& image, const QString& requestedPath) {
   QTemporaryFile temporary(
       target.dir().filePath(u'.' + target.fileName() + base::OwnerTag() + QStringLiteral("XXXXXX") + kPartSuffix));
   if (!temporary.open()) return false;
-  temporary.close();
-  if (!WriteWithVips(image, *spec, temporary.fileName())) return false;  // the part is removed with `temporary`
+  if (!WriteWithVips(image, *spec, temporary)) return false;  // the part is removed with `temporary`
   SetModeOfNewFile(temporary.fileName(), path);
   // rename(2) replaces the target in one step: it is never missing or half written.
   if (std::rename(base::EncodeFileName(temporary.fileName()).constData(), base::EncodeFileName(path).constData()) != 0) {
