@@ -5,6 +5,7 @@
 
 #include "imaging/Image.h"
 
+#include <QFile>
 #include <QProcess>
 #include <QStringList>
 #include <QTemporaryDir>
@@ -21,6 +22,14 @@ inline bool RunCommand(const QString& program, const QStringList& arguments) {
 
 inline double CommandMilliseconds(int runs, const QString& program, const QStringList& arguments) {
   return BestMilliseconds(runs, [&] { RunCommand(program, arguments); });
+}
+
+// The same for a command that writes `output`, which each run finds missing, as a command
+// making a new file does: replacing a big file costs both the unlinking of the old one
+// and, on ext4, its forced write-back.
+inline double NewFileCommandMilliseconds(int runs, const QString& program, const QStringList& arguments,
+                                         const QString& output) {
+  return BestMillisecondsAfter(runs, [&] { QFile::remove(output); }, [&] { RunCommand(program, arguments); });
 }
 
 // The benchmarks' 24-megapixel photo: `source` enlarged to 6000 x 4000 by ImageMagick.

@@ -1,6 +1,6 @@
 // The editing operations on a 24-megapixel photo made by ImageMagick at bench time.
-// For each: the operation alone in process (best of 2), its preview on the dialog's
-// reduced copy, and the whole command (load the JPEG, apply, write a PPM) through
+// For each: the operation alone in process (best of 3), its preview on the dialog's
+// reduced copy, and the whole command (load the JPEG, apply, write a new PPM; best of 3) through
 // `vistrel-cli apply` next to the closest `convert` of ImageMagick, in the same run.
 // Usage: bench_operations PATH_TO_VISTREL_CLI SOURCE_PHOTO [OPERATION...]
 #include "BenchCommand.h"
@@ -104,9 +104,10 @@ int main(int argc, char** argv) {
   std::printf("%-34s %9s %9s %11s %11s %7s\n", "operation", "op ms", "preview", "vistrel ms", "magick ms", "ratio");
   std::vector<double> ratios;
   for (const Row& row : rows) {
-    const double ours = bench::CommandMilliseconds(2, cli, QStringList{QStringLiteral("apply"), photo, out} + row.Words);
-    const double magick = bench::CommandMilliseconds(
-        2, QStringLiteral("convert"), QStringList{photo} + Words(row.Source->Magick) + QStringList{out});
+    const double ours =
+        bench::NewFileCommandMilliseconds(3, cli, QStringList{QStringLiteral("apply"), photo, out} + row.Words, out);
+    const double magick = bench::NewFileCommandMilliseconds(
+        3, QStringLiteral("convert"), QStringList{photo} + Words(row.Source->Magick) + QStringList{out}, out);
     ratios.push_back(magick / ours);
     char previewText[16] = "n/a";
     if (row.Preview >= 0) std::snprintf(previewText, sizeof previewText, "%.2f", row.Preview);
