@@ -71,6 +71,21 @@ vips::VImage WithOwnMetadata(vips::VImage image) {
 
 }  // namespace
 
+void CopyMetadata(const vips::VImage& from, vips::VImage& to) {
+  to.get_image()->Xres = from.xres();
+  to.get_image()->Yres = from.yres();
+  gchar** names = vips_image_get_fields(from.get_image());
+  for (gchar** name = names; *name; ++name) {
+    if (vips_image_get_typeof(to.get_image(), *name) != 0) continue;
+    GValue value = G_VALUE_INIT;
+    if (vips_image_get(from.get_image(), *name, &value) == 0) {
+      vips_image_set(to.get_image(), *name, &value);
+      g_value_unset(&value);
+    }
+  }
+  g_strfreev(names);
+}
+
 Image Wrap(vips::VImage image, bool onWhite) {
   image = Normalized(image);
   if (onWhite) image = FlattenedOnWhite(image);

@@ -69,6 +69,9 @@ inline vips::VImage FlattenedOnWhite(const vips::VImage& image) {
       .cast(image.format());
 }
 
+// Every field of `from` that `to` lacks, and its resolution: the metadata bare pixels lost.
+void CopyMetadata(const vips::VImage& from, vips::VImage& to);
+
 // Packed 8-bit rows in memory as an image, without a copy; the memory must outlive it.
 vips::VImage RowsIn(void* data, int width, int rows, int bands,
                     VipsInterpretation interpretation = VIPS_INTERPRETATION_sRGB);

@@ -203,22 +203,6 @@ QThreadPool& UnpackingPool() {
   return *pool;
 }
 
-// The metadata the packed pixels lost: every field the bare image does not already have.
-void CopyMetadata(const vips::VImage& from, vips::VImage& to) {
-  to.get_image()->Xres = from.xres();
-  to.get_image()->Yres = from.yres();
-  gchar** names = vips_image_get_fields(from.get_image());
-  for (gchar** name = names; *name; ++name) {
-    if (vips_image_get_typeof(to.get_image(), *name) != 0) continue;
-    GValue value = G_VALUE_INIT;
-    if (vips_image_get(from.get_image(), *name, &value) == 0) {
-      vips_image_set(to.get_image(), *name, &value);
-      g_value_unset(&value);
-    }
-  }
-  g_strfreev(names);
-}
-
 }  // namespace
 
 PackedImage PackedImage::Pack(const Image& image) {

@@ -2,6 +2,7 @@
 #include "imaging/Decoders.h"
 #include "base/FileNames.h"
 #include "imaging/ImageInternal.h"
+#include "imaging/JpegDecode.h"
 #include "imaging/Loader.h"
 
 #include <QFile>
@@ -75,13 +76,25 @@ int ShrinkCovering(const vips::VImage& header, int maxWidth, int maxHeight) {
   return shrink;
 }
 
-// The whole file decoded with a shrink on load, upright, in its stated colours.
-Image DecodeShrunk(const QString& path, int shrink) {
+// The file's pixels with a shrink on load; a JPEG's by TurboJPEG where it can.
+vips::VImage ShrunkOnLoad(const QString& path, const vips::VImage& header, int shrink) {
+  if (IsJpeg(header)) {
+    if (auto decoded = DecodeJpeg(path, header, shrink)) return *decoded;
+  }
   const vips::VSource source = SourceOf(path);  // first: the options are freed only by the call
-  vips::VImage decoded = vips::VImage::new_from_source(
-      source, "", shrink > 1 ? vips::VImage::option()->set("shrink", shrink) : vips::VImage::option());
+  return vips::VImage::new_from_source(source, "", shrink > 1 ? vips::VImage::option()->set("shrink", shrink)
+                                                              : vips::VImage::option());
+}
+
+// Decoded pixels upright, in their stated colours.
+Image Finished(vips::VImage decoded, const QString& path) {
   if (vips_image_get_orientation(decoded.get_image()) > 1) decoded = decoded.autorot();
   return Wrap(WithStatedColours(decoded, path));
+}
+
+// The whole file decoded with a shrink on load, upright, in its stated colours.
+Image DecodeShrunk(const QString& path, const vips::VImage& header, int shrink) {
+  return Finished(ShrunkOnLoad(path, header, shrink), path);
 }
 
 }  // namespace
@@ -95,12 +108,17 @@ std::optional<Image> DecodeWithVips(const QString& path, int maxWidth, int maxHe
     // libvips' thumbnail leaves twice that, so a 12 MP photo for a 1920 box is decoded whole.
     // CMYK takes the whole decode's transform to sRGB rather than the thumbnail's own.
     if (maxWidth > 0 && maxHeight > 0 && (IsJpeg(*image) || image->interpretation() == VIPS_INTERPRETATION_CMYK)) {
-      return DecodeShrunk(path, ShrinkCovering(*image, maxWidth, maxHeight)).FitWithin(maxWidth, maxHeight);
+      return DecodeShrunk(path, *image, ShrinkCovering(*image, maxWidth, maxHeight)).FitWithin(maxWidth, maxHeight);
     }
     if (maxWidth > 0 && maxHeight > 0) {
       const vips::VSource source = SourceOf(path);  // first: the options are freed only by the call
       auto options = vips::VImage::option()->set("height", maxHeight)->set("size", VIPS_SIZE_DOWN)->set("intent", VIPS_INTENT_RELATIVE);
       return Wrap(WithStatedColours(vips::VImage::thumbnail_source(source, maxWidth, options), path), onWhite);
+    }
+    // A whole JPEG from TurboJPEG on one thread leaves the other cores to the quick pictures
+    // shown while it is read; libvips would take them all for a while.
+    if (IsJpeg(*image)) {
+      if (auto decoded = DecodeJpeg(path, *image, 1)) return Finished(*decoded, path);
     }
     // Upright pixels go in one pass straight into memory; turning them needs random access.
     if (vips_image_get_orientation(image->get_image()) <= 1) return Wrap(WithStatedColours(*image, path), onWhite);
@@ -118,7 +136,7 @@ std::optional<Image> LoadGlimpse(const QString& path) {
   try {
     const auto header = OpenChecked(path);
     if (!header) return std::nullopt;
-    if (IsJpeg(*header)) return DecodeShrunk(path, 8);
+    if (IsJpeg(*header)) return DecodeShrunk(path, *header, 8);
     if (LoadedBy(*header, "heif")) return HeifThumbnail(path, *header);
     return std::nullopt;
   } catch (const vips::VError&) {
