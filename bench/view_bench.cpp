@@ -12,6 +12,7 @@
 // Usage: bench_view SOURCE_PHOTO
 #include "BenchClock.h"
 #include "BenchPhotos.h"
+#include "BenchScreen.h"
 #include "app/frmMain.h"
 #include "imaging/Loader.h"
 #include "view/Viewport.h"
@@ -181,7 +182,7 @@ bool MakeCameraLike(const QString& from, const QString& to, const QStringList& n
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  bench::UseOffscreenDesktop();
   QApplication application(argc, argv);
   if (argc < 2) return 2;
   QTemporaryDir pictures, tagged, camera;
