@@ -8,6 +8,7 @@
 #include <turbojpeg.h>
 
 #include <algorithm>
+#include <cstddef>
 
 namespace imaging {
 
@@ -42,22 +43,21 @@ std::optional<vips::VImage> DecodeJpeg(const QString& path, const vips::VImage& 
   const int bands = grey ? 1 : 3;
   const tjscalingfactor factor{1, shrink};
   const int scaledWidth = TJSCALED(width, factor), scaledHeight = TJSCALED(height, factor);
-  vips::VImage decoded(vips_image_new_memory());
-  vips_image_init_fields(decoded.get_image(), scaledWidth, scaledHeight, bands, VIPS_FORMAT_UCHAR, VIPS_CODING_NONE,
-                         grey ? VIPS_INTERPRETATION_B_W : VIPS_INTERPRETATION_sRGB, 1.0, 1.0);
-  if (vips_image_write_prepare(decoded.get_image()) != 0) {
-    vips_error_clear();
-    return std::nullopt;
-  }
+  // Memory of our own, which the kernel may back with huge pages, as every large picture's.
+  const std::size_t size = std::size_t(scaledWidth) * scaledHeight * bands;
+  void* pixels = AllocatePixels(size);
+  if (!pixels) return std::nullopt;
+  vips::VImage decoded =
+      vips::VImage::new_from_memory_steal(pixels, size, scaledWidth, scaledHeight, bands, VIPS_FORMAT_UCHAR);
   // Any damage, even one libjpeg only warns of, goes the usual way, where it is told as always.
-  if (tjDecompress2(decompressor.handle, bytes, jpeg.size(), VIPS_IMAGE_ADDR(decoded.get_image(), 0, 0), scaledWidth, 0,
+  if (tjDecompress2(decompressor.handle, bytes, jpeg.size(), static_cast<unsigned char*>(pixels), scaledWidth, 0,
                     scaledHeight, grey ? TJPF_GRAY : TJPF_RGB, 0) != 0) {
     return std::nullopt;
   }
   // libjpeg rounds a scaled side up and libvips down.
   const int keptWidth = std::max(1, width / shrink), keptHeight = std::max(1, height / shrink);
   if (keptWidth != scaledWidth || keptHeight != scaledHeight) {
-    decoded = decoded.extract_area(0, 0, keptWidth, keptHeight).copy_memory();
+    decoded = InMemory(decoded.extract_area(0, 0, keptWidth, keptHeight));
   }
   CopyMetadata(header, decoded);
   return decoded;
