@@ -29,6 +29,12 @@ std::optional<LoadedImage> RawPreview(const QString& path, const base::ScreenMet
   return loaded;
 }
 
+// A picture larger than four screens is shown quickly while it is read.
+bool GetsQuickPictures(QSize size, const base::ScreenMetrics& metrics) {
+  const QSize screen = ScreenPixels(metrics);
+  return qint64(size.width()) * size.height() > 4 * qint64(screen.width()) * screen.height();
+}
+
 }  // namespace
 
 std::optional<LoadedImage> DevelopRawFile(const QString& path, const base::ScreenMetrics& metrics) {
@@ -43,7 +49,10 @@ std::optional<LoadedImage> LoadImageFile(const QString& path, const base::Screen
     if (auto preview = RawPreview(path, metrics)) return preview;
     return DevelopRawFile(path, metrics);
   }
-  auto picture = imaging::LoadFile(path, page);
+  // The quick pictures are decoded on another core while this one is read.
+  const auto size = imaging::ReadImageSizeCheaply(path);
+  const bool quick = page == 0 && size && GetsQuickPictures(*size, metrics);
+  auto picture = imaging::LoadFile(path, page, quick ? imaging::DecodeCores::One : imaging::DecodeCores::All);
   if (!picture) return std::nullopt;
   const auto natural = base::NaturalSize::FromPixels(picture->Width(), picture->Height(), metrics);
   // Whether a GIF plays is known from its first two frames; its timing is read as it starts.
@@ -55,7 +64,7 @@ std::optional<LoadedImage> LoadImageFile(const QString& path, const base::Screen
 void LoadQuickPictures(const QString& path, QSize box, const base::ScreenMetrics& metrics, const QuickPictureSink& deliver) {
   const QSize screen = ScreenPixels(metrics);
   const auto size = imaging::ReadImageSizeCheaply(path);
-  if (!size || qint64(size->width()) * size->height() <= 4 * qint64(screen.width()) * screen.height()) return;
+  if (!size || !GetsQuickPictures(*size, metrics)) return;
   const auto natural = base::NaturalSize::FromPixels(size->width(), size->height(), metrics);
   auto glimpse = imaging::ReadEmbeddedPreview(path);
   if (!glimpse) glimpse = imaging::LoadGlimpse(path);

@@ -20,7 +20,8 @@ namespace imaging {
 
 // libvips' in-process loaders (untrusted ones stay blocked); shrink > 1 decodes reduced.
 // `onWhite` composites any alpha onto white on the way into memory.
-std::optional<Image> DecodeWithVips(const QString& path, int maxWidth = 0, int maxHeight = 0, bool onWhite = false, int page = 0);
+std::optional<Image> DecodeWithVips(const QString& path, int maxWidth = 0, int maxHeight = 0, bool onWhite = false, int page = 0,
+                                    DecodeCores cores = DecodeCores::All);
 std::optional<QSize> VipsHeaderSize(const QString& path);
 // The pages and bits per channel the file's header states.
 std::optional<SourceFacts> VipsSourceFacts(const QString& path);

@@ -27,6 +27,7 @@ struct DecodeFacts {
   bool OnWhite = false;
   bool* TimedOut = nullptr;
   int Page = 0;
+  DecodeCores Cores = DecodeCores::All;
 };
 
 std::optional<Image> DecodeWithHelper(const QString& path, const QString& coder, DecodeFacts facts) {
@@ -42,7 +43,7 @@ std::optional<Image> Decode(const QString& path, const Decision& decision, const
                             DecodeFacts facts) {
   switch (decision.Via) {
     case Route::Vips:
-      return DecodeWithVips(path, 0, 0, facts.OnWhite, facts.Page);
+      return DecodeWithVips(path, 0, 0, facts.OnWhite, facts.Page, facts.Cores);
     case Route::Qt:
       // An animation's later frames: libvips composes each over the ones before.
       if (facts.Page > 0 && decision.Format == QLatin1String("GIF")) return DecodeWithVips(path, 0, 0, facts.OnWhite, facts.Page);
@@ -76,10 +77,10 @@ bool ComesInOnWhite(const QString& ext) {
   return kTypes.contains(ext);
 }
 
-std::optional<Loaded> LoadImage(const QString& path, int page) {
+std::optional<Loaded> LoadImage(const QString& path, int page, DecodeCores cores) {
   const QString extension = LowerCaseExtension(path);
   const Decision decision = DecisionFor(path);
-  std::optional<Image> image = Decode(path, decision, extension, {ComesInOnWhite(extension), nullptr, page});
+  std::optional<Image> image = Decode(path, decision, extension, {ComesInOnWhite(extension), nullptr, page, cores});
   if (!image) return std::nullopt;
   return Loaded{*image, decision.Format};
 }
@@ -89,8 +90,8 @@ std::optional<Image> OpenForStreaming(const QString& path) {
   return OpenWithVipsInOrder(path);
 }
 
-std::optional<Image> LoadFile(const QString& path, int page) {
-  auto loaded = LoadImage(path, page);
+std::optional<Image> LoadFile(const QString& path, int page, DecodeCores cores) {
+  auto loaded = LoadImage(path, page, cores);
   if (!loaded) return std::nullopt;
   return loaded->Picture;
 }

@@ -24,8 +24,10 @@ struct Loaded {
 // "gif", "ico", "rle", "wmf" composited onto white. `page` (0 the first) picks a page of a
 // file of several (a TIFF, a DCX, a HEIF collection); an icon's images count largest first.
 // nullopt when it cannot be read (the caller says "Can't open file").
-std::optional<Loaded> LoadImage(const QString& path, int page = 0);
-std::optional<Image> LoadFile(const QString& path, int page = 0);
+// `cores` says whether the decode may spread over the machine's cores (a JPEG's over two).
+enum class DecodeCores { All, One };
+std::optional<Loaded> LoadImage(const QString& path, int page = 0, DecodeCores cores = DecodeCores::All);
+std::optional<Image> LoadFile(const QString& path, int page = 0, DecodeCores cores = DecodeCores::All);
 
 // The file as an unevaluated pipeline read once from top to bottom (imaging/Streaming.h):
 // only what libvips decodes in process, already upright, and not one of the six types

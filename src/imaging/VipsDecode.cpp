@@ -10,6 +10,7 @@
 #include <unistd.h>
 #include <algorithm>
 #include <string_view>
+#include <thread>
 
 namespace imaging {
 
@@ -86,6 +87,12 @@ vips::VImage ShrunkOnLoad(const QString& path, const vips::VImage& header, int s
                                                               : vips::VImage::option());
 }
 
+// A JPEG decodes in at most two bands at once: a third would first read two thirds of the
+// file without transforming it.
+int JpegThreads(DecodeCores cores) {
+  return cores == DecodeCores::All ? int(std::clamp(std::thread::hardware_concurrency(), 1u, 2u)) : 1;
+}
+
 // Decoded pixels upright, in their stated colours.
 Image Finished(vips::VImage decoded, const QString& path) {
   if (vips_image_get_orientation(decoded.get_image()) > 1) decoded = decoded.autorot();
@@ -99,7 +106,8 @@ Image DecodeShrunk(const QString& path, const vips::VImage& header, int shrink) 
 
 }  // namespace
 
-std::optional<Image> DecodeWithVips(const QString& path, int maxWidth, int maxHeight, bool onWhite, int page) {
+std::optional<Image> DecodeWithVips(const QString& path, int maxWidth, int maxHeight, bool onWhite, int page,
+                                    DecodeCores cores) {
   Initialize();
   try {
     const auto image = OpenChecked(path, page);
@@ -115,10 +123,8 @@ std::optional<Image> DecodeWithVips(const QString& path, int maxWidth, int maxHe
       auto options = vips::VImage::option()->set("height", maxHeight)->set("size", VIPS_SIZE_DOWN)->set("intent", VIPS_INTENT_RELATIVE);
       return Wrap(WithStatedColours(vips::VImage::thumbnail_source(source, maxWidth, options), path), onWhite);
     }
-    // A whole JPEG from TurboJPEG on one thread leaves the other cores to the quick pictures
-    // shown while it is read; libvips would take them all for a while.
     if (IsJpeg(*image)) {
-      if (auto decoded = DecodeJpeg(path, *image, 1)) return Finished(*decoded, path);
+      if (auto decoded = DecodeJpeg(path, *image, 1, JpegThreads(cores))) return Finished(*decoded, path);
     }
     // Upright pixels go in one pass straight into memory; turning them needs random access.
     if (vips_image_get_orientation(image->get_image()) <= 1) return Wrap(WithStatedColours(*image, path), onWhite);
