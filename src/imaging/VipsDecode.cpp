@@ -154,8 +154,12 @@ std::optional<Image> LoadGlimpse(const QString& path) {
 std::optional<Image> OpenWithVipsInOrder(const QString& path) {
   Initialize();
   try {
-    const auto upright = OpenUpright(path);
+    auto upright = OpenUpright(path);
     if (!upright) return std::nullopt;
+    // libvips' loader decodes a JPEG on one thread; ours takes two bands at once.
+    if (IsJpeg(*upright)) {
+      if (auto streamed = StreamJpeg(path, *upright, JpegThreads(DecodeCores::All))) upright = std::move(streamed);
+    }
     return Image::FromInternal(Image::Pixels{Normalized(WithStatedColours(*upright, path))});
   } catch (const vips::VError&) {
     vips_error_clear();
