@@ -64,18 +64,54 @@ Palette ChoosePalette(const vips::VImage& rgb, int colours) {
   return palette;
 }
 
+// The distance between two colours, weighted as the eye sees.
+int Distance(int dr, int dg, int db) { return 2 * dr * dr + 4 * dg * dg + 3 * db * db; }
+
+// For each box of 32 levels a channel, the entries that may be nearest to some colour in it:
+// those whose least distance to the box is within the greatest distance to it of the entry
+// that is nowhere far. They are kept in palette order, so the first on a tie still wins; a
+// search tries a handful of entries instead of the whole palette.
+class Candidates {
+ public:
+  explicit Candidates(const Palette& palette) : lists_(size_t(kBoxes * kBoxes * kBoxes)) {
+    for (int r = 0; r < kBoxes; ++r) {
+      for (int g = 0; g < kBoxes; ++g) {
+        for (int b = 0; b < kBoxes; ++b) Fill(lists_[size_t(Index(r, g, b))], palette, r * kSide, g * kSide, b * kSide);
+      }
+    }
+  }
+
+  const std::vector<std::uint16_t>& For(int r, int g, int b) const { return lists_[size_t(Index(r / kSide, g / kSide, b / kSide))]; }
+
+ private:
+  static constexpr int kBoxes = 8, kSide = 256 / kBoxes;
+
+  static int Index(int r, int g, int b) { return (r * kBoxes + g) * kBoxes + b; }
+  static int Nearest(int value, int low) { return value < low ? low - value : value > low + kSide - 1 ? value - (low + kSide - 1) : 0; }
+  static int Farthest(int value, int low) { return std::max(std::abs(value - low), std::abs(value - (low + kSide - 1))); }
+
+  static void Fill(std::vector<std::uint16_t>& list, const Palette& palette, int r, int g, int b) {
+    int bound = INT32_MAX;
+    for (const Rgb& e : palette) bound = std::min(bound, Distance(Farthest(e.R, r), Farthest(e.G, g), Farthest(e.B, b)));
+    for (size_t i = 0; i < palette.size(); ++i) {
+      const Rgb& e = palette[i];
+      if (Distance(Nearest(e.R, r), Nearest(e.G, g), Nearest(e.B, b)) <= bound) list.push_back(std::uint16_t(i));
+    }
+  }
+
+  std::vector<std::vector<std::uint16_t>> lists_;
+};
+
 // The nearest palette entry of each 6-bit colour cell, found on first use and kept packed
 // in the cell itself, so that a pixel costs one look-up. The cells are shared by the bands
 // diffused at once: both would find the same entry, so a cell written twice holds one value.
 class NearestEntries {
  public:
-  explicit NearestEntries(const Palette& palette) : palette_(palette), cells_(64 * 64 * 64) {
+  explicit NearestEntries(const Palette& palette) : palette_(palette), candidates_(palette), cells_(64 * 64 * 64) {
     for (auto& cell : cells_) cell.store(kUnknown, std::memory_order_relaxed);
-    for (size_t i = 0; i < palette_.size(); ++i) byGreen_.push_back(i);
-    std::sort(byGreen_.begin(), byGreen_.end(), [this](size_t a, size_t b) { return palette_[a].G < palette_[b].G; });
   }
 
-  Rgb operator()(int r, int g, int b) {
+  [[gnu::always_inline]] Rgb operator()(int r, int g, int b) {
     std::atomic<std::uint32_t>& cell = cells_[static_cast<size_t>((r >> 2) << 12 | (g >> 2) << 6 | (b >> 2))];
     std::uint32_t packed = cell.load(std::memory_order_relaxed);
     if (packed == kUnknown) [[unlikely]] {
@@ -89,29 +125,23 @@ class NearestEntries {
  private:
   static constexpr std::uint32_t kUnknown = 0xFFFFFFFF;
 
-  // The entry at the least distance, weighted as the eye sees, the first in the palette on a
-  // tie. The entries are tried outward from the green nearest `g`, and a side is left once
-  // its green alone is farther than the best so far.
-  size_t Search(int r, int g, int b) const {
+  // The entry at the least distance, the first in the palette on a tie. Kept out of line:
+  // the look-up above is the diffusion's inner step.
+  [[gnu::noinline]] size_t Search(int r, int g, int b) const {
     size_t best = 0;
     int bestDistance = INT32_MAX;
-    const auto tryEntry = [&](size_t i) {
-      const int dr = palette_[i].R - r, dg = palette_[i].G - g, db = palette_[i].B - b;
-      const int distance = 2 * dr * dr + 4 * dg * dg + 3 * db * db;
-      if (distance < bestDistance || (distance == bestDistance && i < best)) {
+    for (const std::uint16_t i : candidates_.For(r, g, b)) {
+      const int distance = Distance(palette_[i].R - r, palette_[i].G - g, palette_[i].B - b);
+      if (distance < bestDistance) {
         bestDistance = distance;
         best = i;
       }
-    };
-    const auto greenDistance = [&](size_t i) { const int dg = palette_[i].G - g; return 4 * dg * dg; };
-    const auto middle = std::lower_bound(byGreen_.begin(), byGreen_.end(), g, [this](size_t i, int green) { return palette_[i].G < green; });
-    for (auto up = middle; up != byGreen_.end() && greenDistance(*up) <= bestDistance; ++up) tryEntry(*up);
-    for (auto down = middle; down != byGreen_.begin() && greenDistance(*(down - 1)) <= bestDistance; --down) tryEntry(*(down - 1));
+    }
     return best;
   }
 
   const Palette& palette_;
-  std::vector<size_t> byGreen_;
+  const Candidates candidates_;
   std::vector<std::atomic<std::uint32_t>> cells_;
 };
 
