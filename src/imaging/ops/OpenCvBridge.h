@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <functional>
 #include <optional>
+#include <type_traits>
 
 namespace imaging::ops::detail {
 
@@ -22,11 +23,19 @@ struct MapPoint {
   float X, Y;
 };
 
+// The columns [First, Last) of a row where the map may move pixels; elsewhere it is the
+// identity, whose result is the source pixel itself.
+struct ColumnSpan {
+  int First, Last;
+};
+
 // The picture resampled where `source(x, y)` says each result pixel comes from. The map is
 // worked out a band of rows at a time on every core and handed to cv::remap: no map of the
-// whole picture is ever held.
-template <typename Source>
-vips::VImage Remapped(const vips::VImage& picture, const Source& source, int interpolation, int border, const cv::Scalar& beyond = {}) {
+// whole picture is ever held. `changed(y)`, when given, bounds the columns the map moves in
+// row y; the rest of a band is copied.
+template <typename Source, typename Changed = std::nullptr_t>
+vips::VImage Remapped(const vips::VImage& picture, const Source& source, int interpolation, int border,
+                      const cv::Scalar& beyond = {}, const Changed& changed = nullptr) {
   constexpr int kBandRows = 64;
   return ThroughOpenCv(picture, [&](const cv::Mat& from, cv::Mat& to) {
     const int width = from.cols, height = from.rows;
@@ -34,17 +43,29 @@ vips::VImage Remapped(const vips::VImage& picture, const Source& source, int int
       cv::Mat mapX(kBandRows, width, CV_32F), mapY(kBandRows, width, CV_32F);
       for (int band = bands.start; band < bands.end; ++band) {
         const int top = band * kBandRows, rows = std::min(kBandRows, height - top);
+        ColumnSpan span{0, width};
+        if constexpr (!std::is_same_v<Changed, std::nullptr_t>) {
+          span = {width, 0};
+          for (int row = top; row < top + rows; ++row) {
+            const ColumnSpan moved = changed(row);
+            span = {std::min(span.First, std::max(0, moved.First)), std::max(span.Last, std::min(width, moved.Last))};
+          }
+          if (span.First > 0 || span.Last < width) from.rowRange(top, top + rows).copyTo(to.rowRange(top, top + rows));
+          if (span.First >= span.Last) continue;
+        }
+        const int columns = span.Last - span.First;
         for (int row = 0; row < rows; ++row) {
           float* xs = mapX.ptr<float>(row);
           float* ys = mapY.ptr<float>(row);
-          for (int x = 0; x < width; ++x) {
-            const MapPoint p = source(x, top + row);
+          for (int x = 0; x < columns; ++x) {
+            const MapPoint p = source(span.First + x, top + row);
             xs[x] = p.X;
             ys[x] = p.Y;
           }
         }
-        cv::Mat target = to.rowRange(top, top + rows);
-        cv::remap(from, target, mapX.rowRange(0, rows), mapY.rowRange(0, rows), interpolation, border, beyond);
+        cv::Mat target = to(cv::Range(top, top + rows), cv::Range(span.First, span.Last));
+        cv::remap(from, target, mapX(cv::Range(0, rows), cv::Range(0, columns)), mapY(cv::Range(0, rows), cv::Range(0, columns)),
+                  interpolation, border, beyond);
       }
     });
   });

@@ -49,11 +49,19 @@ class RadialTable {
 };
 
 // The picture resampled through the map: bilinear, white beyond the edges.
-template <typename Source>
-Image Warp(const Image& image, const Source& source) {
-  return detail::OnWholeImage(image, [&source](const vips::VImage& picture) {
-    return detail::Remapped(picture, source, cv::INTER_LINEAR, cv::BORDER_CONSTANT, cv::Scalar::all(WhiteOf(picture)));
+template <typename Source, typename Changed = std::nullptr_t>
+Image Warp(const Image& image, const Source& source, const Changed& changed = nullptr) {
+  return detail::OnWholeImage(image, [&source, &changed](const vips::VImage& picture) {
+    return detail::Remapped(picture, source, cv::INTER_LINEAR, cv::BORDER_CONSTANT, cv::Scalar::all(WhiteOf(picture)), changed);
   });
+}
+
+// The columns of row y inside the circle: a map that moves only those leaves the rest.
+detail::ColumnSpan InsideCircle(const Centre& c, int y) {
+  const double dy = y - c.Y;
+  if (std::abs(dy) >= c.Radius) return {0, 0};
+  const double half = std::sqrt(c.Radius * c.Radius - dy * dy);
+  return {int(std::floor(c.X - half)), int(std::ceil(c.X + half)) + 1};
 }
 
 }  // namespace
@@ -87,7 +95,7 @@ Image Pinch(const Image& image, int amount) {
     if (d >= 1) return Point{float(x), float(y)};
     const double scale = d < nearCentre ? factor(d) : table.At(d) / d;
     return Point{float(dx * scale + c.X), float(dy * scale + c.Y)};
-  });
+  }, [c](int y) { return InsideCircle(c, y); });
 }
 
 Image Ripple(const Image& image, int frequency, int intensity, RippleDirection direction) {
@@ -118,7 +126,7 @@ Image Swirl(const Image& image, int degrees) {
     if (d >= 1) return Point{float(x), float(y)};
     const double cosine = cosines.At(d), sine = sines.At(d);
     return Point{float(dx * cosine - dy * sine + c.X), float(dx * sine + dy * cosine + c.Y)};
-  });
+  }, [c](int y) { return InsideCircle(c, y); });
 }
 
 }  // namespace imaging::ops
