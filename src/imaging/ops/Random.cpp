@@ -25,25 +25,32 @@ std::uint64_t Draw(std::uint64_t seed, std::uint64_t index) {
 
 std::uint64_t Seed(const vips::VImage& in) { return (std::uint64_t(in.width()) << 32) ^ std::uint64_t(in.height()); }
 
-// The picture's samples with the pixel's draw added to every colour band, held in range.
-// A pixel takes 32 bits of a draw, so each draw serves two pixels in turn (the pixel's
-// number halved picks the draw, its last bit the half).
+// One row's samples with each pixel's draw added to every colour band, held in range. A
+// pixel takes 32 bits of a draw, so each draw serves two pixels in turn (the pixel's number
+// halved picks the draw, its last bit the half). Everything arrives by value: a store of an
+// 8-bit sample may alias anything in memory, and the loop would read it all again each time.
+template <typename Sample>
+void AddNoiseToRow(const Sample* in, Sample* out, int width, int bands, std::uint64_t index, std::uint64_t seed,
+                   std::uint64_t chance, int spread) {
+  const int maximum = std::numeric_limits<Sample>::max();
+  const int scale = sizeof(Sample) == 2 ? 257 : 1;  // whole numbers throughout, at either depth
+  std::uint64_t drawn = Draw(seed, index >> 1);
+  for (int x = 0; x < width; ++x, ++index, in += bands, out += bands) {
+    if ((index & 1) == 0) drawn = Draw(seed, index >> 1);
+    const std::uint32_t r = std::uint32_t(drawn >> (32 * (index & 1)));
+    // Without branches: half the pixels are hit at random, which no prediction follows.
+    const int hit = -int((r & 0xFFFF) * 100 < chance * 0x10000);
+    const int value = ((int((r >> 16) * std::uint64_t(2 * spread + 1) >> 16) - spread) * scale) & hit;
+    for (int c = 0; c < bands; ++c) out[c] = static_cast<Sample>(std::min(std::max(in[c] + value, 0), maximum));
+  }
+}
+
 template <typename Sample>
 void AddNoise(const cv::Mat& from, cv::Mat& to, std::uint64_t seed, std::uint64_t chance, int spread) {
-  const int width = from.cols, bands = from.channels(), maximum = std::numeric_limits<Sample>::max();
-  const int scale = sizeof(Sample) == 2 ? 257 : 1;  // whole numbers throughout, at either depth
   cv::parallel_for_(cv::Range(0, from.rows), [&](const cv::Range& rows) {
     for (int y = rows.start; y < rows.end; ++y) {
-      const Sample* in = from.ptr<Sample>(y);
-      Sample* out = to.ptr<Sample>(y);
-      std::uint64_t index = std::uint64_t(y) * std::uint64_t(width), drawn = Draw(seed, index >> 1);
-      for (int x = 0; x < width; ++x, ++index, in += bands, out += bands) {
-        if ((index & 1) == 0) drawn = Draw(seed, index >> 1);
-        const std::uint32_t r = std::uint32_t(drawn >> (32 * (index & 1)));
-        const bool hit = (r & 0xFFFF) * 100 < chance * 0x10000;
-        const int value = hit ? (int((r >> 16) * std::uint64_t(2 * spread + 1) >> 16) - spread) * scale : 0;
-        for (int c = 0; c < bands; ++c) out[c] = static_cast<Sample>(std::clamp(in[c] + value, 0, maximum));
-      }
+      AddNoiseToRow(from.ptr<Sample>(y), to.ptr<Sample>(y), from.cols, from.channels(), std::uint64_t(y) * std::uint64_t(from.cols),
+                    seed, chance, spread);
     }
   });
 }
