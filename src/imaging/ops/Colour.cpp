@@ -74,11 +74,13 @@ Image HueSaturationLuminance(const Image& image, int hue, int saturation, int lu
       if (band == 0) return std::fmod(std::round(v + shift) + 512, 256.0);
       return band == 1 ? v * chroma : double(v);
     });
-    return detail::ThroughOpenCv(rgb, [&turn, &lighten](const cv::Mat& from, cv::Mat& to) {
+    const cv::Mat turnTable = AsTable(turn);
+    const std::optional<cv::Mat> lightenTable = lighten ? std::optional(AsTable(*lighten)) : std::nullopt;
+    return detail::ThroughOpenCvInBands(rgb, [&turnTable, &lightenTable](const cv::Mat& from, cv::Mat& to) {
       cv::cvtColor(from, to, cv::COLOR_RGB2HSV_FULL);
-      cv::LUT(to, AsTable(turn), to);
+      cv::LUT(to, turnTable, to);
       cv::cvtColor(to, to, cv::COLOR_HSV2RGB_FULL);
-      if (lighten) cv::LUT(to, AsTable(*lighten), to);
+      if (lightenTable) cv::LUT(to, *lightenTable, to);
     });
   });
 }

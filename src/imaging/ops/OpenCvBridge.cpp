@@ -27,4 +27,17 @@ vips::VImage ThroughOpenCv(const vips::VImage& picture, const std::function<void
   return out;
 }
 
+vips::VImage ThroughOpenCvInBands(const vips::VImage& picture, const std::function<void(const cv::Mat& from, cv::Mat& to)>& work) {
+  constexpr int kBandRows = 32;
+  return ThroughOpenCv(picture, [&work](const cv::Mat& from, cv::Mat& to) {
+    cv::parallel_for_(cv::Range(0, (from.rows + kBandRows - 1) / kBandRows), [&](const cv::Range& bands) {
+      for (int band = bands.start; band < bands.end; ++band) {
+        const cv::Range rows(band * kBandRows, std::min(from.rows, (band + 1) * kBandRows));
+        cv::Mat target = to.rowRange(rows);
+        work(from.rowRange(rows), target);
+      }
+    });
+  });
+}
+
 }  // namespace imaging::ops::detail

@@ -19,6 +19,10 @@ namespace imaging::ops::detail {
 vips::VImage ThroughOpenCv(const vips::VImage& picture, const std::function<void(const cv::Mat& from, cv::Mat& to)>& work,
                            std::optional<cv::Size> size = std::nullopt);
 
+// The same for work on each pixel alone, run on bands of rows on every core: a chain of
+// passes goes over a band while it is in the cache rather than over the whole picture.
+vips::VImage ThroughOpenCvInBands(const vips::VImage& picture, const std::function<void(const cv::Mat& from, cv::Mat& to)>& work);
+
 struct MapPoint {
   float X, Y;
 };
