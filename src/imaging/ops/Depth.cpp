@@ -4,17 +4,19 @@
 // palette's colours.
 //
 // The diffusion is ours: libimagequant's own remapping searches its palette for every
-// pixel and took 3 seconds on a 24-megapixel photo; here the nearest entry of each
-// colour cell (6 bits a channel) is found once and remembered.
+// pixel and took 3 seconds on a 24-megapixel photo; here the nearest entry of every
+// colour cell (6 bits a channel) is found once, up front, and a pixel looks it up.
 #include "imaging/Operations.h"
 #include "imaging/ops/OpsInternal.h"
 
 #include <libimagequant.h>
 
 #include <algorithm>
-#include <atomic>
+#include <array>
 #include <cmath>
 #include <cstdint>
+#include <cstring>
+#include <functional>
 #include <memory>
 #include <thread>
 #include <vector>
@@ -67,155 +69,176 @@ Palette ChoosePalette(const vips::VImage& rgb, int colours) {
 // The distance between two colours, weighted as the eye sees.
 int Distance(int dr, int dg, int db) { return 2 * dr * dr + 4 * dg * dg + 3 * db * db; }
 
-// For each box of 32 levels a channel, the entries that may be nearest to some colour in it:
-// those whose least distance to the box is within the greatest distance to it of the entry
-// that is nowhere far. They are kept in palette order, so the first on a tie still wins; a
-// search tries a handful of entries instead of the whole palette.
-class Candidates {
- public:
-  explicit Candidates(const Palette& palette) : lists_(size_t(kBoxes * kBoxes * kBoxes)) {
-    for (int r = 0; r < kBoxes; ++r) {
-      for (int g = 0; g < kBoxes; ++g) {
-        for (int b = 0; b < kBoxes; ++b) Fill(lists_[size_t(Index(r, g, b))], palette, r * kSide, g * kSide, b * kSide);
-      }
-    }
-  }
-
-  const std::vector<std::uint16_t>& For(int r, int g, int b) const { return lists_[size_t(Index(r / kSide, g / kSide, b / kSide))]; }
-
- private:
-  static constexpr int kBoxes = 8, kSide = 256 / kBoxes;
-
-  static int Index(int r, int g, int b) { return (r * kBoxes + g) * kBoxes + b; }
-  static int Nearest(int value, int low) { return value < low ? low - value : value > low + kSide - 1 ? value - (low + kSide - 1) : 0; }
-  static int Farthest(int value, int low) { return std::max(std::abs(value - low), std::abs(value - (low + kSide - 1))); }
-
-  static void Fill(std::vector<std::uint16_t>& list, const Palette& palette, int r, int g, int b) {
-    int bound = INT32_MAX;
-    for (const Rgb& e : palette) bound = std::min(bound, Distance(Farthest(e.R, r), Farthest(e.G, g), Farthest(e.B, b)));
-    for (size_t i = 0; i < palette.size(); ++i) {
-      const Rgb& e = palette[i];
-      if (Distance(Nearest(e.R, r), Nearest(e.G, g), Nearest(e.B, b)) <= bound) list.push_back(std::uint16_t(i));
-    }
-  }
-
-  std::vector<std::vector<std::uint16_t>> lists_;
-};
-
-// The nearest palette entry of each 6-bit colour cell, found on first use and kept packed
-// in the cell itself, so that a pixel costs one look-up. The cells are shared by the bands
-// diffused at once: both would find the same entry, so a cell written twice holds one value.
-class NearestEntries {
- public:
-  explicit NearestEntries(const Palette& palette) : palette_(palette), candidates_(palette), cells_(64 * 64 * 64) {
-    for (auto& cell : cells_) cell.store(kUnknown, std::memory_order_relaxed);
-  }
-
-  [[gnu::always_inline]] Rgb operator()(int r, int g, int b) {
-    std::atomic<std::uint32_t>& cell = cells_[static_cast<size_t>((r >> 2) << 12 | (g >> 2) << 6 | (b >> 2))];
-    std::uint32_t packed = cell.load(std::memory_order_relaxed);
-    if (packed == kUnknown) [[unlikely]] {
-      const Rgb& entry = palette_[Search((r & ~3) + 2, (g & ~3) + 2, (b & ~3) + 2)];
-      packed = std::uint32_t(entry.R) << 16 | std::uint32_t(entry.G) << 8 | std::uint32_t(entry.B);
-      cell.store(packed, std::memory_order_relaxed);
-    }
-    return {int(packed >> 16), int((packed >> 8) & 0xFF), int(packed & 0xFF)};
-  }
-
- private:
-  static constexpr std::uint32_t kUnknown = 0xFFFFFFFF;
-
-  // The entry at the least distance, the first in the palette on a tie. Kept out of line:
-  // the look-up above is the diffusion's inner step.
-  [[gnu::noinline]] size_t Search(int r, int g, int b) const {
-    size_t best = 0;
-    int bestDistance = INT32_MAX;
-    for (const std::uint16_t i : candidates_.For(r, g, b)) {
-      const int distance = Distance(palette_[i].R - r, palette_[i].G - g, palette_[i].B - b);
-      if (distance < bestDistance) {
-        bestDistance = distance;
-        best = i;
-      }
-    }
-    return best;
-  }
-
-  const Palette& palette_;
-  const Candidates candidates_;
-  std::vector<std::atomic<std::uint32_t>> cells_;
-};
-
-int Clamped(int value) { return value < 0 ? 0 : value > 255 ? 255 : value; }
-
-// Floyd-Steinberg sends a pixel's error (in sixteenths) 7/16 right, and 3/16 down-left,
-// 5/16 down and 1/16 down-right into the next row. What a channel carries along its row:
-// the right share for the next pixel, and the two sums of the next row still open (below
-// the pixel and after it). They stay in registers; each sum of the next row is stored once,
-// complete, where adding into memory at every pixel stalled on the adds before it.
-struct Carry {
-  int Right = 0, Below = 0, After = 0;
-};
-
-[[gnu::always_inline]] inline void Spread(Carry& carry, int error, int* belowBefore) {
-  carry.Right = error * 7;
-  *belowBefore = carry.Below + error * 3;  // the column before this one: complete now
-  carry.Below = carry.After + error * 5;
-  carry.After = error;
+// Runs work(first, last) over `count` items cut into `parts` ranges, one thread each.
+void InParts(int count, int parts, const std::function<void(int first, int last)>& work) {
+  std::vector<std::thread> workers;
+  for (int part = 1; part < parts; ++part) workers.emplace_back(work, count * part / parts, count * (part + 1) / parts);
+  work(0, count / parts);
+  for (std::thread& worker : workers) worker.join();
 }
 
-struct RowCarry {
-  Carry R, G, B;
+int Cores() { return std::max(1, static_cast<int>(std::thread::hardware_concurrency())); }
+
+// The colour space is cut into boxes of 32 levels a channel, and each box into cells of 4.
+constexpr int kBoxSide = 32, kCellSide = 4, kCellsAcross = kBoxSide / kCellSide;
+
+// The entries that may be nearest to some colour in the box whose lowest corner is (r, g, b):
+// those whose least distance to the box is within the greatest distance to it of the entry
+// that is nowhere far. They are kept in palette order, so the first on a tie still wins.
+std::vector<std::uint16_t> Candidates(const Palette& palette, int r, int g, int b) {
+  const auto nearest = [](int value, int low) { return value < low ? low - value : std::max(0, value - (low + kBoxSide - 1)); };
+  const auto farthest = [](int value, int low) { return std::max(std::abs(value - low), std::abs(value - (low + kBoxSide - 1))); };
+  int bound = INT32_MAX;
+  for (const Rgb& e : palette) bound = std::min(bound, Distance(farthest(e.R, r), farthest(e.G, g), farthest(e.B, b)));
+  std::vector<std::uint16_t> list;
+  for (size_t i = 0; i < palette.size(); ++i) {
+    const Rgb& e = palette[i];
+    if (Distance(nearest(e.R, r), nearest(e.G, g), nearest(e.B, b)) <= bound) list.push_back(std::uint16_t(i));
+  }
+  return list;
+}
+
+// A pixel's three channels (and a spare) side by side, worked on at once; sums in
+// sixteenths never leave -4080 .. 4080.
+using Lanes = std::int16_t __attribute__((vector_size(8)));
+using LaneBytes = std::uint8_t __attribute__((vector_size(4)));
+
+// The nearest palette entry of every 6-bit colour cell, by the distance from the cell's
+// centre: a diffused photo reaches nearly all of them, so all are found up front, on every
+// core, eight cells at once. A pixel then costs one look-up in a table of 256 KB.
+class NearestEntries {
+ public:
+  explicit NearestEntries(const Palette& palette) : cells_(64 * 64 * 64) {
+    for (const Rgb& e : palette) {
+      colours_.push_back(Lanes{std::int16_t(e.R), std::int16_t(e.G), std::int16_t(e.B), 0});
+      packed_.push_back(std::uint32_t(e.R) | std::uint32_t(e.G) << 8 | std::uint32_t(e.B) << 16);
+    }
+    constexpr int boxes = 256 / kBoxSide;
+    InParts(boxes * boxes * boxes, Cores(), [&](int first, int last) {
+      for (int box = first; box < last; ++box) FillBox(palette, box / (boxes * boxes) * kBoxSide, box / boxes % boxes * kBoxSide, box % boxes * kBoxSide);
+    });
+  }
+
+  // What the diffusion holds in registers while it looks entries up.
+  struct View {
+    const std::uint8_t* Cells;
+    const Lanes* Colours;  // an entry's channels side by side
+    const std::uint32_t* Packed;  // red | green << 8 | blue << 16
+
+    // The number of the entry nearest to a colour packed as red | green << 8 | blue << 16.
+    [[gnu::always_inline]] unsigned operator()(std::uint32_t colour) const {
+      return Cells[(colour >> 2 & 0x3F) | (colour >> 4 & 0xFC0) | (colour >> 6 & 0x3F000)];
+    }
+  };
+
+  View Look() const { return {cells_.data(), colours_.data(), packed_.data()}; }
+
+ private:
+  using Floats = float __attribute__((vector_size(16)));  // distances up to 585,225: exact
+  using Numbers = std::int32_t __attribute__((vector_size(16)));
+  static constexpr int kAtOnce = 4;
+
+  // The cells of one box, a row of eight along blue at a time.
+  void FillBox(const Palette& palette, int r, int g, int b) {
+    const std::vector<std::uint16_t> candidates = Candidates(palette, r, g, b);
+    Floats blues[2];
+    for (int k = 0; k < kCellsAcross; ++k) blues[k / kAtOnce][k % kAtOnce] = float(b + kCellSide * k + kCellSide / 2);
+    for (int red = r + kCellSide / 2; red < r + kBoxSide; red += kCellSide) {
+      for (int green = g + kCellSide / 2; green < g + kBoxSide; green += kCellSide) {
+        Floats least[2] = {Floats{} + 1e9f, Floats{} + 1e9f};
+        Numbers nearest[2] = {};
+        for (const std::uint16_t i : candidates) {
+          const Rgb& e = palette[i];
+          const float redGreen = float(Distance(e.R - red, e.G - green, 0));
+          for (int half = 0; half < 2; ++half) {
+            const Floats blue = float(e.B) - blues[half];
+            const Floats distance = redGreen + 3 * blue * blue;
+            const Numbers closer = distance < least[half];
+            least[half] = closer ? distance : least[half];
+            nearest[half] = closer ? Numbers{} + i : nearest[half];
+          }
+        }
+        for (int k = 0; k < kCellsAcross; ++k) {
+          cells_[size_t(red >> 2 | (green >> 2) << 6 | (b / kCellSide + k) << 12)] = std::uint8_t(nearest[k / kAtOnce][k % kAtOnce]);
+        }
+      }
+    }
+  }
+
+  std::vector<std::uint8_t> cells_;
+  std::vector<Lanes> colours_;
+  std::vector<std::uint32_t> packed_;
+};
+
+// Floyd-Steinberg sends a pixel's error (in sixteenths) 7/16 right, and 3/16 down-left,
+// 5/16 down and 1/16 down-right into the next row. What a row carries along: the right
+// share for the next pixel, and the two sums of the next row still open (below the pixel
+// and after it). They stay in registers; each sum of the next row is stored once,
+// complete, where adding into memory at every pixel stalled on the adds before it.
+struct Carry {
+  Lanes Right{}, Below{}, After{};
 };
 
 // One pixel: `incoming` holds its sums from the row above, `below` the next row's at its
 // column (the column before it is written).
-[[gnu::always_inline]] inline void DiffusePixel(NearestEntries& nearest, const unsigned char* __restrict in, unsigned char* __restrict out,
-                                                const int* __restrict incoming, int* __restrict below, RowCarry& carry) {
-  const int r = Clamped(in[0] + ((incoming[0] + carry.R.Right + 8) >> 4));
-  const int g = Clamped(in[1] + ((incoming[1] + carry.G.Right + 8) >> 4));
-  const int b = Clamped(in[2] + ((incoming[2] + carry.B.Right + 8) >> 4));
-  const Rgb chosen = nearest(r, g, b);
-  out[0] = static_cast<unsigned char>(chosen.R);
-  out[1] = static_cast<unsigned char>(chosen.G);
-  out[2] = static_cast<unsigned char>(chosen.B);
-  Spread(carry.R, r - chosen.R, below - 3);
-  Spread(carry.G, g - chosen.G, below - 2);
-  Spread(carry.B, b - chosen.B, below - 1);
+[[gnu::always_inline]] inline void DiffusePixel(const NearestEntries::View& nearest, const unsigned char* __restrict in, unsigned char* __restrict out,
+                                                const Lanes* __restrict incoming, Lanes* __restrict below, Carry& carry) {
+  const Lanes source{in[0], in[1], in[2], 0};
+  Lanes value = source + ((*incoming + carry.Right + 8) >> 4);
+  value = value < 0 ? 0 : value;
+  value = value > 255 ? 255 : value;
+  const LaneBytes bytes = __builtin_convertvector(value, LaneBytes);
+  std::uint32_t colour;
+  std::memcpy(&colour, &bytes, sizeof colour);
+  const unsigned entry = nearest(colour);
+  const std::uint32_t packed = nearest.Packed[entry];
+  out[0] = static_cast<unsigned char>(packed);
+  out[1] = static_cast<unsigned char>(packed >> 8);
+  out[2] = static_cast<unsigned char>(packed >> 16);
+  const Lanes error = value - nearest.Colours[entry];
+  carry.Right = error * 7;
+  below[-1] = carry.Below + error * 3;  // the column before this one: complete now
+  carry.Below = carry.After + error * 5;
+  carry.After = error;
 }
 
-// The row's last open sums, below its last column.
-void FinishRow(const RowCarry& carry, int* below) {
-  below[0] = carry.R.Below;
-  below[1] = carry.G.Below;
-  below[2] = carry.B.Below;
-}
+// Four rows at a time, each two pixels behind the one above: by then every sum it takes
+// from the row above is complete, so the result is that of one row after the other, while
+// the four chains of dependent steps overlap in the processor (two left it waiting).
+constexpr int kRowsTogether = 4;
 
-// Two rows at a time, the lower two pixels behind: by then every sum it takes from the
-// upper row is complete, so the result is that of one row after the other, while the two
-// chains of dependent steps overlap in the processor.
-void DiffuseRows(const unsigned char* in, unsigned char* out, int width, int rows, NearestEntries& nearest) {
-  const size_t rowSamples = static_cast<size_t>(width) * 3, sumSamples = (static_cast<size_t>(width) + 1) * 3;
-  std::vector<int> sums(sumSamples * 3, 0);  // each row's from the row above, a spare column before column 0
-  int* upper = sums.data() + 3;  // the upper row's
-  int* lower = upper + sumSamples;  // the lower row's, which the upper one writes
-  int* next = lower + sumSamples;  // the row after's, which the lower one writes
-  for (int y = 0; y < rows; y += 2) {
-    const unsigned char* top = in + rowSamples * static_cast<size_t>(y);
-    unsigned char* topOut = out + rowSamples * static_cast<size_t>(y);
-    const bool pair = y + 1 < rows;
-    RowCarry first, second;
-    for (int x = 0; x < width; ++x) {
-      const size_t at = static_cast<size_t>(x) * 3;
-      DiffusePixel(nearest, top + at, topOut + at, upper + at, lower + at, first);
-      if (pair && x >= 2) DiffusePixel(nearest, top + rowSamples + at - 6, topOut + rowSamples + at - 6, lower + at - 6, next + at - 6, second);
+void DiffuseRows(const unsigned char* in, unsigned char* out, int width, int rows, const NearestEntries::View nearest) {
+  const size_t rowSamples = static_cast<size_t>(width) * 3, sumColumns = static_cast<size_t>(width) + 1;
+  // Each row's sums from the row above, a spare column before column 0: row k reads
+  // sums[k] and writes sums[k + 1].
+  std::vector<Lanes> storage(sumColumns * (kRowsTogether + 1), Lanes{});
+  std::array<Lanes*, kRowsTogether + 1> sums{};
+  for (size_t k = 0; k < sums.size(); ++k) sums[k] = storage.data() + 1 + sumColumns * k;
+  for (int y = 0; y < rows; y += kRowsTogether) {
+    const int group = std::min(kRowsTogether, rows - y);
+    const unsigned char* groupIn = in + rowSamples * static_cast<size_t>(y);
+    unsigned char* groupOut = out + rowSamples * static_cast<size_t>(y);
+    std::array<Carry, kRowsTogether> carry{};
+    const auto step = [&](int k, int x) {
+      const size_t at = rowSamples * size_t(k) + size_t(x) * 3;
+      DiffusePixel(nearest, groupIn + at, groupOut + at, sums[size_t(k)] + x, sums[size_t(k) + 1] + x, carry[size_t(k)]);
+    };
+    // Where rows start or end; a row's last open sums are stored as it ends, for the row below.
+    const auto edge = [&](int x) {
+      for (int k = 0; k < group; ++k) {
+        if (x - 2 * k < 0 || x - 2 * k >= width) continue;
+        step(k, x - 2 * k);
+        if (x - 2 * k == width - 1) sums[size_t(k) + 1][width - 1] = carry[size_t(k)].Below;
+      }
+    };
+    const int lag = 2 * (group - 1), end = width + lag;
+    int x = 0;
+    for (; x < std::min(lag, end); ++x) edge(x);
+    for (; group == kRowsTogether && x < width - 1; ++x) {
+      for (int k = 0; k < kRowsTogether; ++k) step(k, x - 2 * k);
     }
-    FinishRow(first, lower + rowSamples - 3);
-    for (int x = std::max(width - 2, 0); pair && x < width; ++x) {
-      const size_t at = static_cast<size_t>(x) * 3;
-      DiffusePixel(nearest, top + rowSamples + at, topOut + rowSamples + at, lower + at, next + at, second);
-    }
-    FinishRow(second, next + rowSamples - 3);
-    std::swap(upper, next);  // the row after is the next pair's upper row
+    for (; x < end; ++x) edge(x);
+    std::swap(sums[0], sums[size_t(group)]);  // the last row written is the next group's first
   }
 }
 
@@ -228,14 +251,11 @@ vips::VImage Diffused(const vips::VImage& rgb, const Palette& palette) {
   if (!out) throw std::bad_alloc();
   const auto* in = static_cast<const unsigned char*>(rgb.data());
   NearestEntries nearest(palette);
-  const int bands = std::clamp(static_cast<int>(std::thread::hardware_concurrency()), 1, std::max(1, height / 64));
-  std::vector<std::thread> workers;
-  for (int band = 0; band < bands; ++band) {
-    const int first = height * band / bands, last = height * (band + 1) / bands;
+  const NearestEntries::View look = nearest.Look();
+  InParts(height, std::min(Cores(), std::max(1, height / 64)), [&](int first, int last) {
     const size_t offset = rowSamples * static_cast<size_t>(first);
-    workers.emplace_back([=, &nearest] { DiffuseRows(in + offset, out + offset, width, last - first, nearest); });
-  }
-  for (std::thread& worker : workers) worker.join();
+    DiffuseRows(in + offset, out + offset, width, last - first, look);
+  });
   return vips::VImage::new_from_memory_steal(out, rowSamples * static_cast<size_t>(height), width, height, 3,
                                              VIPS_FORMAT_UCHAR);
 }
