@@ -91,24 +91,26 @@ void TrailMean(const cv::Mat& from, cv::Mat& to, const std::vector<cv::Point>& c
 // three lines sample by sample, then three of those sums side by side: both loops vectorise.
 template <typename Sample>
 void BlendWithMean(const cv::Mat& from, cv::Mat& to, int a) {
-  const int width = from.cols, height = from.rows, bands = from.channels(), centre = 900 - 9 * a;
-  const int samples = width * bands;
-  cv::parallel_for_(cv::Range(0, height), [&](const cv::Range& rows) {
-    std::vector<int> columns(size_t(samples + 2 * bands));  // with the edge columns repeated
+  const int height = from.rows, bands = from.channels(), samples = from.cols * bands;
+  const unsigned share = unsigned(a), centre = 900 - 9 * share;
+  cv::parallel_for_(cv::Range(0, height), [&, share, centre, samples, bands](const cv::Range& rows) {
+    std::vector<unsigned> columns(size_t(samples + 2 * bands));  // with the edge columns repeated
+    unsigned* __restrict sums = columns.data() + bands;
     for (int y = rows.start; y < rows.end; ++y) {
-      const Sample* above = from.ptr<Sample>(std::max(y - 1, 0));
-      const Sample* here = from.ptr<Sample>(y);
-      const Sample* below = from.ptr<Sample>(std::min(y + 1, height - 1));
-      int* sums = columns.data() + bands;
-      for (int i = 0; i < samples; ++i) sums[i] = above[i] + here[i] + below[i];
+      const Sample* __restrict above = from.ptr<Sample>(std::max(y - 1, 0));
+      const Sample* __restrict here = from.ptr<Sample>(y);
+      const Sample* __restrict below = from.ptr<Sample>(std::min(y + 1, height - 1));
+      for (int i = 0; i < samples; ++i) sums[i] = unsigned(above[i]) + here[i] + below[i];
       for (int c = 0; c < bands; ++c) {
         sums[c - bands] = sums[c];
         sums[samples + c] = sums[samples - bands + c];
       }
-      Sample* out = to.ptr<Sample>(y);
+      // Copies in locals and unaliased pointers: a store of a byte may alias anything, and
+      // the compiler would reload every value at every sample rather than vectorise.
+      Sample* __restrict out = to.ptr<Sample>(y);
       for (int i = 0; i < samples; ++i) {
-        const int sum = sums[i - bands] + sums[i] + sums[i + bands];
-        out[i] = static_cast<Sample>((centre * here[i] + a * sum + 450) / 900);
+        const unsigned sum = sums[i - bands] + sums[i] + sums[i + bands];
+        out[i] = static_cast<Sample>((centre * here[i] + share * sum + 450) / 900);
       }
     }
   });
