@@ -52,6 +52,7 @@ vips::VImage Remapped(const vips::VImage& picture, const Source& source, int int
           span = {width, 0};
           for (int row = top; row < top + rows; ++row) {
             const ColumnSpan moved = changed(row);
+            if (moved.First >= moved.Last) continue;  // a row the map leaves alone
             span = {std::min(span.First, std::max(0, moved.First)), std::max(span.Last, std::min(width, moved.Last))};
           }
           if (span.First > 0 || span.Last < width) from.rowRange(top, top + rows).copyTo(to.rowRange(top, top + rows));
