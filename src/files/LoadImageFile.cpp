@@ -50,8 +50,8 @@ std::optional<LoadedImage> LoadImageFile(const QString& path, const base::Screen
     return DevelopRawFile(path, metrics);
   }
   // The quick pictures are decoded on another core while this one is read.
-  const auto size = imaging::ReadImageSizeCheaply(path);
-  const bool quick = page == 0 && size && GetsQuickPictures(*size, metrics);
+  const auto size = page == 0 ? imaging::ReadImageSizeCheaply(path) : std::nullopt;
+  const bool quick = size && GetsQuickPictures(*size, metrics);
   auto picture = imaging::LoadFile(path, page, quick ? imaging::DecodeCores::One : imaging::DecodeCores::All);
   if (!picture) return std::nullopt;
   const auto natural = base::NaturalSize::FromPixels(picture->Width(), picture->Height(), metrics);
