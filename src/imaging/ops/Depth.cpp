@@ -136,26 +136,27 @@ class NearestEntries {
  private:
   using Floats = float __attribute__((vector_size(16)));  // distances up to 585,225: exact
   using Numbers = std::int32_t __attribute__((vector_size(16)));
-  static constexpr int kAtOnce = 4;
+  static constexpr int kAtOnce = 4, kGroups = kCellsAcross / kAtOnce;
 
   // The cells of one box, a row of eight along blue at a time.
   void FillBox(const Palette& palette, int r, int g, int b) {
     const std::vector<std::uint16_t> candidates = Candidates(palette, r, g, b);
-    Floats blues[2];
+    Floats blues[kGroups];
     for (int k = 0; k < kCellsAcross; ++k) blues[k / kAtOnce][k % kAtOnce] = float(b + kCellSide * k + kCellSide / 2);
     for (int red = r + kCellSide / 2; red < r + kBoxSide; red += kCellSide) {
       for (int green = g + kCellSide / 2; green < g + kBoxSide; green += kCellSide) {
-        Floats least[2] = {Floats{} + 1e9f, Floats{} + 1e9f};
-        Numbers nearest[2] = {};
+        Floats least[kGroups];
+        Numbers nearest[kGroups] = {};
+        for (Floats& l : least) l = Floats{} + 1e9f;
         for (const std::uint16_t i : candidates) {
           const Rgb& e = palette[i];
           const float redGreen = float(Distance(e.R - red, e.G - green, 0));
-          for (int half = 0; half < 2; ++half) {
-            const Floats blue = float(e.B) - blues[half];
+          for (int group = 0; group < kGroups; ++group) {
+            const Floats blue = float(e.B) - blues[group];
             const Floats distance = redGreen + 3 * blue * blue;
-            const Numbers closer = distance < least[half];
-            least[half] = closer ? distance : least[half];
-            nearest[half] = closer ? Numbers{} + i : nearest[half];
+            const Numbers closer = distance < least[group];
+            least[group] = closer ? distance : least[group];
+            nearest[group] = closer ? Numbers{} + i : nearest[group];
           }
         }
         for (int k = 0; k < kCellsAcross; ++k) {
