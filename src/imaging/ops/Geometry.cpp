@@ -33,7 +33,7 @@ detail::ColumnSpan Solve(double a, double b, double low, double high) {
   return {int(std::floor(std::max(first, -1e9))), int(std::ceil(std::min(last, 1e9))) + 1};
 }
 
-// The turn as the canvas sees it: `back` takes a canvas point into the picture.
+// The turn as the canvas sees it: `Back` takes a canvas point into the picture.
 struct Turn {
   cv::Matx23d Back;
   cv::Size Picture, Canvas;
