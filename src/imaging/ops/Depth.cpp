@@ -104,34 +104,70 @@ using Lanes = std::int16_t __attribute__((vector_size(8)));
 using LaneBytes = std::uint8_t __attribute__((vector_size(4)));
 
 // The nearest palette entry of every 6-bit colour cell, by the distance from the cell's
-// centre: a diffused photo reaches nearly all of them, so all are found up front, on every
-// core, eight cells at once. A pixel then costs one look-up in a table of 256 KB.
+// centre. For a large picture all are found up front, on every core, eight cells at once
+// (a diffused photo reaches nearly all of them), and a pixel costs one look-up in a table
+// of 256 KB. That is some four million distances whatever the picture; a small one costs
+// less when each pixel searches the palette itself.
 class NearestEntries {
  public:
-  explicit NearestEntries(const Palette& palette) : cells_(64 * 64 * 64) {
+  NearestEntries(const Palette& palette, double pixels) : palette_(palette) {
     for (const Rgb& e : palette) {
       colours_.push_back(Lanes{std::int16_t(e.R), std::int16_t(e.G), std::int16_t(e.B), 0});
       packed_.push_back(std::uint32_t(e.R) | std::uint32_t(e.G) << 8 | std::uint32_t(e.B) << 16);
     }
+    if (pixels * double(palette.size()) < 4e6) return;
+    cells_.resize(64 * 64 * 64);
     constexpr int boxes = 256 / kBoxSide;
     InParts(boxes * boxes * boxes, Cores(), [&](int first, int last) {
-      for (int box = first; box < last; ++box) FillBox(palette, box / (boxes * boxes) * kBoxSide, box / boxes % boxes * kBoxSide, box % boxes * kBoxSide);
+      for (int box = first; box < last; ++box) FillBox(box / (boxes * boxes) * kBoxSide, box / boxes % boxes * kBoxSide, box % boxes * kBoxSide);
     });
   }
 
-  // What the diffusion holds in registers while it looks entries up.
-  struct View {
+  // How a pixel finds its entry's number, from a colour packed as red | green << 8 | blue << 16.
+  struct FromTable {
     const std::uint8_t* Cells;
-    const Lanes* Colours;  // an entry's channels side by side
-    const std::uint32_t* Packed;  // red | green << 8 | blue << 16
-
-    // The number of the entry nearest to a colour packed as red | green << 8 | blue << 16.
     [[gnu::always_inline]] unsigned operator()(std::uint32_t colour) const {
       return Cells[(colour >> 2 & 0x3F) | (colour >> 4 & 0xFC0) | (colour >> 6 & 0x3F000)];
     }
   };
+  struct BySearch {
+    const NearestEntries* Owner;
+    [[gnu::always_inline]] unsigned operator()(std::uint32_t colour) const { return Owner->Search(colour); }
+  };
 
-  View Look() const { return {cells_.data(), colours_.data(), packed_.data()}; }
+  // What the diffusion holds in registers while it looks entries up.
+  template <typename Find>
+  struct View {
+    Find Nearest;
+    const Lanes* Colours;  // an entry's channels side by side
+    const std::uint32_t* Packed;  // red | green << 8 | blue << 16
+  };
+
+  // work(view) with the table, or with a search when there is none.
+  template <typename Work>
+  void WithView(const Work& work) const {
+    if (cells_.empty()) {
+      work(View<BySearch>{{this}, colours_.data(), packed_.data()});
+    } else {
+      work(View<FromTable>{{cells_.data()}, colours_.data(), packed_.data()});
+    }
+  }
+
+  // The entry nearest to the centre of the colour's cell, the first in the palette on a tie.
+  [[gnu::noinline]] unsigned Search(std::uint32_t colour) const {
+    const auto centre = [colour](int shift) { return int((colour >> shift & 0xFC) + kCellSide / 2); };
+    const int r = centre(0), g = centre(8), b = centre(16);
+    unsigned best = 0;
+    int least = INT32_MAX;
+    for (size_t i = 0; i < palette_.size(); ++i) {
+      const int distance = Distance(palette_[i].R - r, palette_[i].G - g, palette_[i].B - b);
+      if (distance < least) {
+        least = distance;
+        best = unsigned(i);
+      }
+    }
+    return best;
+  }
 
  private:
   using Floats = float __attribute__((vector_size(16)));  // distances up to 585,225: exact
@@ -139,8 +175,8 @@ class NearestEntries {
   static constexpr int kAtOnce = 4, kGroups = kCellsAcross / kAtOnce;
 
   // The cells of one box, a row of eight along blue at a time.
-  void FillBox(const Palette& palette, int r, int g, int b) {
-    const std::vector<std::uint16_t> candidates = Candidates(palette, r, g, b);
+  void FillBox(int r, int g, int b) {
+    const std::vector<std::uint16_t> candidates = Candidates(palette_, r, g, b);
     Floats blues[kGroups];
     for (int k = 0; k < kCellsAcross; ++k) blues[k / kAtOnce][k % kAtOnce] = float(b + kCellSide * k + kCellSide / 2);
     for (int red = r + kCellSide / 2; red < r + kBoxSide; red += kCellSide) {
@@ -149,7 +185,7 @@ class NearestEntries {
         Numbers nearest[kGroups] = {};
         for (Floats& l : least) l = Floats{} + 1e9f;
         for (const std::uint16_t i : candidates) {
-          const Rgb& e = palette[i];
+          const Rgb& e = palette_[i];
           const float redGreen = float(Distance(e.R - red, e.G - green, 0));
           for (int group = 0; group < kGroups; ++group) {
             const Floats blue = float(e.B) - blues[group];
@@ -166,6 +202,7 @@ class NearestEntries {
     }
   }
 
+  const Palette& palette_;
   std::vector<std::uint8_t> cells_;
   std::vector<Lanes> colours_;
   std::vector<std::uint32_t> packed_;
@@ -182,7 +219,8 @@ struct Carry {
 
 // One pixel: `incoming` holds its sums from the row above, `below` the next row's at its
 // column (the column before it is written).
-[[gnu::always_inline]] inline void DiffusePixel(const NearestEntries::View& nearest, const unsigned char* __restrict in, unsigned char* __restrict out,
+template <typename Find>
+[[gnu::always_inline]] inline void DiffusePixel(const NearestEntries::View<Find>& view, const unsigned char* __restrict in, unsigned char* __restrict out,
                                                 const Lanes* __restrict incoming, Lanes* __restrict below, Carry& carry) {
   const Lanes source{in[0], in[1], in[2], 0};
   Lanes value = source + ((*incoming + carry.Right + 8) >> 4);
@@ -191,12 +229,12 @@ struct Carry {
   const LaneBytes bytes = __builtin_convertvector(value, LaneBytes);
   std::uint32_t colour;
   std::memcpy(&colour, &bytes, sizeof colour);
-  const unsigned entry = nearest(colour);
-  const std::uint32_t packed = nearest.Packed[entry];
+  const unsigned entry = view.Nearest(colour);
+  const std::uint32_t packed = view.Packed[entry];
   out[0] = static_cast<unsigned char>(packed);
   out[1] = static_cast<unsigned char>(packed >> 8);
   out[2] = static_cast<unsigned char>(packed >> 16);
-  const Lanes error = value - nearest.Colours[entry];
+  const Lanes error = value - view.Colours[entry];
   carry.Right = error * 7;
   below[-1] = carry.Below + error * 3;  // the column before this one: complete now
   carry.Below = carry.After + error * 5;
@@ -208,7 +246,8 @@ struct Carry {
 // the four chains of dependent steps overlap in the processor (two left it waiting).
 constexpr int kRowsTogether = 4;
 
-void DiffuseRows(const unsigned char* in, unsigned char* out, int width, int rows, const NearestEntries::View nearest) {
+template <typename Find>
+void DiffuseRows(const unsigned char* in, unsigned char* out, int width, int rows, const NearestEntries::View<Find> view) {
   const size_t rowSamples = static_cast<size_t>(width) * 3, sumColumns = static_cast<size_t>(width) + 1;
   // Each row's sums from the row above, a spare column before column 0: row k reads
   // sums[k] and writes sums[k + 1].
@@ -222,7 +261,7 @@ void DiffuseRows(const unsigned char* in, unsigned char* out, int width, int row
     std::array<Carry, kRowsTogether> carry{};
     const auto step = [&](int k, int x) {
       const size_t at = rowSamples * size_t(k) + size_t(x) * 3;
-      DiffusePixel(nearest, groupIn + at, groupOut + at, sums[size_t(k)] + x, sums[size_t(k) + 1] + x, carry[size_t(k)]);
+      DiffusePixel(view, groupIn + at, groupOut + at, sums[size_t(k)] + x, sums[size_t(k) + 1] + x, carry[size_t(k)]);
     };
     // Where rows start or end; a row's last open sums are stored as it ends, for the row below.
     const auto edge = [&](int x) {
@@ -251,11 +290,12 @@ vips::VImage Diffused(const vips::VImage& rgb, const Palette& palette) {
   auto* out = static_cast<unsigned char*>(AllocatePixels(rowSamples * static_cast<size_t>(height)));
   if (!out) throw std::bad_alloc();
   const auto* in = static_cast<const unsigned char*>(rgb.data());
-  NearestEntries nearest(palette);
-  const NearestEntries::View look = nearest.Look();
-  InParts(height, std::min(Cores(), std::max(1, height / 64)), [&](int first, int last) {
-    const size_t offset = rowSamples * static_cast<size_t>(first);
-    DiffuseRows(in + offset, out + offset, width, last - first, look);
+  const NearestEntries nearest(palette, double(width) * height);
+  nearest.WithView([&](const auto view) {
+    InParts(height, std::min(Cores(), std::max(1, height / 64)), [&](int first, int last) {
+      const size_t offset = rowSamples * static_cast<size_t>(first);
+      DiffuseRows(in + offset, out + offset, width, last - first, view);
+    });
   });
   return vips::VImage::new_from_memory_steal(out, rowSamples * static_cast<size_t>(height), width, height, 3,
                                              VIPS_FORMAT_UCHAR);
