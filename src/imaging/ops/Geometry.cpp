@@ -56,11 +56,7 @@ void TurnInBands(const Turn& turn, const cv::Mat& from, cv::Mat& to, const cv::S
   cv::parallel_for_(cv::Range(0, (height + kBandRows - 1) / kBandRows), [&](const cv::Range& bands) {
     for (int band = bands.start; band < bands.end; ++band) {
       const int top = band * kBandRows, bottom = std::min(height, top + kBandRows);
-      detail::ColumnSpan span{width, 0};
-      for (int y = top; y < bottom; ++y) {
-        const detail::ColumnSpan row = turn.Covered(y);
-        if (row.First < row.Last) span = {std::min(span.First, row.First), std::max(span.Last, row.Last)};
-      }
+      const detail::ColumnSpan span = detail::BandSpan(top, bottom, width, [&turn](int y) { return turn.Covered(y); });
       cv::Mat rows = to.rowRange(top, bottom);
       if (span.First >= span.Last) {
         rows.setTo(white);

@@ -33,6 +33,18 @@ struct ColumnSpan {
   int First, Last;
 };
 
+// The columns of rows [top, bottom) that `span(y)` names for any of them, within [0, width);
+// First >= Last when it names none.
+template <typename RowSpan>
+ColumnSpan BandSpan(int top, int bottom, int width, const RowSpan& span) {
+  ColumnSpan band{width, 0};
+  for (int y = top; y < bottom; ++y) {
+    const ColumnSpan row = span(y);
+    if (row.First < row.Last) band = {std::min(band.First, std::max(0, row.First)), std::max(band.Last, std::min(width, row.Last))};
+  }
+  return band;
+}
+
 // The picture resampled where `source(x, y)` says each result pixel comes from. The map is
 // worked out a band of rows at a time on every core and handed to cv::remap: no map of the
 // whole picture is ever held. `changed(y)`, when given, bounds the columns the map moves in
@@ -49,12 +61,7 @@ vips::VImage Remapped(const vips::VImage& picture, const Source& source, int int
         const int top = band * kBandRows, rows = std::min(kBandRows, height - top);
         ColumnSpan span{0, width};
         if constexpr (!std::is_same_v<Changed, std::nullptr_t>) {
-          span = {width, 0};
-          for (int row = top; row < top + rows; ++row) {
-            const ColumnSpan moved = changed(row);
-            if (moved.First >= moved.Last) continue;  // a row the map leaves alone
-            span = {std::min(span.First, std::max(0, moved.First)), std::max(span.Last, std::min(width, moved.Last))};
-          }
+          span = BandSpan(top, top + rows, width, changed);
           if (span.First > 0 || span.Last < width) from.rowRange(top, top + rows).copyTo(to.rowRange(top, top + rows));
           if (span.First >= span.Last) continue;
         }
