@@ -7,9 +7,11 @@
 #include <QElapsedTimer>
 #include <QFileInfo>
 
+#include <malloc.h>
+#include <unistd.h>
+
 #include <csignal>
 #include <cstdio>
-#include <unistd.h>
 
 namespace cli {
 
@@ -63,6 +65,14 @@ std::atomic_bool stopRequested{false};
 
 extern "C" void StopOnInterrupt(int) { stopRequested = true; }
 
+// Each file frees its pictures just before the next asks for the same sizes again. Kept in
+// the process, that memory is not handed back to the kernel and faulted in anew, page by
+// page, for every file: about 4 % of a batch of photos, and the process ends soon anyway.
+void KeepFreedMemory() {
+  mallopt(M_MMAP_THRESHOLD, 32 << 20);
+  mallopt(M_TRIM_THRESHOLD, 512 << 20);
+}
+
 // The skipped and failed files on standard error, the summary on standard output.
 void Report(const std::vector<edit::PlannedFile>& plan, const edit::BatchReport& report) {
   const QStringList lines = edit::ReportLines(plan, report);
@@ -94,6 +104,7 @@ int ConvertMany(const QStringList& words) {
   }
   const std::vector<edit::PlannedFile> plan = edit::PlanBatch(read.Order);
   std::signal(SIGINT, StopOnInterrupt);
+  KeepFreedMemory();
   const bool terminal = isatty(fileno(stderr)) != 0;
   QElapsedTimer clock;
   clock.start();
